@@ -1,0 +1,21 @@
+# One place for what every target is compiled with.
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+set(SANITIZE "" CACHE STRING "Sanitizers to build with, for instance address,undefined")
+option(WARNINGS_ARE_ERRORS "Stop the build at the first warning" OFF)
+
+if(MSVC)
+  add_compile_options(/utf-8 /W4 $<$<BOOL:${WARNINGS_ARE_ERRORS}>:/WX>)
+else()
+  # -ffp-contract=off: windows are sized in 32-bit reals; a fused multiply-add
+  # would change their last decimal from one machine to the next.
+  add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
+    $<$<BOOL:${WARNINGS_ARE_ERRORS}>:-Werror>)
+  if(SANITIZE)
+    add_compile_options(-fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=${SANITIZE})
+  endif()
+endif()

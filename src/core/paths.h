@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// Limits of a path, in bytes with a closing NUL: the paths of a run, and the paths of Error.log
+/// and defectos.inp that are put together from a folder and a name.
+inline constexpr std::size_t kPathCapacity = 3000;
+inline constexpr std::size_t kComposedPathCapacity = 2000;
+
+/// Ends the run when `path` does not fit into `capacity` bytes.
+void requirePathWithin(std::string_view path, std::size_t capacity);
+
+/// The folder of `path`: everything up to and including the last "/" or "\", or a drive's colon
+/// ("C:casa.bdl"); empty when there is none.
+std::string folderOf(std::string_view path);
+
+/// Whether `path` names something that can be read as a file; a folder is no file.
+bool fileExists(const std::string& path);

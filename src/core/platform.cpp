@@ -1,0 +1,3 @@
+#include "core/platform.h"
+
+TApplication* Application = nullptr;

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+class Global2;
+
+/// The one way to fail. Nothing is returned upwards and nothing is caught: the first check whose
+/// outcome is false shows its message and ends the process with kExitError.
+
+inline constexpr int kExitError = 3;
+inline constexpr std::string_view kErrorCaption = "Se ha producido un error";
+
+/// The error-log channel of the run, the `Global2` opened on Error.log. Null before the run driver
+/// has created it and after it has deleted it; checks that fail then only show their message.
+extern Global2* ErrorLog;
+
+/// Returns when `ok`. Otherwise shows `message` in a modal box, writes it to the log when the
+/// log's `tipoEdificio` is "OBJETO" (which no run sets, so Error.log stays empty), closes the log
+/// and ends the process.
+void ReportError(Global2* log, bool ok, std::string_view message);
+
+/// ReportError with a false outcome, for a message that is only built once the check has failed.
+[[noreturn]] void ReportFailure(Global2* log, std::string_view message);
+
+/// "Error en el fichero <name>, línea <line>: <what>", the form of the messages about an input
+/// that breaks a limit or is malformed. Lines count from 1; 0 leaves the line out.
+std::string errorInFile(std::string_view name, long line, std::string_view what);
+
+/// The `Error` unit's singleton. Its value is 0 and stays so; the run driver creates and releases
+/// it because the unit's life is part of a run.
+class ErrorObject {
+ public:
+  static ErrorObject& Instance();
+  static void Release();
+  int value = 0;
+
+ private:
+  ErrorObject() = default;
+};

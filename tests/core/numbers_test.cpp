@@ -1,0 +1,93 @@
+#include "core/numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <random>
+#include <string>
+
+namespace {
+
+/// The process is in the "C" locale, so the platform's sscanf is the measure.
+void expectAsSscanf(const std::string& text) {
+  SCOPED_TRACE(text);
+  int used = 0;
+  float expectedReal = -7;
+  const bool realRead = std::sscanf(text.c_str(), "%f%n", &expectedReal, &used) == 1;
+  std::string_view rest = text;
+  float real = -7;
+  ASSERT_EQ(realRead, scanReal(rest, real));
+  EXPECT_TRUE(real == expectedReal || (std::isnan(real) && std::isnan(expectedReal)))
+      << real << " instead of " << expectedReal;
+  EXPECT_EQ(std::signbit(expectedReal), std::signbit(real));
+  if (realRead) {
+    EXPECT_EQ(text.size() - static_cast<std::size_t>(used), rest.size());
+  }
+
+  int expectedInteger = -7;
+  const bool integerRead = std::sscanf(text.c_str(), "%d%n", &expectedInteger, &used) == 1;
+  rest = text;
+  int integer = -7;
+  ASSERT_EQ(integerRead, scanInteger(rest, integer));
+  EXPECT_EQ(expectedInteger, integer);
+  if (integerRead) {
+    EXPECT_EQ(text.size() - static_cast<std::size_t>(used), rest.size());
+  }
+}
+
+}  // namespace
+
+TEST(Numbers, AreReadAsSscanfReadsThem) {
+  for (const char* text :
+       {"", " ", "1", "-1", "+1", "- 1", "+-1", "\t\n\v\f\r 12 13", "1.5abc", ".5", "5.", ".", "-.",
+        "1e3", "1e", "1e+", "1e+ 2", "1E-3x", "1e5.5", "0x10", "0x", "-0x", "0x.8p1", "0xg", "0x.",
+        "0x1p", "0x1p+", "inf", "-INF", "infinity", "infinit", "infx", "nan", "NaN(12)", "na",
+        "12,5", "1..2", "--1", "abc", "1e39", "-1e39", "1e-50", "-1e-50", "1e99999999999",
+        "1e-99999999999", "0x1p200", "-0x1p-200", "0e999", "0x0p999", "0.8e-45", "0.7e-45",
+        "0.00000000000000000000000000000000000000000000000000000000001e70",
+        "100000000000000000000000000000000000000000000000000000000000e-70",
+        "16777217", "3.4028235e38", "3.4028236e38", "2147483647", "2147483648", "-2147483649",
+        "4294967297", "9223372036854775807", "9223372036854775808", "-9223372036854775808",
+        "-9223372036854775809", "99999999999999999999999999"}) {
+    expectAsSscanf(text);
+  }
+}
+
+TEST(Numbers, AreReadAsSscanfReadsThemInRandomTexts) {
+  std::mt19937 random(20240607);
+  const std::string alphabets[] = {"0123456789+-.eExXpPinfatyINFNAN( ,a\t", "0123456789.e-+",
+                                   "0x123abf.p-+"};
+  for (int round = 0; round < 200000 && !testing::Test::HasFailure(); ++round) {
+    const std::string& alphabet = alphabets[random() % 3];
+    std::string text(random() % 14, ' ');
+    for (char& c : text) c = alphabet[random() % alphabet.size()];
+    if (random() % 4 == 0) text = "0x" + text;
+    expectAsSscanf(text);
+  }
+}
+
+TEST(Numbers, FailureChangesNeitherTextNorValue) {
+  std::string_view text = "  abc";
+  float real = 2;
+  int integer = 2;
+  EXPECT_FALSE(scanReal(text, real));
+  EXPECT_FALSE(scanInteger(text, integer));
+  EXPECT_EQ("  abc", text);
+  EXPECT_EQ(2, real);
+  EXPECT_EQ(2, integer);
+}
+
+TEST(Numbers, AreWrittenAsPrintfWritesThem) {
+  for (double value : {0.0, -0.0, 1.0, -1.5, 0.1, 1e-9, 0.0000005, 2.5e-7, 123456789.123456789,
+                       static_cast<double>(std::numeric_limits<float>::max()),
+                       static_cast<double>(std::numeric_limits<float>::denorm_min()),
+                       std::numeric_limits<double>::max()}) {
+    char expected[400];
+    std::snprintf(expected, sizeof expected, "%f", value);
+    EXPECT_EQ(expected, formatReal(value));
+  }
+  EXPECT_EQ("-0.000000", formatReal(-0.0F));
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+/// How a program ended and what it said.
+struct ProgramResult {
+  int status = -1;  // exit status; 128 + the signal's number when it was killed
+  std::string out;
+  std::string err;
+};
+
+struct ProgramOptions {
+  std::string folder;                              // working folder; empty: this process's
+  std::map<std::string, std::string> environment;  // added to, or in place of, this process's
+  bool errorOnTerminal = false;                    // standard error is a terminal of its own
+  bool errorClosed = false;                        // standard error is closed
+};
+
+/// Runs `program` with `arguments` to its end.
+ProgramResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
+                         const ProgramOptions& options = {});
