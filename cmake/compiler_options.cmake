@@ -4,6 +4,10 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+include(CheckPIESupported)
+check_pie_supported()
+
 set(SANITIZE "" CACHE STRING "Sanitizers to build with, for instance address,undefined")
 option(WARNINGS_ARE_ERRORS "Stop the build at the first warning" OFF)
 
@@ -14,6 +18,9 @@ else()
   # would change their last decimal from one machine to the next.
   add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
     $<$<BOOL:${WARNINGS_ARE_ERRORS}>:-Werror>)
+  # Hardening: inputs come from anywhere, and the programs run on servers.
+  add_compile_options(-fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+  add_link_options(-Wl,-z,relro,-z,now)
   if(SANITIZE)
     add_compile_options(-fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${SANITIZE})

@@ -35,7 +35,10 @@ fichero::fichero(std::string name, std::string_view mode)
     if (!stream_) ReportFailure(ErrorLog, concat("Error al abrir fichero de escritura: ", name_));
   } else if (mode == "lectura") {
     reading_ = true;
-    stream_.reset(std::fopen(name_.c_str(), "r"));
+    // A pipe may keep its reader waiting for ever, and gives its text once where some read twice.
+    std::error_code unknown;
+    const bool isPipe = std::filesystem::is_fifo(name_, unknown);
+    if (!isPipe) stream_.reset(std::fopen(name_.c_str(), "r"));
     if (!stream_) failReading("Error al abrir fichero de lectura: ", name_);
     readWhole();
   } else {

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -124,6 +126,30 @@ TEST_F(FicheroErrors, ANulByteIsReportedWithItsLine) {
     EXPECT_EQ("Error en el fichero " + path + ", línea " + c.line + ": contiene un carácter nulo",
               openedIn(path, "lectura"));
   }
+}
+
+TEST_F(FicheroErrors, ANulByteIsFoundFarBehindTheStart) {
+  const std::string lines(100000, '\n');
+  for (const std::size_t at : {65535U, 65536U, 65537U, 99999U}) {
+    std::string bytes = lines;
+    bytes[at] = '\0';
+    const std::string path = folder_.write("casa.bdl", bytes);
+    EXPECT_EQ("Error en el fichero " + path + ", línea " + std::to_string(at + 1) +
+                  ": contiene un carácter nulo",
+              openedIn(path, "lectura"));
+  }
+}
+
+TEST_F(FicheroErrors, AnEndlessDeviceIsNotReadForEver) {
+  if (!std::filesystem::exists("/dev/zero")) GTEST_SKIP() << "no /dev/zero here";
+  EXPECT_EQ("Error en el fichero /dev/zero, línea 1: contiene un carácter nulo",
+            openedIn("/dev/zero", "lectura"));
+}
+
+TEST_F(FicheroErrors, APipeIsNotWaitedFor) {
+  const std::string path = folder_ / "tuberia.bdl";
+  ASSERT_EQ(0, mkfifo(path.c_str(), 0600));
+  EXPECT_EQ("Error al abrir fichero de lectura: " + path, openedIn(path, "lectura"));
 }
 
 TEST_F(FicheroErrors, NamesAreShownAsUtf8OrWindows1252) {

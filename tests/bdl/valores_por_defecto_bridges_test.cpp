@@ -1,0 +1,160 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bdl/valores_por_defecto.h"
+#include "support/recording_application.h"
+#include "support/temporary_folder.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+using V = ValoresPorDefecto;
+using Puente = V::PuenteTermico;
+
+std::vector<Puente> bridges(std::string_view text) {
+  const TemporaryFolder folder;
+  return V(folder.write("defectos.inp", text)).puentes;
+}
+
+/// The one bridge of a library.
+Puente bridge(std::string_view text) {
+  const std::vector<Puente> all = bridges(text);
+  EXPECT_EQ(1U, all.size());
+  return all.empty() ? Puente{} : all.front();
+}
+
+std::vector<std::string> namesOf(const std::vector<Puente>& all) {
+  std::vector<std::string> names;
+  for (const Puente& puente : all) names.push_back(puente.nombre);
+  return names;
+}
+
+std::string stopIn(std::string_view text) {
+  const TemporaryFolder folder;
+  const std::string path = folder.write("defectos.inp", text);
+  std::string message = stopMessage([&] { V values(path); });
+  const std::string file = "Error en el fichero " + path + ": ";
+  if (message.starts_with(file)) message.replace(0, file.size(), "(file): ");
+  return message;
+}
+
+}  // namespace
+
+TEST(ThermalBridges, ALibraryMayHaveNone) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(0, V(folder.write("defectos.inp", "\nx")).numPuentes());
+}
+
+TEST(ThermalBridges, AreListedInFileOrderWithTheirNamesInQuotes) {
+  const TemporaryFolder folder;
+  const V values(folder.write("defectos.inp",
+                              "\n\"Pilar\" = THERMAL-BRIDGE ..\n\"M\" = WALL .."
+                              "\n\"Frente de forjado\" = THERMAL-BRIDGE ..\n"));
+  EXPECT_EQ(2, values.numPuentes());
+  EXPECT_THAT(namesOf(values.puentes), ElementsAre("\"Pilar\"", "\"Frente de forjado\""));
+}
+
+TEST(ThermalBridges, ReadTheirKeywords) {
+  const Puente puente = bridge(
+      "\n\"Pilar\" = THERMAL-BRIDGE\nTTL = 0.35\nANGLE-MIN = 80\nANGLE-MAX = 100.5"
+      "\nTYPE = STEEL\nPARTITION = YES\n..");
+  EXPECT_EQ(0.35F, puente.TTL);
+  EXPECT_EQ(80.0F, puente.ANGLE_MIN);
+  EXPECT_EQ(100.5F, puente.ANGLE_MAX);
+  EXPECT_EQ("STEEL", puente.TYPE);
+  EXPECT_EQ("YES", puente.PARTITION);
+}
+
+TEST(ThermalBridges, AbsentKeywordsHaveTheirDefaults) {
+  const Puente puente = bridge("\n\"Pilar\" = THERMAL-BRIDGE ..");
+  EXPECT_EQ(0.0F, puente.TTL);
+  EXPECT_EQ(0.0F, puente.ANGLE_MIN);
+  EXPECT_EQ(0.0F, puente.ANGLE_MAX);
+  EXPECT_EQ("MASONRY", puente.TYPE);
+  EXPECT_EQ("BOTH", puente.PARTITION);
+}
+
+TEST(ThermalBridges, TakeWhatTheyLackFromTheDefaultsOfTheirType) {
+  const std::vector<Puente> all = bridges(
+      "\n\"P1\" = THERMAL-BRIDGE TYPE = STEEL ..\n\"P2\" = THERMAL-BRIDGE .."
+      "\nSET-DEFAULT FOR THERMAL-BRIDGE TTL = 0.1 TYPE = WOOD PARTITION = NO ..");
+  ASSERT_EQ(2U, all.size());
+  EXPECT_EQ("STEEL", all[0].TYPE);
+  EXPECT_EQ("NO", all[0].PARTITION);
+  EXPECT_EQ(0.1F, all[0].TTL);
+  EXPECT_EQ("WOOD", all[1].TYPE);
+}
+
+TEST(ThermalBridges, TakeNothingFromEachOther) {
+  const std::vector<Puente> all =
+      bridges("\n\"P1\" = THERMAL-BRIDGE ..\n\"P2\" = THERMAL-BRIDGE TTL = 0.2 ..");
+  ASSERT_EQ(2U, all.size());
+  EXPECT_EQ(0.0F, all[0].TTL);
+  EXPECT_EQ(0.2F, all[1].TTL);
+}
+
+TEST(ThermalBridges, AValueThatIsNotANumberLeavesTheDefault) {
+  const Puente puente = bridge("\n\"P\" = THERMAL-BRIDGE TTL = a ANGLE-MIN = b ANGLE-MAX = c ..");
+  EXPECT_EQ(0.0F, puente.TTL);
+  EXPECT_EQ(0.0F, puente.ANGLE_MIN);
+  EXPECT_EQ(0.0F, puente.ANGLE_MAX);
+}
+
+TEST(ThermalBridges, KeywordsAreSearchedWithABlankAndTheEqualsSign) {
+  const Puente puente =
+      bridge("\n\"P\" = THERMAL-BRIDGE TTL= 1 ANGLE-MIN= 2 ANGLE-MAX= 3 TYPE= A PARTITION= B ..");
+  EXPECT_EQ(0.0F, puente.TTL);
+  EXPECT_EQ(0.0F, puente.ANGLE_MIN);
+  EXPECT_EQ(0.0F, puente.ANGLE_MAX);
+  EXPECT_EQ("MASONRY", puente.TYPE);
+  EXPECT_EQ("BOTH", puente.PARTITION);
+}
+
+TEST(ThermalBridges, AKeywordIsFoundAtTheEndOfALongerOne) {
+  EXPECT_EQ("A", bridge("\n\"P\" = THERMAL-BRIDGE SUBTYPE = A TYPE = B ..").TYPE);
+  EXPECT_EQ("A", bridge("\n\"P\" = THERMAL-BRIDGE X-PARTITION = A PARTITION = B ..").PARTITION);
+}
+
+TEST(ThermalBridges, TypesThatBeginWithTheWordCountToo) {
+  EXPECT_THAT(namesOf(bridges("\n\"P1\" = THERMAL-BRIDGE-2D ..\n\"P2\" = THERMAL-BRIDGE ..")),
+              ElementsAre("\"P1\"", "\"P2\""));
+}
+
+TEST(ThermalBridges, TwoOfOneNameAreTheFirstTwice) {
+  const std::vector<Puente> all =
+      bridges("\n\"P\" = THERMAL-BRIDGE TTL = 0.1 ..\n\"P\" = THERMAL-BRIDGE TTL = 0.2 ..");
+  ASSERT_EQ(2U, all.size());
+  EXPECT_EQ(0.1F, all[1].TTL);
+}
+
+TEST(ThermalBridges, ABridgeThatItsLabelDoesNotFindEndsTheRun) {
+  EXPECT_EQ("No se encuentra: \"P\"", stopIn("\"P\" = THERMAL-BRIDGE .."));
+  EXPECT_EQ("No se encuentra: \"P = 1\"", stopIn("\n\"P = 1\" = THERMAL-BRIDGE .."));
+}
+
+TEST(ThermalBridges, ABridgeWithoutClosingDotsEndsTheRun) {
+  EXPECT_EQ("(file): THERMAL-BRIDGE: falta el cierre \"..\"",
+            stopIn("\n\"P\" = THERMAL-BRIDGE TTL = 0.1"));
+}
+
+TEST(ThermalBridges, TheirTextsHaveLessThan200Bytes) {
+  const std::string longest(199, 'x');
+  EXPECT_EQ(longest, bridge("\n\"P\" = THERMAL-BRIDGE TYPE = " + longest + " ..").TYPE);
+  EXPECT_EQ(longest, bridge("\n\"P\" = THERMAL-BRIDGE PARTITION = " + longest + " ..").PARTITION);
+  EXPECT_EQ("(file): TYPE =: el valor es demasiado largo",
+            stopIn("\n\"P\" = THERMAL-BRIDGE TYPE = " + longest + "x .."));
+  EXPECT_EQ("(file): PARTITION =: el valor es demasiado largo",
+            stopIn("\n\"P\" = THERMAL-BRIDGE PARTITION = " + longest + "x .."));
+}
+
+TEST(ThermalBridges, TheirNamesHaveLessThan200BytesWithTheirQuotes) {
+  const std::string longest(197, 'x');
+  EXPECT_EQ('"' + longest + '"', bridge("\n\"" + longest + "\" = THERMAL-BRIDGE ..").nombre);
+  EXPECT_EQ("(file): THERMAL-BRIDGE: el nombre de un comando es demasiado largo",
+            stopIn("\n\"" + longest + "x\" = THERMAL-BRIDGE .."));
+}
