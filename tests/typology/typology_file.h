@@ -1,0 +1,106 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "support/recording_application.h"
+#include "support/temporary_folder.h"
+#include "typology/typology_record.h"
+
+/// A typology file with a VIVIENDA command that passes every check, to be changed for a test:
+/// TypologyFile().with("TIPO", "5").without("ATICO").record().
+class TypologyFile {
+ public:
+  /// Gives `keyword` another value; one that the file lacks is added at the end.
+  TypologyFile& with(std::string_view keyword, std::string_view value) {
+    for (auto& line : lines_) {
+      if (line.first == keyword) {
+        line.second = value;
+        return *this;
+      }
+    }
+    lines_.emplace_back(keyword, value);
+    return *this;
+  }
+  TypologyFile& without(std::string_view keyword) {
+    std::erase_if(lines_, [&](const auto& line) { return line.first == keyword; });
+    return *this;
+  }
+  /// Sets `text` before or behind the VIVIENDA command.
+  TypologyFile& before(std::string_view text) {
+    before_ = text;
+    return *this;
+  }
+  TypologyFile& behind(std::string_view text) {
+    behind_ = text;
+    return *this;
+  }
+  TypologyFile& lineEnd(std::string_view text) {
+    lineEnd_ = text;
+    return *this;
+  }
+  TypologyFile& equals(std::string_view text) {
+    equals_ = text;
+    return *this;
+  }
+
+  std::string text() const {
+    std::string text = before_ + "\"C\" = VIVIENDA" + lineEnd_;
+    for (const auto& [keyword, value] : lines_) text += keyword + equals_ + value + lineEnd_;
+    return text + ".." + lineEnd_ + behind_;
+  }
+
+  TypologyRecord record() const {
+    const TemporaryFolder folder;
+    return TypologyRecord(folder.write("casa.tip", text()));
+  }
+
+  /// The message that reading the file ends with; a fault that names the file has "casa.tip" for
+  /// its path.
+  std::string stop() const { return stopOf(text()); }
+
+  static std::string stopOf(std::string_view text) {
+    const TemporaryFolder folder;
+    const std::string path = folder.write("casa.tip", text);
+    std::string message = stopMessage([&] { TypologyRecord record(path); });
+    if (const std::size_t at = message.find(path); at != std::string::npos) {
+      message.replace(at, path.size(), "casa.tip");
+    }
+    return message;
+  }
+
+ private:
+  std::string before_ = "\n";
+  std::string behind_;
+  std::string lineEnd_ = "\n";
+  std::string equals_ = " = ";
+  std::vector<std::pair<std::string, std::string>> lines_ = {
+      {"TIPO", "1"},
+      {"NUMERO-PLANTAS", "1"},
+      {"ALTURA-PLANTA", "2.8"},
+      {"AREA-PLANTA", "110.5"},
+      {"AREA-PATIO", "12.25"},
+      {"AREA-ESCALERA", "9.5"},
+      {"LONGITUD-FACHADA", "11.2"},
+      {"PROFUNDIDAD-PATIO", "3.4"},
+      {"PROFUNDIDAD-ESCALERA", "4.6"},
+      {"CUBIERTA", "PLANA"},
+      {"ATICO", "NO"},
+      {"SOTANO", "NO"},
+      {"PORCENTAJE-FACHADA", "( 22, 12.5, 10, 14 )"},
+      {"PORCENTAJE-PATIO", "( 1, 2.5, 3, 4 )"},
+      {"ORIENTACION", "90.0"},
+      {"MUROS-FACHADA", "\"Muro exterior\""},
+      {"PARTICION-INTERIOR-VERTICAL", "\"Tabique\""},
+      {"MEDIANERA", "\"Medianera 1\""},
+      {"SUELOS", "\"Solera\""},
+      {"PARTICION-INTERIOR-HORIZONTAL", "\"Forjado\""},
+      {"CUBIERTAS", "\"Cubierta plana\""},
+      {"VENTANA-VIDRIO", "\"Doble 4-12-4\""},
+      {"VENTANA-MARCO", "\"PVC\""},
+      {"VENTANA-SOMBRA", "\"Voladizo\""},
+      {"AIR-CHANGES/HR", "0.63"},
+  };
+};
