@@ -1,0 +1,45 @@
+#pragma once
+
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+/// A template line split at its first "=", both sides without leading and trailing blanks. Without
+/// a "=" the whole line is the key and the value is empty. Views into the line.
+struct Assignment {
+  std::string_view key;
+  std::string_view value;
+};
+
+Assignment splitAssignment(std::string_view line);
+
+/// `text` without leading and trailing blanks; only the space counts as one, not the tab.
+std::string_view trimBlanks(std::string_view text);
+
+/// What a template line matched.
+struct LineMatch {
+  int index = -1;    // of the name in its list
+  float width = 0;   // the value of a line whose key is WIDTH, else 0
+  float height = 0;  // the same for HEIGHT
+};
+
+/// An ordered list of names that template lines are looked up in. A name matches a line when,
+/// trimmed, it equals the line's key or the line's value (exactly, upper and lower case apart);
+/// the earliest such name of the list counts. A look-up costs the same however long the list is.
+class NameList {
+ public:
+  /// Keeps views: the texts of `names` must live as long as the list.
+  explicit NameList(std::span<const std::string_view> names);
+
+  /// Index of the earliest name that equals the key or the value; -1 when none does.
+  int matchKey(const Assignment& line) const;
+
+ private:
+  int indexOf(std::string_view text) const;
+  std::unordered_map<std::string_view, int> earliest_;
+};
+
+/// Looks `line` up among `names`; true with `match` filled when one matches, else false with
+/// `match` as it was.
+bool findKey(std::string_view line, const NameList& names, LineMatch& match);

@@ -1,0 +1,29 @@
+#include "generator/polygon_emitter.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/concat.h"
+#include "generator/generator_context.h"
+
+void emitPolygon(GeneratorContext& context, std::span<const Vertex> vertices) {
+  context.copyUntilCommand("POLYGON");
+  context.writeLine(context.currentLine());
+
+  std::vector<std::string> keys;
+  for (std::size_t k = 1; k <= vertices.size(); ++k) keys.push_back(concat("V", std::to_string(k)));
+  std::vector<std::string_view> nameViews(keys.begin(), keys.end());
+  nameViews.push_back("..");
+  const NameList names(nameViews);
+  const int end = static_cast<int>(vertices.size());
+
+  LineMatch match;
+  while (context.findNextKey(names, match) && match.index != end) {
+  }
+  for (std::size_t k = 0; k < vertices.size(); ++k) {
+    context.writeLine(concat(keys[k], " = ( ", context.formatFinite(keys[k], vertices[k].x), " , ",
+                             context.formatFinite(keys[k], vertices[k].y), " )"));
+  }
+  context.writeLine("..");
+}

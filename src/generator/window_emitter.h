@@ -1,0 +1,23 @@
+#pragma once
+
+class GeneratorContext;
+
+/// Size and place of a window in its bay, m.
+struct WindowSize {
+  float x = 0;
+  float y = 0;
+  float width = 0;
+  float height = 0;
+};
+
+/// Sizes a window of `percentage` % of a bay of `bayArea` m2 and one storey's height. A window
+/// keeps `templateHeight` from 3 m on and else takes 1.2 m; one too wide for its bay is as wide as
+/// the bay and grows in height, up to the storey, where it loses area. Computed in 32-bit reals
+/// throughout.
+WindowSize sizeWindow(float percentage, float bayArea, float templateHeight);
+
+/// Rewrites a WINDOW command, or removes it where its façade has no glazing. Called with the
+/// header in the current line. `surfaceIndex` is its row in the table; `courtyard` says that the
+/// window looks into the courtyard.
+/// Errors: a window in a roof or floor; a façade without bays.
+void emitWindow(GeneratorContext& context, int orientationClass, int surfaceIndex, bool courtyard);

@@ -1,0 +1,207 @@
+#include "generator/generator_context.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+
+#include "core/fichero.h"
+#include "generator/generator_fixture.h"
+#include "support/recording_application.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+NameList namesOf(const std::vector<std::string_view>& names) { return NameList(names); }
+
+}  // namespace
+
+TEST(GeneratorContext, TemplateBaseNameIsThePathWithoutFolderAndExtension) {
+  const struct {
+    const char* why;
+    const char* file;
+    const char* baseName;
+  } cases[] = {
+      {"an extension", "casa.bdl", "casa"},
+      {"cut at the last point", "casa.v2.bdl", "casa.v2"},
+      {"no point: kept whole", "casa", "casa"},
+      {"a folder of the other kind", "plantillas\\casa.bdl", "casa"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    const TemporaryFolder folder;
+    const GeneratorContext context(folder.write(c.file, ""), folder.write("t.tbl", kEmptyTable),
+                                   folder / "salida");
+    EXPECT_EQ(c.baseName, context.templateBaseName());
+  }
+}
+
+TEST(GeneratorContext, OutputIsEmptiedAtOnceAndWrittenAtTheEnd) {
+  const TemporaryFolder folder;
+  const std::string output = folder.write("salida.bdl", "de ayer");
+  {
+    GeneratorContext context(folder.write("a.bdl", ""), folder.write("a.tbl", kEmptyTable), output);
+    context.writeLine("una");
+    context.writeLine("");
+    EXPECT_EQ("", readFile(output));
+  }
+  EXPECT_EQ("una\n\n", readFile(output));
+}
+
+TEST(GeneratorContext, OutputMayBeTheTemplateItself) {
+  const TemporaryFolder folder;
+  const std::string path = folder.write("a.bdl", "uno\ndos");
+  {
+    GeneratorContext context(path, folder.write("a.tbl", kEmptyTable), path);
+    context.copyRest();
+  }
+  EXPECT_EQ("uno\ndos\n", readFile(path));
+}
+
+TEST(GeneratorContext, KeywordLineHasTwoBlanksBeforeAndOneBehind) {
+  GeneratorRun run({});
+  run.context().writeKeyword("GLASS-TYPE", "\"Vidrio\"");
+  run.context().writeKeyword("MULTIPLIER", 4);
+  run.context().writeKeyword("X", 2.8F);
+  EXPECT_THAT(run.finish(),
+              ElementsAre("  GLASS-TYPE = \"Vidrio\" ", "  MULTIPLIER = 4 ", "  X = 2.800000 "));
+}
+
+TEST(GeneratorContext, RealsAreWrittenWithSixDecimals) {
+  const struct {
+    const char* why;
+    float value;
+    const char* line;
+  } cases[] = {
+      {"widened to double, not shortened", 0.1F, "  X = 0.100000 "},
+      {"a 32-bit real shows its own value", 16777216.1F, "  X = 16777216.000000 "},
+      {"negative zero keeps its sign", -0.0F, "  X = -0.000000 "},
+      {"so does what rounds to it", -0.0000001F, "  X = -0.000000 "},
+      {"the halves of the sixth decimal go by the binary value", 1.0000005F, "  X = 1.000000 "},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    GeneratorRun run({});
+    run.context().writeKeyword("X", c.value);
+    EXPECT_THAT(run.finish(), ElementsAre(c.line));
+  }
+}
+
+TEST(FindNextKey, CopiesWhatDoesNotMatchAndStopsOnWhatDoes) {
+  GeneratorRun run({"a", "", "  B = 1", "c"});
+  LineMatch match;
+  EXPECT_TRUE(run.context().findNextKey(namesOf({"X", "B"}), match));
+  EXPECT_EQ(1, match.index);
+  EXPECT_EQ("  B = 1", run.context().currentLine());
+  EXPECT_THAT(run.finish(), ElementsAre("a", ""));
+}
+
+TEST(FindNextKey, IsFalseAtTheEndAndLeavesTheMatchAlone) {
+  GeneratorRun run({"a", "b"});
+  LineMatch match{.index = 7, .width = 0, .height = 0};
+  EXPECT_FALSE(run.context().findNextKey(namesOf({"X"}), match));
+  EXPECT_EQ(7, match.index);
+  EXPECT_THAT(run.finish(), ElementsAre("a", "b"));
+}
+
+TEST(CopyUntilCommand, StopsOnTheHeaderOfTheType) {
+  GeneratorRun run({"a = POLYGONS", "POLYGON", "POLYGON = b", "\"P\" =   POLYGON  ", "d"});
+  run.context().copyUntilCommand("POLYGON");
+  EXPECT_EQ("\"P\" =   POLYGON  ", run.context().currentLine());
+  EXPECT_THAT(run.finish(), ElementsAre("a = POLYGONS", "POLYGON", "POLYGON = b"));
+}
+
+TEST(CopyUntilCommand, EndsTheRunWhenThereIsNone) {
+  for (const char* type : {"BUILDING-SHADE", "BUILD-PARAMETERS", "POLYGON"}) {
+    GeneratorRun run({"a", "b"});
+    EXPECT_EQ(std::string("Error al generar el edificio. No se ha encontrado la clave: ") + type,
+              stopMessage([&] { run.context().copyUntilCommand(type); }));
+  }
+}
+
+TEST(SkipUntilKey, DropsTheLinesUpToAMatch) {
+  GeneratorRun run({"a", "..", "b"});
+  run.context().skipUntilKey(namesOf({".."}));
+  EXPECT_EQ("..", run.context().currentLine());
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(), ElementsAre("b"));
+}
+
+TEST(SkipUntilKey, StopsOnALineOfTenDashes) {
+  GeneratorRun run({"a", "---------", "$ ---------- $", "..", "b"});
+  run.context().skipUntilKey(namesOf({".."}));
+  EXPECT_EQ("$ ---------- $", run.context().currentLine());
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(), ElementsAre("..", "b"));
+}
+
+TEST(SkipUntilKey, EndsWithTheTemplate) {
+  GeneratorRun run({"a", "b"});
+  run.context().skipUntilKey(namesOf({".."}));
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(), ElementsAre());
+}
+
+TEST(CopyRest, CopiesEveryLineAsItIs) {
+  GeneratorRun run({"  a\t", "", "\xF1 = 1"});
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(), ElementsAre("  a\t", "", "\xF1 = 1"));
+}
+
+TEST(CopyRest, LastLineOfATemplateThatEndsInALineEndComesTwice) {
+  GeneratorRun run({"a", "b", ""});
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(), ElementsAre("a", "b", "b"));
+}
+
+TEST(CopyRest, CarriageReturnsOfTheTemplateAreLineEnds) {
+  GeneratorRun run({"a\r", "B = 1\r", "c"});
+  LineMatch match;
+  EXPECT_TRUE(run.context().findNextKey(namesOf({"1"}), match));
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(), ElementsAre("a", "c"));
+}
+
+TEST(TemplateLine, Of3000BytesIsTheLongest) {
+  const std::string longest(3000, 'x');
+  GeneratorRun run({longest, longest + "\r", "b"});
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(), ElementsAre(longest, longest, "b"));
+}
+
+TEST(TemplateLine, LongerThan3000BytesEndsTheRun) {
+  GeneratorRun run({"a", std::string(3001, 'x'), "b"});
+  EXPECT_EQ(
+      "Error en el fichero " + run.path("casa.bdl") + ", línea 2: la línea es demasiado larga",
+      stopMessage([&] { run.context().copyRest(); }));
+}
+
+TEST(RequireFiniteOutput, EndsTheRunWithTheFirstRealThatIsNotFinite) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  const struct {
+    const char* why;
+    float first;
+    const char* shown;
+  } cases[] = {
+      {"not a number", std::numeric_limits<float>::quiet_NaN(), "nan"},
+      {"infinity", kInfinity, "inf"},
+      {"minus infinity", -kInfinity, "-inf"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    GeneratorRun run({});
+    run.context().writeKeyword("AZIMUTH", 0.0F);
+    run.context().writeKeyword("X", c.first);
+    run.context().writeKeyword("Y", kInfinity);
+    EXPECT_EQ("Error en el fichero " + run.path("casa.tip") +
+                  ": el valor de X no es un número finito: " + c.shown,
+              stopMessage([&] { run.context().requireFiniteOutput(); }));
+  }
+}
+
+TEST(RequireFiniteOutput, LargestRealIsFinite) {
+  GeneratorRun run({});
+  run.context().writeKeyword("X", std::numeric_limits<float>::max());
+  EXPECT_EQ(kNotStopped, stopMessage([&] { run.context().requireFiniteOutput(); }));
+}

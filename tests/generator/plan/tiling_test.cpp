@@ -1,0 +1,228 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <functional>
+#include <random>
+
+#include "generator/plan/plan_fixture.h"
+
+// What holds for every plan of the families that cut a rectangle into dwellings and holes, shown on
+// many random ones. (The wings of the fifth family double back along their edges on purpose.)
+
+namespace {
+
+using Random = std::mt19937;
+
+float between(Random& random, double low, double high) {
+  return static_cast<float>(low + (high - low) * (static_cast<double>(random()) / 4294967296.0));
+}
+
+struct TiledFamily {
+  const char* name;
+  Family plan;
+  PlanData (*sample)(Random&);
+  /// The courtyards that the outlines leave open; empty where the last outline is the only hole.
+  std::vector<Outline> (*courtyards)(const PlanData&, float depth);
+};
+
+std::vector<Outline> noCourtyards(const PlanData&, float) { return {}; }
+
+/// Two courtyards of half the area each, centred on the front and back façades.
+std::vector<Outline> inFacades(const PlanData& data, float depth) {
+  const double half = data.areaPatio / (4.0 * data.profundidadPatio);
+  const double middle = data.longitudFachada / 2.0;
+  return {rectangle(middle - half, 0, middle + half, data.profundidadPatio),
+          rectangle(middle - half, depth - data.profundidadPatio, middle + half, depth)};
+}
+
+/// The same, centred on the side walls.
+std::vector<Outline> inSides(const PlanData& data, float depth) {
+  const double length = data.areaPatio / (2.0 * data.profundidadPatio);
+  const double low = (depth - data.profundidadPatio) / 2.0;
+  const double high = (depth + data.profundidadPatio) / 2.0;
+  return {rectangle(0, low, length, high),
+          rectangle(data.longitudFachada - length, low, data.longitudFachada, high)};
+}
+
+/// Numbers inside the limits of every family; most give a plan.
+PlanData sampleBlock(Random& random) {
+  PlanData data;
+  data.longitudFachada = between(random, 15, 60);
+  data.areaPlanta = data.longitudFachada * between(random, 8, 60);
+  data.areaPatio = between(random, 4, 0.4 * data.areaPlanta);
+  data.areaEscalera = between(random, 6, 0.25 * data.areaPlanta);
+  data.profundidadPatio = between(random, 2, 0.3 * data.areaPlanta / data.longitudFachada);
+  data.profundidadEscalera = between(random, 2, 0.6 * data.areaPlanta / data.longitudFachada);
+  return data;
+}
+
+PlanData sampleSides(Random& random) {
+  PlanData data = sampleBlock(random);
+  data.profundidadPatio =
+      between(random, 2, 0.95 * (data.areaPlanta + data.areaPatio) / data.longitudFachada);
+  return data;
+}
+
+const TiledFamily kFamilies[] = {
+    {"Row", planRow, sampleBlock, noCourtyards},
+    {"Courtyard", planCourtyard, sampleBlock, noCourtyards},
+    {"Stairwell", planStairwell, sampleBlock, noCourtyards},
+    {"CourtyardsInFacades", planCourtyardsInFacades, sampleBlock, inFacades},
+    {"CourtyardsInSides", planCourtyardsInSides, sampleSides, inSides},
+};
+
+double signedArea(const Outline& outline) {
+  double twice = 0;
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    const Vertex& a = outline[i];
+    const Vertex& b = outline[(i + 1) % outline.size()];
+    twice += static_cast<double>(a.x) * b.y - static_cast<double>(b.x) * a.y;
+  }
+  return twice / 2;
+}
+
+bool holds(const Outline& outline, double x, double y) {
+  bool inside = false;
+  for (std::size_t i = 0; i < outline.size(); ++i) {
+    const Vertex& a = outline[i];
+    const Vertex& b = outline[(i + 1) % outline.size()];
+    if ((a.y > y) == (b.y > y)) continue;
+    const double t = (y - a.y) / (static_cast<double>(b.y) - a.y);
+    if (x < a.x + t * (static_cast<double>(b.x) - a.x)) inside = !inside;
+  }
+  return inside;
+}
+
+class TiledPlan : public testing::TestWithParam<TiledFamily> {
+ protected:
+  struct Case {
+    PlanData data;
+    Plan plan;
+    float L, D;
+    std::vector<Outline> pieces;  // dwellings, hole or stair, courtyards
+  };
+
+  /// Calls `check` with 400 valid plans.
+  void forManyPlans(const std::function<void(const Case&)>& check) {
+    Random random(45);
+    int valid = 0;
+    for (int round = 0; round < 8000 && valid < 400 && !HasFailure(); ++round) {
+      Case c{.data = GetParam().sample(random), .plan = {}, .L = 0, .D = 0, .pieces = {}};
+      const PlanResult result = GetParam().plan(c.data);
+      if (messageOf(result) != kDrawn) continue;
+      ++valid;
+      SCOPED_TRACE(testing::Message() << "plan " << valid << " of A " << c.data.areaPlanta << ", L "
+                                      << c.data.longitudFachada);
+      c.plan = std::get<Plan>(result);
+      ASSERT_EQ(6U, c.plan.outlines.size());
+      c.L = c.plan.outlines[0][2].x;
+      c.D = c.plan.outlines[0][2].y;
+      c.pieces.assign(c.plan.outlines.begin() + 1, c.plan.outlines.end());
+      for (Outline& yard : GetParam().courtyards(c.data, c.D)) c.pieces.push_back(std::move(yard));
+      check(c);
+    }
+    EXPECT_TRUE(HasFailure() || valid == 400) << "too few valid plans to mean anything: " << valid;
+  }
+
+  /// Length of the dwellings' edges for which `lies` holds at both ends.
+  static double wallOf(const Case& c, const std::function<bool(const Vertex&)>& lies) {
+    double sum = 0;
+    for (std::size_t k = 1; k <= 4; ++k) {
+      const Outline& dwelling = c.plan.outlines[k];
+      for (std::size_t i = 0; i < dwelling.size(); ++i) {
+        const Vertex& a = dwelling[i];
+        const Vertex& b = dwelling[(i + 1) % dwelling.size()];
+        if (lies(a) && lies(b)) sum += std::hypot(b.x - a.x, b.y - a.y);
+      }
+    }
+    return sum;
+  }
+};
+
+}  // namespace
+
+TEST_P(TiledPlan, OutlinesRunCounterClockwise) {
+  forManyPlans([](const Case& c) {
+    for (const Outline& outline : c.plan.outlines) EXPECT_GT(signedArea(outline), 0);
+  });
+}
+
+TEST_P(TiledPlan, PiecesAddUpToTheBlock) {
+  forManyPlans([](const Case& c) {
+    double sum = 0;
+    for (const Outline& piece : c.pieces) sum += signedArea(piece);
+    const double block = static_cast<double>(c.L) * c.D;
+    EXPECT_NEAR(block, sum, 1e-5 * block);
+  });
+}
+
+TEST_P(TiledPlan, EveryPointLiesInExactlyOnePiece) {
+  Random points(46);
+  forManyPlans([&](const Case& c) {
+    for (int i = 0; i < 50; ++i) {
+      const double x = between(points, 0.001, c.L - 0.001);
+      const double y = between(points, 0.001, c.D - 0.001);
+      const auto owners =
+          std::ranges::count_if(c.pieces, [&](const Outline& piece) { return holds(piece, x, y); });
+      EXPECT_EQ(1, owners) << x << ", " << y;
+    }
+  });
+}
+
+TEST_P(TiledPlan, BlockIsAsLargeAsTheTypologySays) {
+  // The stated area is that of the dwellings and the stair; a courtyard comes on top.
+  const bool addsCourtyard = GetParam().plan != planRow && GetParam().plan != planStairwell;
+  forManyPlans([&](const Case& c) {
+    const double stated = static_cast<double>(c.data.areaPlanta) +
+                          (addsCourtyard ? static_cast<double>(c.data.areaPatio) : 0.0);
+    EXPECT_NEAR(stated, static_cast<double>(c.L) * c.D, 1e-5 * stated);
+  });
+}
+
+TEST_P(TiledPlan, FacadeAreasAreThoseOfItsStreetWallsOnThreeStoreys) {
+  const bool endsInStair = GetParam().plan == planRow;
+  forManyPlans([&](const Case& c) {
+    const double front = wallOf(c, [](const Vertex& v) { return v.y == 0; });
+    const double back = wallOf(c, [&](const Vertex& v) { return v.y == c.D; });
+    const double left = wallOf(c, [](const Vertex& v) { return v.x == 0; });
+    const double right = endsInStair ? c.D : wallOf(c, [&](const Vertex& v) { return v.x == c.L; });
+    const auto& areas = c.plan.superficieFachada;
+    EXPECT_NEAR(9 * front, areas[kSouth], 1e-4 * c.L);
+    EXPECT_NEAR(9 * right, areas[kEast], 1e-4 * c.D);
+    EXPECT_NEAR(9 * back, areas[kNorth], 1e-4 * c.L);
+    EXPECT_NEAR(9 * left, areas[kWest], 1e-4 * c.D);
+  });
+}
+
+TEST_P(TiledPlan, CourtyardAreasAreThoseOfTheWallsAroundTheCourtyards) {
+  // The hole of a courtyard block, the stair of a row, two courtyards; a stair-well has no windows.
+  const Family plan = GetParam().plan;
+  forManyPlans([&](const Case& c) {
+    std::vector<Outline> yards(c.pieces.begin() + 5, c.pieces.end());
+    if (plan == planCourtyard) yards.push_back(c.pieces[4]);
+    double along = 0;   // of the walls that face front or back
+    double across = 0;  // of those that face a side
+    for (const Outline& yard : yards) {
+      for (std::size_t i = 0; i < yard.size(); ++i) {
+        const Vertex& a = yard[i];
+        const Vertex& b = yard[(i + 1) % yard.size()];
+        // An edge on the street is the courtyard's open side.
+        const bool open =
+            (a.x == b.x && (a.x == 0 || a.x == c.L)) || (a.y == b.y && (a.y == 0 || a.y == c.D));
+        if (open) continue;
+        along += std::abs(b.x - a.x);
+        across += std::abs(b.y - a.y);
+      }
+    }
+    if (plan == planRow) along = 2.0 * (c.L - c.plan.outlines[5][0].x);
+    const auto& areas = c.plan.superficiePatio;
+    EXPECT_NEAR(9 * along / 2, areas[kSouth], 1e-4 * c.L);
+    EXPECT_NEAR(9 * across / 2, areas[kEast], 1e-4 * c.D);
+    EXPECT_EQ(areas[kSouth], areas[kNorth]);
+    EXPECT_EQ(areas[kEast], areas[kWest]);
+  });
+}
+
+INSTANTIATE_TEST_SUITE_P(Families, TiledPlan, testing::ValuesIn(kFamilies),
+                         [](const auto& family) { return std::string(family.param.name); });

@@ -1,0 +1,207 @@
+#include "generator/typology_geometry.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "generator/generator_context.h"
+#include "generator/generator_fixture.h"
+#include "generator/plan/plan_fixture.h"
+#include "support/recording_application.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+/// Numbers that every family accepts.
+PlanData anyFamily(int tipo) {
+  return {.tipo = tipo,
+          .areaPlanta = 632,
+          .areaPatio = 48,
+          .areaEscalera = 200,
+          .longitudFachada = 44,
+          .profundidadPatio = 2.5F,
+          .profundidadEscalera = 10};
+}
+
+void expectSamePlan(const Plan& expected, const Plan& plan) {
+  EXPECT_EQ(expected.outlines, plan.outlines);
+  EXPECT_EQ(expected.numHuecosFachada, plan.numHuecosFachada);
+  EXPECT_EQ(expected.numHuecosPatio, plan.numHuecosPatio);
+  EXPECT_EQ(expected.superficieFachada, plan.superficieFachada);
+  EXPECT_EQ(expected.superficiePatio, plan.superficiePatio);
+}
+
+void setPlanNumbers(TypologyRecord& typology, const PlanData& data) {
+  typology.tipo = data.tipo;
+  typology.areaPlanta = data.areaPlanta;
+  typology.areaPatio = data.areaPatio;
+  typology.areaEscalera = data.areaEscalera;
+  typology.longitudFachada = data.longitudFachada;
+  typology.profundidadPatio = data.profundidadPatio;
+  typology.profundidadEscalera = data.profundidadEscalera;
+}
+
+/// A template of `count` POLYGON commands, P1 and so on.
+std::vector<std::string> polygons(int count) {
+  std::vector<std::string> lines;
+  for (int i = 1; i <= count; ++i) {
+    lines.push_back("P" + std::to_string(i) + " = POLYGON");
+    lines.emplace_back("..");
+  }
+  return lines;
+}
+
+}  // namespace
+
+TEST(PlanTipologia, EveryNumberHasItsFamily) {
+  const struct {
+    int tipo;
+    Family family;
+  } cases[] = {
+      {-2147483647, planHouse},
+      {-1, planHouse},
+      {0, planHouse},
+      {1, planHouse},
+      {2, planHouse},
+      {3, planHouse},
+      {4, planHouse},
+      {5, planHouse},
+      {6, planHouse},
+      {7, planHouse},
+      {8, planHouse},
+      {9, planHouse},
+      {10, planRow},
+      {11, planRow},
+      {12, planRow},
+      {13, planCourtyard},
+      {14, planCourtyardsInFacades},
+      {15, planCourtyardsInSides},
+      {16, planCourtyard},
+      {17, planCourtyardsInFacades},
+      {18, planCourtyardsInSides},
+      {19, planCourtyard},
+      {20, planCourtyardsInFacades},
+      {21, planCourtyardsInSides},
+      {22, planXpala},
+      {23, planStairwell},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.tipo);
+    const PlanData data = anyFamily(c.tipo);
+    expectSamePlan(drawn(c.family(data)), drawn(planTipologia(data)));
+  }
+}
+
+TEST(PlanTipologia, FamiliesGiveTheSameNumbersDifferentPlans) {
+  const Family families[] = {planHouse,     planRow,
+                             planCourtyard, planCourtyardsInFacades,
+                             planXpala,     planCourtyardsInSides,
+                             planStairwell};
+  std::vector<std::vector<Outline>> plans;
+  for (const Family family : families) {
+    const auto outlines = drawn(family(anyFamily(1))).outlines;
+    EXPECT_EQ(0, std::count(plans.begin(), plans.end(), outlines)) << plans.size();
+    plans.push_back(outlines);
+  }
+}
+
+TEST(PlanTipologia, UnknownNumberShowsWhatIsLeftOfItsMessage) {
+  const struct {
+    int tipo;
+    const char* message;
+  } cases[] = {{24, ": "}, {25, " "}, {26, ""}, {27, ""}, {1000000, ""}, {2147483647, ""}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.tipo);
+    EXPECT_EQ(c.message, messageOf(planTipologia(anyFamily(c.tipo))));
+  }
+}
+
+TEST(GeometriaTipologia, HouseOfTipo1FillsItsArraysAndWritesOneSquare) {
+  GeneratorRun run({"antes", "\"P\" = POLYGON", "V1 = ( 9, 9 )", "..", "resto"});
+  geometriaTipologia(run.context());
+  EXPECT_EQ((PerFacade<int>{1, 1, 1, 1}), run.typology().numHuecosFachada);
+  EXPECT_EQ((PerFacade<float>{30, 30, 30, 30}), run.typology().superficieFachada);
+  run.context().copyRest();
+  EXPECT_THAT(run.finish(),
+              ElementsAre("antes", "\"P\" = POLYGON", "V1 = ( 0.000000 , 0.000000 )",
+                          "V2 = ( 10.000000 , 0.000000 )", "V3 = ( 10.000000 , 10.000000 )",
+                          "V4 = ( 0.000000 , 10.000000 )", "..", "resto"));
+}
+
+TEST(GeometriaTipologia, FillsTheFourArraysOfTheRecord) {
+  for (const int tipo : {2, 12, 13, 14, 15, 22, 23}) {
+    SCOPED_TRACE(tipo);
+    GeneratorRun run(polygons(6));
+    setPlanNumbers(run.typology(), anyFamily(tipo));
+    const Plan plan = drawn(planTipologia(anyFamily(tipo)));
+    geometriaTipologia(run.context());
+    EXPECT_EQ(plan.numHuecosFachada, run.typology().numHuecosFachada);
+    EXPECT_EQ(plan.numHuecosPatio, run.typology().numHuecosPatio);
+    EXPECT_EQ(plan.superficieFachada, run.typology().superficieFachada);
+    EXPECT_EQ(plan.superficiePatio, run.typology().superficiePatio);
+  }
+}
+
+TEST(GeometriaTipologia, WritesSixOutlinesInOrder) {
+  GeneratorRun run(polygons(7));
+  setPlanNumbers(run.typology(), anyFamily(10));
+  geometriaTipologia(run.context());
+  run.context().copyRest();
+  // Six outlines of four vertices, and the seventh command as it was.
+  const std::vector<std::string> output = run.finish();
+  ASSERT_EQ(38U, output.size());
+  for (std::size_t i = 0; i < 6; ++i) {
+    EXPECT_EQ("P" + std::to_string(i + 1) + " = POLYGON", output[6 * i]);
+    EXPECT_TRUE(output[6 * i + 4].starts_with("V4 = ( ")) << output[6 * i + 4];
+  }
+  EXPECT_EQ("P7 = POLYGON", output[36]);
+}
+
+TEST(GeometriaTipologia, OutlinesOfABlockHave4Then10Then8Vertices) {
+  for (const int tipo : {13, 14, 15, 22, 23}) {
+    SCOPED_TRACE(tipo);
+    std::vector<std::size_t> sizes;
+    for (const Outline& outline : drawn(planTipologia(anyFamily(tipo))).outlines) {
+      sizes.push_back(outline.size());
+    }
+    EXPECT_THAT(sizes, ElementsAre(4, 10, 10, 10, 10, 8));
+  }
+}
+
+TEST(GeometriaTipologia, FailingPlanEndsTheRunBeforeAnyPolygon) {
+  GeneratorRun run(polygons(1));
+  run.typology().areaPlanta = 30;
+  EXPECT_EQ("Área de planta no válida. Debe ser >30 y <1000",
+            stopMessage([&] { geometriaTipologia(run.context()); }));
+  EXPECT_THAT(run.finish(), ElementsAre());
+}
+
+TEST(GeometriaTipologia, UnknownNumberEndsTheRunWithWhatIsLeftOfItsMessage) {
+  const struct {
+    int tipo;
+    const char* message;
+  } cases[] = {{24, ": "}, {25, " "}, {26, ""}, {27, ""}, {1000000, ""}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.tipo);
+    GeneratorRun run(polygons(1));
+    run.typology().tipo = c.tipo;
+    EXPECT_EQ(c.message, stopMessage([&] { geometriaTipologia(run.context()); }));
+  }
+}
+
+TEST(GeometriaTipologia, TemplateWithTooFewPolygonsEndsTheRun) {
+  GeneratorRun run(polygons(5));
+  setPlanNumbers(run.typology(), anyFamily(23));
+  EXPECT_EQ("Error al generar el edificio. No se ha encontrado la clave: POLYGON",
+            stopMessage([&] { geometriaTipologia(run.context()); }));
+}
+
+TEST(GeometriaTipologia, StoreysAndTheirHeightAreNoMatter) {
+  GeneratorRun run(polygons(1));
+  run.typology().alturaPlanta = 5;
+  run.typology().numeroPlantas = 40;
+  geometriaTipologia(run.context());
+  EXPECT_EQ((PerFacade<float>{30, 30, 30, 30}), run.typology().superficieFachada);
+}
