@@ -1,0 +1,1 @@
+"""The sample buildings: one description a family, from which every file of samples/ comes."""
