@@ -1,0 +1,19 @@
+#include "app/completion_marker.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+#include "core/concat.h"
+#include "core/report_error.h"
+
+void createCompletionMarker(const std::string& path) {
+  std::FILE* marker = std::fopen(path.c_str(), "w");
+  if (marker != nullptr && std::fclose(marker) == 0) return;
+  // A marker that is there although its creation failed would still be believed.
+  std::error_code ignored;
+  if (marker != nullptr && std::filesystem::is_regular_file(path, ignored)) {
+    std::filesystem::remove(path, ignored);
+  }
+  ReportFailure(ErrorLog, concat("Error al abrir fichero de escritura: ", path));
+}

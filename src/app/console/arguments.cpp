@@ -1,0 +1,57 @@
+#include "app/console/arguments.h"
+
+const std::string_view kUsage =
+    "Uso: tip2bdl-cli [--quiet] PLANTILLA.bdl TIPOLOGIA.tip SALIDA MARCA\n"
+    "     tip2bdl-cli [--quiet] '#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA'\n"
+    "     tip2bdl-cli --help | --version\n";
+
+const std::string_view kHelp =
+    "Ejemplo:\n"
+    "  tip2bdl-cli casa.bdl casa.tip casa-generada.bdl fin.txt\n"
+    "\n"
+    "Genera el edificio de una tipología: reescribe la plantilla casa.bdl con los datos de\n"
+    "casa.tip y crea al final la marca fin.txt, vacía. Junto a la plantilla deben estar su tabla\n"
+    "de superficies (casa.tbl) y la librería defectos.inp. Error.log se crea junto a la marca.\n"
+    "\n"
+    "Uso:\n"
+    "  tip2bdl-cli [opciones] PLANTILLA.bdl TIPOLOGIA.tip SALIDA MARCA\n"
+    "  tip2bdl-cli [opciones] '#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA'\n"
+    "\n"
+    "Opciones:\n"
+    "  --quiet    no muestra el progreso (solo se muestra en un terminal)\n"
+    "  --help     muestra esta ayuda\n"
+    "  --version  muestra la versión\n"
+    "  --         lo que sigue son rutas, aunque empiecen por \"-\"\n"
+    "\n"
+    "Código de salida: 0 si el edificio se ha generado, 3 si ha habido un error (el mensaje sale\n"
+    "por la salida de errores y no se crea la marca), 2 si la línea de órdenes es incorrecta.\n";
+
+Request parseArguments(const std::vector<std::string>& arguments) {
+  RunRequest run;
+  std::vector<std::string> paths;
+  bool optionsEnded = false;
+  for (const std::string& argument : arguments) {
+    if (optionsEnded || !argument.starts_with('-')) {
+      paths.push_back(argument);
+    } else if (argument == "--") {
+      optionsEnded = true;
+    } else if (argument == "--help" || argument == "-h") {
+      return HelpRequest{};
+    } else if (argument == "--version") {
+      return VersionRequest{};
+    } else if (argument == "--quiet") {
+      run.quiet = true;
+    } else {
+      return WrongArguments{"opción desconocida: " + argument};
+    }
+  }
+  if (paths.size() == 4) {
+    run.paths = {paths[0], paths[1], paths[2], paths[3]};
+    return run;
+  }
+  if (paths.size() == 1 && paths[0].find('#') != std::string::npos) {
+    run.paths = splitCommandLine(paths[0]);
+    return run;
+  }
+  return WrongArguments{"se esperaban cuatro rutas y se han dado " + std::to_string(paths.size())};
+}

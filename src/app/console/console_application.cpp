@@ -1,0 +1,66 @@
+#include "app/console/console_application.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+#ifdef _WIN32
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+#include "app/console/terminal_text.h"
+#include "core/concat.h"
+#include "core/cp1252.h"
+
+namespace {
+constexpr int kBarMaximum = 100;
+constexpr std::string_view kWipeLine = "\r                                        \r";
+
+void writeToStandardError(std::string_view text) {
+  std::fwrite(text.data(), 1, text.size(), stderr);
+  std::fflush(stderr);
+}
+
+ConsoleProgressBar* visibleBar = nullptr;
+}  // namespace
+
+void ConsoleApplication::MessageBox(std::string_view text, std::string_view caption) {
+  if (visibleBar != nullptr) visibleBar->clear();
+  writeToStandardError(forTerminal(cp1252::toUtf8(concat(caption, ": ", text, "\n"))));
+}
+
+void ConsoleApplication::endProcess(int status) { std::exit(status); }
+
+void ConsoleProgressBar::SetPosition(int position) {
+  const int bounded = std::clamp(position, 0, kBarMaximum);
+  if (visible_ && (bounded != position_ || !drawn_)) {
+    drawn_ = true;
+    visibleBar = this;
+    writeToStandardError("\rGenerando el edificio ... " + std::to_string(bounded) + " %");
+  }
+  position_ = bounded;
+}
+
+void ConsoleProgressBar::clear() {
+  if (drawn_) writeToStandardError(kWipeLine);
+  drawn_ = false;
+  visibleBar = nullptr;
+}
+
+#ifdef _WIN32
+bool standardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
+void openStandardStreams() {}
+#else
+bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+void openStandardStreams() {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    // The lowest free number is the one that was found closed.
+    if (fcntl(stream, F_GETFD) == -1) open("/dev/null", O_RDWR);
+  }
+}
+#endif

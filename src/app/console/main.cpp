@@ -1,0 +1,60 @@
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "app/completion_marker.h"
+#include "app/console/arguments.h"
+#include "app/console/console_application.h"
+#include "app/console/terminal_text.h"
+#include "app/run_generation.h"
+#include "app/run_safely.h"
+#include "app/version.h"
+#include "core/cp1252.h"
+#include "core/report_error.h"
+
+namespace {
+
+constexpr int kExitWrongArguments = 2;
+
+void print(std::FILE* stream, std::string_view utf8) {
+  const std::string text = forTerminal(utf8);
+  std::fwrite(text.data(), 1, text.size(), stream);
+}
+
+/// What was asked for and could not be said is an error.
+int say(std::string_view utf8) {
+  print(stdout, utf8);
+  const bool said = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
+  ReportError(ErrorLog, said, "Error al escribir en la salida estándar"_cp1252);
+  return 0;
+}
+
+int answer(const HelpRequest&) { return say(kHelp); }
+
+int answer(const VersionRequest&) { return say(std::string("tip2bdl-cli ") + kVersion + "\n"); }
+
+int answer(const WrongArguments& wrong) {
+  print(stderr, "tip2bdl-cli: " + wrong.problem + "\n" + std::string(kUsage));
+  return kExitWrongArguments;
+}
+
+int answer(const RunRequest& run) {
+  ConsoleProgressBar bar(!run.quiet && standardErrorIsTerminal());
+  RunGeneration(bar, run.paths);
+  bar.clear();
+  createCompletionMarker(run.paths.markerFile);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  openStandardStreams();
+  ConsoleApplication application;
+  Application = &application;
+  return runSafely([&] {
+    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    return std::visit([](const auto& request) { return answer(request); },
+                      parseArguments(arguments));
+  });
+}

@@ -1,0 +1,59 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <map>
+
+#include "support/temporary_folder.h"
+
+namespace fs = std::filesystem;
+
+// core <- bdl <- typology <- generator <- app: a folder includes from itself and from those to its
+// left, and only app/qt knows Qt.
+
+namespace {
+
+const std::vector<std::string> kOrder = {"core", "bdl", "typology", "generator", "app"};
+
+/// The files of src/, each with the texts that it includes.
+std::map<std::string, std::vector<std::string>> includesOfSources() {
+  std::map<std::string, std::vector<std::string>> found;
+  const fs::path root = fs::path(SOURCE_FOLDER) / "src";
+  for (const auto& entry : fs::recursive_directory_iterator(root)) {
+    const std::string extension = entry.path().extension().string();
+    if (extension != ".h" && extension != ".cpp") continue;
+    std::vector<std::string>& includes = found[entry.path().lexically_relative(root).string()];
+    for (const std::string& line : linesOf(readFile(entry.path().string()))) {
+      if (line.starts_with("#include ")) includes.push_back(line.substr(9));
+    }
+  }
+  return found;
+}
+
+}  // namespace
+
+TEST(FolderArrows, NoFileIncludesFromAFolderAboveItsOwn) {
+  int checked = 0;
+  for (const auto& [file, includes] : includesOfSources()) {
+    const auto own = std::find(kOrder.begin(), kOrder.end(), file.substr(0, file.find('/')));
+    ASSERT_NE(kOrder.end(), own) << file;
+    for (const std::string& include : includes) {
+      if (!include.starts_with('"')) continue;
+      const std::string folder = include.substr(1, include.find('/') - 1);
+      const auto included = std::find(kOrder.begin(), kOrder.end(), folder);
+      ASSERT_NE(kOrder.end(), included) << file << " includes " << include << ", not from the root";
+      EXPECT_LE(included, own) << file << " includes " << include;
+      ++checked;
+    }
+  }
+  EXPECT_GT(checked, 50);
+}
+
+TEST(FolderArrows, OnlyTheWindowKnowsQt) {
+  for (const auto& [file, includes] : includesOfSources()) {
+    if (file.starts_with("app/qt/")) continue;
+    for (const std::string& include : includes) {
+      EXPECT_FALSE(include.starts_with("<Q")) << file << " includes " << include;
+    }
+  }
+}
