@@ -1,0 +1,28 @@
+# Shared by the scripts; source it. Stands in the repository's root afterwards.
+set -euo pipefail
+cd "$(dirname "${BASH_SOURCE[0]}")/.."
+
+as_root() {
+  if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
+}
+
+# Installs the packages of scripts/packages.txt that this machine lacks.
+install_packages() {
+  local missing=() package
+  while read -r package; do
+    dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
+      missing+=("$package")
+  done < <(grep -v '^#' scripts/packages.txt)
+  [ ${#missing[@]} -eq 0 ] && return
+  echo "== Installing: ${missing[*]}"
+  as_root apt-get update -qq
+  as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends \
+    "${missing[@]}" >/dev/null
+}
+
+# build PRESET: configures and builds. On a build server (CI) every warning is an error.
+build() {
+  echo "== Building the preset '$1'"
+  cmake --preset "$1" ${CI:+-DWARNINGS_ARE_ERRORS=ON} >/dev/null
+  cmake --build --preset "$1" -- --quiet
+}
