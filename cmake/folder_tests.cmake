@@ -1,10 +1,35 @@
 # folder_tests(NAME source...): the tests of the folder src/NAME. Builds NAME_test on the library of
 # the same name and registers every test that CMake finds in it.
+# discover_tests(TARGET): the same for a test program that stands on its own.
 find_package(GTest REQUIRED)
 include(GoogleTest)
+
+# Spanish locales of our own, so that the tests need none of the machine's.
+set(TEST_LOCALES "${PROJECT_BINARY_DIR}/locales")
+find_program(LOCALEDEF localedef)
+add_custom_target(test_locales ALL)
+if(LOCALEDEF)
+  foreach(charset UTF-8 ISO-8859-1)
+    set(locale "${TEST_LOCALES}/es_ES.${charset}")
+    add_custom_command(OUTPUT "${locale}/LC_NUMERIC"
+      COMMAND ${CMAKE_COMMAND} -E make_directory "${TEST_LOCALES}"
+      COMMAND ${LOCALEDEF} --no-warnings=ascii -i es_ES -f ${charset} "${locale}"
+      COMMENT "Compiling the locale es_ES.${charset}")
+    string(MAKE_C_IDENTIFIER "test_locale_${charset}" target)
+    add_custom_target(${target} DEPENDS "${locale}/LC_NUMERIC")
+    add_dependencies(test_locales ${target})
+  endforeach()
+endif()
+
+function(discover_tests target)
+  add_dependencies(${target} test_locales)
+  set(lsan "suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0")
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
+    PROPERTIES ENVIRONMENT "LOCPATH=${TEST_LOCALES};LSAN_OPTIONS=${lsan}")
+endfunction()
 
 function(folder_tests name)
   add_executable(${name}_test ${ARGN})
   target_link_libraries(${name}_test PRIVATE ${name} test_support)
-  gtest_discover_tests(${name}_test DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60)
+  discover_tests(${name}_test)
 endfunction()

@@ -20,9 +20,9 @@ install_packages() {
     "${missing[@]}" >/dev/null
 }
 
-# build PRESET: configures and builds. On a build server (CI) every warning is an error.
+# build PRESET [TARGET ...]: configures and builds everything, or the targets. On a build server (CI) every warning is an error.
 build() {
   echo "== Building the preset '$1'"
   cmake --preset "$1" ${CI:+-DWARNINGS_ARE_ERRORS=ON} >/dev/null
-  cmake --build --preset "$1" -- --quiet
+  cmake --build --preset "$1" ${2:+--target "${@:2}"} -- --quiet
 }
