@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <ostream>
+#include <tuple>
 
 #include "support/run_program.h"
 #include "support/temporary_folder.h"
@@ -20,6 +22,11 @@ struct Sample {
   std::string building;  // folder and base name of the template
   std::string typology;  // typology file without its extension
 };
+
+/// How a test's listing names its sample.
+void PrintTo(const Sample& sample, std::ostream* out) {
+  *out << sample.building << "/" << sample.typology;
+}
 
 std::vector<Sample> allSamples() {
   std::vector<Sample> samples;

@@ -1,0 +1,23 @@
+#include "app/qt/desktop_application.h"
+
+#include <QCoreApplication>
+#include <cstdio>
+#include <cstdlib>
+
+#include "app/qt/message_box.h"
+#include "app/qt/screen.h"
+
+void DesktopApplication::ProcessMessages() { QCoreApplication::processEvents(); }
+
+void DesktopApplication::MessageBox(std::string_view text, std::string_view caption) {
+  if (hasScreen()) {
+    showMessageBox(text, caption);
+  } else {
+    ConsoleApplication::MessageBox(text, caption);
+  }
+}
+
+void DesktopApplication::endProcess(int status) {
+  std::fflush(nullptr);
+  std::_Exit(status);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "app/console/console_application.h"
+
+/// The desktop of the program with forms: pending events run through the framework and messages
+/// are boxes. Where there is no screen (see hasScreen) messages are the console program's lines on
+/// standard error, so that nothing waits for a person who is not there.
+class DesktopApplication : public ConsoleApplication {
+ public:
+  void ProcessMessages() override;
+  void MessageBox(std::string_view text, std::string_view caption) override;
+
+ private:
+  /// Leaves at once, from however deep inside event handlers: streams are flushed, but nothing is
+  /// destroyed and no exit handler runs, since forms and the framework are still in use.
+  void endProcess(int status) override;
+};

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QDialog>
+#include <string>
+
+#include "app/command_line.h"
+
+class ProgressBar;
+class QFrame;
+class QLabel;
+class QTimer;
+
+/// The progress form: the program's face during a run. Once shown it lets two ticks of its timer
+/// pass, so that it is seen, starts the run on the third and closes when the run is over. A run
+/// that fails ends the process instead. The user cannot close it before.
+class TPrincipal : public QDialog {
+ public:
+  /// The items of the command line: template, typology, output, marker. `owner` may be null.
+  TPrincipal(QWidget* owner, const std::string& item0, const std::string& item1,
+             const std::string& item2, const std::string& item3);
+
+  void FormShow();
+  void Timer1Timer();
+  void btnCancelarClick() {}  // a run is not cancelled
+
+  /// Every way to close the form leads here; without effect until the run is over.
+  void reject() override;
+
+  // The parts of the form, which owns them.
+  QFrame* Panel1;  // white background
+  QLabel* Image1;  // the logo, stretched
+  QLabel* Label1;  // the four stages of a rating; this program is the first, in bold
+  QLabel* Label2;
+  QLabel* Label3;
+  QLabel* Label4;
+  ProgressBar* pbBarra;
+  QTimer* Timer1;  // enabled when the form is shown
+
+ protected:
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  QLabel* stage(const char* name, int designTop, const char* caption, bool bold = false);
+
+  RunPaths paths_;
+  int ticks_ = 0;
+  bool runOver_ = false;
+};
+
+/// The main form; set by start-up.
+extern TPrincipal* Principal;

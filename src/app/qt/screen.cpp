@@ -1,0 +1,118 @@
+#include "app/qt/screen.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QString>
+#include <QtGlobal>
+
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+#define SCREEN_MAY_BE_MISSING
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#endif
+
+namespace {
+
+bool showsNothing(const QString& platform) {
+  return platform == "offscreen" || platform == "minimal";
+}
+
+}  // namespace
+
+bool hasScreen() {
+  return QCoreApplication::instance() != nullptr && !showsNothing(QGuiApplication::platformName());
+}
+
+#ifndef SCREEN_MAY_BE_MISSING
+
+ScreenChoice::ScreenChoice() = default;
+ScreenChoice::~ScreenChoice() = default;
+
+#else
+
+namespace {
+
+constexpr int kPatience = 10'000;  // ms; a screen that has not answered by then never will
+
+/// Starts the framework, says so on `connection` (the framework may end the process instead) and
+/// stays until its other end is closed.
+[[noreturn]] void visit(int connection) {
+  const rlimit noCore = {0, 0};
+  setrlimit(RLIMIT_CORE, &noCore);
+  if (const int null = open("/dev/null", O_RDWR); null != -1) {
+    dup2(null, STDOUT_FILENO);
+    dup2(null, STDERR_FILENO);
+  }
+  int argc = 1;
+  char name[] = "tip2bdl";
+  char* argv[] = {name, nullptr};
+  const QGuiApplication framework(argc, argv);
+  char byte = 1;
+  const bool stay = write(connection, &byte, 1) == 1 && read(connection, &byte, 1) == 0;
+  _exit(stay ? 0 : 1);
+}
+
+bool hasAnswered(int connection) {
+  pollfd answer = {connection, POLLIN, 0};
+  char byte = 0;
+  return poll(&answer, 1, kPatience) == 1 && read(connection, &byte, 1) == 1;
+}
+
+bool isSet(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value != nullptr && *value != '\0';
+}
+
+void dropRemarks(QtMsgType type, const QMessageLogContext&, const QString& message) {
+  if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", message.toUtf8().constData());
+}
+
+void doWithoutScreen() {
+  qunsetenv("QT_QPA_PLATFORMTHEME");  // a desktop's theme may insist on its screen
+  qInstallMessageHandler(dropRemarks);
+}
+
+}  // namespace
+
+ScreenChoice::ScreenChoice() {
+  // A platform's name may be followed by its options: "offscreen:...".
+  if (showsNothing(qEnvironmentVariable("QT_QPA_PLATFORM").section(':', 0, 0))) {
+    doWithoutScreen();
+    return;
+  }
+  if (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY")) {
+    // Trying it out in a process of its own is the only way to ask: whether a screen can be used
+    // depends on its server, on permissions and on the plug-ins that are installed.
+    int ends[2];
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) == 0) {
+      visitor_ = fork();
+      if (visitor_ == 0) {
+        close(ends[0]);
+        visit(ends[1]);
+      }
+      close(ends[1]);
+      connection_ = ends[0];
+      if (visitor_ != -1 && hasAnswered(connection_)) return;
+    }
+  }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  doWithoutScreen();
+}
+
+ScreenChoice::~ScreenChoice() {
+  if (connection_ != -1) close(connection_);
+  if (visitor_ != -1) {
+    kill(visitor_, SIGKILL);
+    waitpid(visitor_, nullptr, 0);
+  }
+}
+
+#endif

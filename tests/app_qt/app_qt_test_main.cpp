@@ -1,0 +1,17 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "support/recording_application.h"
+
+/// The forms live on the framework's offscreen platform: they are laid out, painted and take
+/// events, and nobody sees them.
+int main(int argc, char* argv[]) {
+  testing::InitGoogleTest(&argc, argv);
+  testing::FLAGS_gtest_death_test_style = "threadsafe";
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qunsetenv("QT_SCALE_FACTOR");
+  const QApplication framework(argc, argv);
+  Application = &recordingApplication();
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,336 @@
+#!/usr/bin/env python3
+"""Whole runs of the desktop program, as a calling program and a person see them.
+
+usage: desktop_test.py TIP2BDL TIP2BDL_CLI SAMPLES_FOLDER LOCALES_FOLDER [TEST...]
+
+Each test has an X server of its own, or none. A run takes three seconds by design, nearly all of
+them spent waiting, so the tests run side by side. LOCALES_FOLDER has a compiled es_ES.UTF-8. Ends
+with 77 (skipped) where that or a tool is missing: Xvfb, xdotool, xprop.
+"""
+
+import ctypes
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+from concurrent.futures import ThreadPoolExecutor
+from pathlib import Path
+
+PROGRAM, CONSOLE, SAMPLES, LOCALES = (Path(argument).resolve() for argument in sys.argv[1:5])
+HOUSE = SAMPLES / "casa-adosada"
+TEMPLATE = HOUSE / "casa-adosada.bdl"
+TYPOLOGY = HOUSE / "tipo-03.tip"
+SUPPRESSIONS = Path(__file__).resolve().parents[1] / "support" / "lsan.supp"
+
+FORM = "Calculando ..."
+BOX = "Se ha producido un error"
+PATIENCE = 60  # seconds; a sanitizer's build on a busy machine is slow
+SKIPPED = 77
+
+MWM_HINTS_FUNCTIONS, MWM_FUNC_ALL, MWM_FUNC_CLOSE = 1, 1, 0x20
+
+IGNORE_X_ERROR = ctypes.CFUNCTYPE(ctypes.c_int, ctypes.c_void_p, ctypes.c_void_p)(lambda *_: 0)
+
+
+def eventually(question, what):
+    """Asks until the answer is true, and returns it."""
+    end = time.monotonic() + PATIENCE
+    while time.monotonic() < end:
+        answer = question()
+        if answer:
+            return answer
+        time.sleep(0.03)
+    raise AssertionError(f"never happened: {what}")
+
+
+class Desktop:
+    """An X server on a free display, without a window manager. `end` says what it does when its
+    last visitor has left."""
+
+    def __init__(self, end="-noreset"):
+        reading, writing = os.pipe()
+        self.server = subprocess.Popen(
+            ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1024x768x24",
+             "-nolisten", "tcp", end],
+            pass_fds=[writing], stdin=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(writing)
+        with os.fdopen(reading) as numbers:
+            self.display = ":" + numbers.readline().strip()
+        if self.display == ":":
+            raise AssertionError("the X server has not started")
+
+    def stop(self):
+        self.server.terminate()
+        self.server.wait()
+
+    def tool(self, *command):
+        return subprocess.run(command, env={**os.environ, "DISPLAY": self.display},
+                              stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                              text=True, check=False).stdout
+
+    def windows(self, title):
+        """The numbers of the visible windows of that title."""
+        found = self.tool("xdotool", "search", "--onlyvisible", "--name",
+                          f"^{re.escape(title)}$")
+        return [int(number) for number in found.split()]
+
+    def window(self, title):
+        return eventually(lambda: self.windows(title), f"a window {title!r}")[0]
+
+    def property(self, window, name):
+        return self.tool("xprop", "-id", str(window), name)
+
+    def press(self, window, key):
+        """A key of the keyboard, as if typed by a person whose focus is there."""
+        self.tool("xdotool", "windowfocus", "--sync", str(window), "key", key)
+
+    def ask_to_close(self, window):
+        """What a window manager sends for a click on the close box."""
+
+        class ClientMessage(ctypes.Structure):
+            _fields_ = [("type", ctypes.c_int), ("serial", ctypes.c_ulong),
+                        ("send_event", ctypes.c_int), ("display", ctypes.c_void_p),
+                        ("window", ctypes.c_ulong), ("message_type", ctypes.c_ulong),
+                        ("format", ctypes.c_int), ("data", ctypes.c_long * 5),
+                        ("padding", ctypes.c_long * 24)]
+
+        x11 = ctypes.CDLL("libX11.so.6")
+        x11.XSetErrorHandler(IGNORE_X_ERROR)  # a window that has gone would end this process
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        x11.XInternAtom.restype = ctypes.c_ulong
+        display = ctypes.c_void_p(x11.XOpenDisplay(self.display.encode()))
+        event = ClientMessage(type=33, window=window, format=32)
+        event.message_type = x11.XInternAtom(display, b"WM_PROTOCOLS", 0)
+        event.data[0] = x11.XInternAtom(display, b"WM_DELETE_WINDOW", 0)
+        if not x11.XSendEvent(display, ctypes.c_ulong(window), 0, ctypes.c_long(0),
+                              ctypes.byref(event)):
+            raise AssertionError("no close request could be sent")
+        x11.XSync(display, 0)
+        x11.XCloseDisplay(display)
+
+
+class DesktopTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="tip2bdl-desktop-"))
+        self.addCleanup(shutil.rmtree, self.folder)
+        self.output = self.folder / "salida.bdl"
+        self.marker = self.folder / "fin.txt"
+
+    def desktop(self, **options):
+        desktop = Desktop(**options)
+        self.addCleanup(desktop.stop)
+        return desktop
+
+    def start(self, *arguments, desktop=None, **environment):
+        """Starts the program; variables that are None are unset."""
+        variables = {key: value for key, value in os.environ.items()
+                     if not key.startswith(("QT_", "LC_")) and key != "WAYLAND_DISPLAY"}
+        variables.update({"LANG": "C.UTF-8", "DBUS_SESSION_BUS_ADDRESS": "disabled:",
+                          "DISPLAY": desktop.display if desktop else None, **environment})
+        process = subprocess.Popen(
+            [PROGRAM, *arguments], cwd=self.folder, stdin=subprocess.DEVNULL,
+            stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+            env={key: value for key, value in variables.items() if value is not None})
+        self.addCleanup(self.clear, process)
+        return process
+
+    @staticmethod
+    def clear(process):
+        if process.poll() is None:
+            process.kill()
+        process.communicate()
+
+    def command_line(self, template=TEMPLATE, typology=TYPOLOGY):
+        return f"programa#{template},{typology},{self.output},{self.marker}"
+
+    def ended(self, process):
+        """Waits for the end: exit code, standard output and standard error."""
+        out, err = process.communicate(timeout=PATIENCE)
+        return process.returncode, out, err
+
+    def output_of_console(self):
+        expected = self.folder / "consola.bdl"
+        subprocess.run([CONSOLE, TEMPLATE, TYPOLOGY, expected, self.folder / "consola.txt"],
+                       check=True, env={**os.environ, "LC_ALL": "C"})
+        return expected.read_bytes()
+
+    def assert_failed_run_left_no_marker(self):
+        self.assertFalse(self.marker.exists())
+
+    # With a screen
+
+    def test_a_run_with_its_form(self):
+        desktop = self.desktop()
+        begun = time.monotonic()
+        process = self.start(self.command_line(), desktop=desktop)
+        form = desktop.window(FORM)
+
+        self.assertIn("363 by 289", desktop.property(form, "WM_NORMAL_HINTS"))
+        numbers = re.findall(r"0x[0-9a-f]+", desktop.property(form, "_MOTIF_WM_HINTS"))
+        flags, functions = (int(number, 16) for number in numbers[:2])
+        self.assertTrue(flags & MWM_HINTS_FUNCTIONS)
+        self.assertFalse(functions & (MWM_FUNC_ALL | MWM_FUNC_CLOSE), "a close box")
+        self.assertEqual([], desktop.windows("VORK"), "the input form is not shown")
+
+        # The user tries to get rid of it.
+        desktop.press(form, "Escape")
+        desktop.ask_to_close(form)
+        time.sleep(0.3)
+        self.assertEqual([form], desktop.windows(FORM))
+
+        marked = eventually(lambda: self.marker.exists() and time.monotonic(), "a marker")
+        self.assertGreater(marked - begun, 2.5)
+        self.assertEqual(0, self.ended(process)[0])
+        self.assertEqual(b"", self.marker.read_bytes())
+        self.assertEqual(b"", (self.folder / "Error.log").read_bytes())
+        self.assertEqual(self.output_of_console(), self.output.read_bytes())
+
+    def failing_run(self, dismiss):
+        """A run that fails, with its box dismissed by `dismiss(desktop, box)`."""
+        desktop = self.desktop()
+        process = self.start(self.command_line(typology="no.tip"), desktop=desktop)
+        box = desktop.window(BOX)
+        self.assertIn("_NET_WM_STATE_MODAL", desktop.property(box, "_NET_WM_STATE"))
+        self.assertEqual(1, len(desktop.windows(FORM)))
+        time.sleep(1)
+        self.assertIsNone(process.poll(), "it has not waited for the box")
+        dismiss(desktop, box)
+        self.assertEqual(3, self.ended(process)[0])
+        self.assert_failed_run_left_no_marker()
+
+    def test_a_box_is_dismissed_by_return(self):
+        self.failing_run(lambda desktop, box: desktop.press(box, "Return"))
+
+    def test_a_box_is_dismissed_by_its_close_box(self):
+        self.failing_run(lambda desktop, box: desktop.ask_to_close(box))
+
+    def test_an_overlong_command_line_has_a_box_too(self):
+        desktop = self.desktop()
+        process = self.start("#" + "a" * 250, desktop=desktop)
+        box = desktop.window(BOX)
+        self.assertEqual([], desktop.windows(FORM))
+        desktop.press(box, "Escape")
+        self.assertEqual(3, self.ended(process)[0])
+
+    def test_a_marker_that_cannot_be_created(self):
+        desktop = self.desktop()
+        self.marker.mkdir()  # a folder stands in its place
+        process = self.start(self.command_line(), desktop=desktop)
+        box = desktop.window(BOX)
+        desktop.press(box, "Return")
+        self.assertEqual(3, self.ended(process)[0])
+        self.assertEqual(self.output_of_console(), self.output.read_bytes())
+
+    def test_looking_for_the_screen_does_not_end_it(self):
+        process = self.start(self.command_line(), desktop=self.desktop(end="-terminate"))
+        self.assertEqual(0, self.ended(process)[0])
+        self.assertTrue(self.marker.exists())
+
+    def test_a_decimal_comma_changes_nothing(self):
+        spanish = {"LOCPATH": str(LOCALES), "LC_ALL": "es_ES.UTF-8"}
+        mark = subprocess.run(["locale", "decimal_point"], env={**os.environ, **spanish},
+                              capture_output=True, text=True, check=True).stdout
+        if mark.strip() != ",":
+            self.skipTest("no Spanish locale")
+        process = self.start(self.command_line(), desktop=self.desktop(), **spanish,
+                             LSAN_OPTIONS=f"suppressions={SUPPRESSIONS}:print_suppressions=0")
+        self.assertEqual(0, self.ended(process)[0])
+        self.assertEqual(self.output_of_console(), self.output.read_bytes())
+
+    # Without a screen
+
+    NO_SCREEN = {
+        "nothing set": {},
+        "set to nothing": {"DISPLAY": "", "WAYLAND_DISPLAY": ""},
+        "no such display": {"DISPLAY": ":4095"},
+        "no such display, asked for": {"DISPLAY": ":4095", "QT_QPA_PLATFORM": "xcb"},
+        "no such compositor": {"WAYLAND_DISPLAY": "no-existe"},
+        "offscreen": {"QT_QPA_PLATFORM": "offscreen"},
+        "minimal": {"QT_QPA_PLATFORM": "minimal"},
+        "no such platform": {"DISPLAY": ":4095", "QT_QPA_PLATFORM": "no-existe"},
+        "a locale without accents": {"LC_ALL": "C"},
+    }
+
+    def test_errors_without_a_screen(self):
+        processes = {why: self.start(self.command_line(template="año.bdl"), **environment)
+                     for why, environment in self.NO_SCREEN.items()}
+        message = b"Se ha producido un error: No existe el fichero de datos *.bdl\n"
+        for why, process in processes.items():
+            with self.subTest(why):
+                self.assertEqual((3, b"", message), self.ended(process))
+        self.assert_failed_run_left_no_marker()
+
+    def test_a_platform_without_a_screen_on_a_screen(self):
+        desktop = self.desktop()
+        process = self.start(self.command_line(typology="no.tip"), desktop=desktop,
+                             QT_QPA_PLATFORM="offscreen")
+        self.assertEqual(
+            (3, b"", b"Se ha producido un error: No existe el fichero de datos *.tip\n"),
+            self.ended(process))
+
+    def test_a_run_without_a_screen(self):
+        begun = time.monotonic()
+        process = self.start(self.command_line())
+        marked = eventually(lambda: self.marker.exists() and time.monotonic(), "a marker")
+        self.assertGreater(marked - begun, 2.5, "the timer ticks all the same")
+        self.assertEqual((0, b"", b""), self.ended(process))
+        self.assertEqual(b"", self.marker.read_bytes())
+        self.assertEqual(self.output_of_console(), self.output.read_bytes())
+
+    def test_messages_are_spanish_in_the_terminals_encoding(self):
+        process = self.start("#" + "ñ" * 125)
+        self.assertEqual(
+            (3, b"", ("Se ha producido un error: El elemento 1 de la línea de órdenes es "
+                      "demasiado largo: " + "ñ" * 125 + "\n").encode()),
+            self.ended(process))
+
+    # The command line
+
+    def test_arguments_are_joined_and_belong_to_the_paths(self):
+        process = self.start("-platform", "no-existe#x#" + str(TEMPLATE) + ",", f" {TYPOLOGY},",
+                             str(self.output) + ",", str(self.marker))
+        self.assertEqual((0, b"", b""), self.ended(process))
+        self.assertTrue(self.marker.exists())
+
+    def test_closed_streams_harm_nothing(self):
+        process = subprocess.run(
+            ["sh", "-c", 'exec "$0" "$1" <&- >&- 2>&-', PROGRAM, self.command_line(typology="no")],
+            cwd=self.folder, check=False,
+            env={key: value for key, value in os.environ.items() if key != "DISPLAY"})
+        self.assertEqual(3, process.returncode)
+        self.assertEqual(b"", (self.folder / "Error.log").read_bytes())
+
+
+def main():
+    missing = [tool for tool in ("Xvfb", "xdotool", "xprop")
+               if shutil.which(tool) is None]
+    if missing:
+        print("skipped, missing:", ", ".join(missing))
+        return SKIPPED
+    names = sys.argv[5:] or unittest.TestLoader().getTestCaseNames(DesktopTest)
+
+    def run(name):
+        result = unittest.TestResult()
+        begun = time.monotonic()
+        DesktopTest(name).run(result)
+        return name, result, time.monotonic() - begun
+
+    failed = lacking = 0
+    with ThreadPoolExecutor(max_workers=len(names)) as pool:
+        for name, result, seconds in pool.map(run, names):
+            skipped = "".join(f" skipped: {reason}" for _, reason in result.skipped)
+            outcome = "ok    " if result.wasSuccessful() else "FAILED"
+            print(f"{outcome} {name} ({seconds:.1f} s){skipped}")
+            for _, trace in result.failures + result.errors:
+                print(trace)
+            failed += not result.wasSuccessful()
+            lacking += len(result.skipped)
+    return 1 if failed else SKIPPED if lacking else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
