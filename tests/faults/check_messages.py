@@ -1,0 +1,145 @@
+#!/usr/bin/env python3
+"""Compares the messages of docs/mensajes.md with the texts in the sources, in both directions.
+
+    check_messages.py SOURCE_FOLDER DOCUMENT
+
+In the document a message stands in backquotes in a table's column "mensaje"; what changes from run
+to run stands in it between ‹ and ›. Two faults are looked for:
+
+  - a text of the sources that reads like a message (it has a blank between words) and is neither
+    part of a message of the document nor known to be something else (OTHER_TEXTS);
+  - a message of the document, or a piece of one between its ‹›, that is not made of whole texts of
+    the sources.
+"""
+
+import re
+import sys
+from pathlib import Path
+
+# Texts with blanks that are no messages of a fault, each with where it goes.
+OTHER_TEXTS = {
+    # The generated building and the patterns that the readers search for.
+    "$ Edificio Generado en función de la Tipología a la que pertenezca": "output",
+    "VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )": "template",
+    " VALUES = ( ": "output",
+    "SET-DEFAULT FOR ": "pattern",
+    " = ( ": "output",
+    # What the programs show of themselves.
+    "Calculando ...": "window",
+    "Edificio Objeto": "window",
+    "Generando el edificio": "window",
+    "Obtención de parámetros característicos": "window",
+    "Cálculo de demandas, consumos, calificación": "window",
+    "Cálculo de medidas de ahorro precuantificadas": "window",
+    "\rGenerando el edificio ... ": "progress",
+    # Not of the programs at all.
+    "this character does not exist in Windows-1252": "compiler",
+    "No existe el tipo número: ": "skipped, but for the last characters, by the TIPO",
+    "Se ha producido un error": "caption of all messages",
+}
+
+TOKEN = re.compile(
+    r'//[^\n]*|/\*.*?\*/|#include[^\n]*'
+    r'|R"(?P<delimiter>[^(\s]*)\((?P<raw>.*?)\)(?P=delimiter)"'
+    r"|'(?:\\.|[^'\\\n])*'"
+    r'|"(?P<text>(?:\\.|[^"\\\n])*)"(?:_cp1252|sv)?'
+    r'|(?P<word>\w+)|(?P<blank>\s+)|(?P<other>.)',
+    re.S)
+
+ESCAPES = {"n": "\n", "t": "\t", "r": "\r", '"': '"', "\\": "\\", "'": "'", "0": "\0"}
+
+
+def unescape(text):
+    return re.sub(r"\\(.)", lambda m: ESCAPES.get(m[1], m[0]), text)
+
+
+def texts_of(source):
+    """The string literals of a source file, adjacent ones joined."""
+    texts = []
+    joining = False
+    for token in TOKEN.finditer(source):
+        text = token["text"] if token["text"] is not None else None
+        if text is not None or token["raw"] is not None:
+            value = unescape(text) if text is not None else token["raw"]
+            if joining:
+                texts[-1] += value
+            else:
+                texts.append(value)
+            joining = True
+        elif token["word"] or token["other"]:
+            joining = False
+    return texts
+
+
+def messages_of(document):
+    """The backquoted texts of the column "mensaje" of all tables."""
+    messages = []
+    column = None
+    for line in document.splitlines():
+        if not line.startswith("|"):
+            column = None
+            continue
+        cells = [cell.strip() for cell in re.split(r"(?<!\\)\|", line)[1:-1]]
+        if "mensaje" in cells:
+            column = cells.index("mensaje")
+        elif column is not None and not set(line) <= set("|-: "):
+            found = re.findall(r"`([^`]*)`", cells[column])
+            if not found:
+                sys.exit(f"a row without a message: {line}")
+            messages += [text.replace("\\|", "|") for text in found]
+    return messages
+
+
+def cover(piece, texts):
+    """The texts that make up `piece` one after the other; None when it can't be."""
+    best = {len(piece): []}
+    for start in range(len(piece) - 1, -1, -1):
+        for text in sorted(texts, key=len, reverse=True):
+            if text and piece.startswith(text, start) and start + len(text) in best:
+                best[start] = [text] + best[start + len(text)]
+                break
+    return best.get(0)
+
+
+def reads_like_a_message(text):
+    """Help has several lines, and a font or a style sheet has no small words."""
+    if "\n" in text or re.search(r"Sans|\{", text):
+        return False
+    return re.search(r"\w[\w.:,*>]* +[\w(<>\"*]", text) is not None
+
+
+def main(source_folder, document_file):
+    texts = {}
+    for file in sorted(Path(source_folder).rglob("*")):
+        name = str(file.relative_to(source_folder))
+        if file.suffix not in (".h", ".cpp"):
+            continue
+        for text in texts_of(file.read_text(encoding="utf-8")):
+            texts.setdefault(text, name)
+    if len(texts) < 100:
+        sys.exit(f"only {len(texts)} texts found in {source_folder}: the reading of sources is broken")
+
+    messages = messages_of(Path(document_file).read_text(encoding="utf-8"))
+    faults = []
+    used = set()
+    for message in messages:
+        for piece in re.split(r"‹[^›]*›", message):
+            made_of = cover(piece, texts)
+            if made_of is None:
+                faults.append(f"in the document but not in the sources: {message!r} ({piece!r})")
+            else:
+                used.update(made_of)
+    for text, name in texts.items():
+        if reads_like_a_message(text) and text not in used and text not in OTHER_TEXTS:
+            faults.append(f"in {name} but not in the document: {text!r}")
+    for text in OTHER_TEXTS:
+        if text not in texts:
+            faults.append(f"known as no message but no longer in the sources: {text!r}")
+    for fault in faults:
+        print(fault)
+    print(f"{len(messages)} messages, {len(texts)} texts, {len(faults)} faults")
+    return 1 if faults else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1], sys.argv[2]))

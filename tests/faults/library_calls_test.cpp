@@ -1,0 +1,229 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <map>
+#include <set>
+#include <string_view>
+
+#include "faults/promise.h"
+#include "faults/run_under.h"
+#include "faults/scenarios.h"
+#include "support/run_program.h"
+
+// Every call that the program makes of the C library's fallible functions fails once, on its own:
+// the first, the second, ... until one is asked for that is never made.
+
+namespace {
+
+/// What is made to fail, and how.
+struct Failure {
+  const char* call;
+  int error;
+  const char* kind;
+};
+
+constexpr Failure kFailures[] = {
+    {"fopen", EACCES, "fail"},   {"fopen", EMFILE, "fail"},     {"fopen", ENOMEM, "fail"},
+    {"fopen", EMFILE, "sticky"}, {"fread", EIO, "fail"},        {"fread", EIO, "short"},
+    {"fread", EIO, "sticky"},    {"fwrite", ENOSPC, "fail"},    {"fwrite", EIO, "fail"},
+    {"fwrite", ENOSPC, "short"}, {"fwrite", ENOSPC, "sticky"},  {"fflush", ENOSPC, "fail"},
+    {"fclose", ENOSPC, "fail"},  {"fclose", EIO, "fail"},       {"fclose", ENOSPC, "sticky"},
+    {"fgets", EIO, "fail"},      {"fgetc", EIO, "fail"},        {"fseek", EIO, "fail"},
+    {"fputs", ENOSPC, "fail"},   {"fputc", ENOSPC, "fail"},     {"open", EMFILE, "fail"},
+    {"openat", EMFILE, "fail"},  {"read", EIO, "fail"},         {"write", ENOSPC, "fail"},
+    {"write", ENOSPC, "short"},  {"writev", ENOSPC, "fail"},    {"close", EIO, "fail"},
+    {"fcntl", EBADF, "fail"},    {"stat", EACCES, "fail"},      {"stat", EIO, "sticky"},
+    {"truncate", EIO, "fail"},   {"remove", EACCES, "fail"},    {"readlink", EACCES, "fail"},
+    {"isatty", ENOTTY, "fail"},  {"newlocale", ENOMEM, "fail"}, {"iconv_open", ENOMEM, "fail"},
+    {"iconv", EILSEQ, "fail"},   {"malloc", ENOMEM, "fail"},    {"malloc", ENOMEM, "sticky"},
+    {"calloc", ENOMEM, "fail"},  {"realloc", ENOMEM, "fail"},   {"aligned_alloc", ENOMEM, "fail"},
+};
+
+/// The calls whose failure may leave a run as it would have been, and why. `subject` empty: any.
+struct Harmless {
+  std::string_view call;
+  std::string_view subject;
+  std::string_view why;
+};
+
+constexpr Harmless kHarmless[] = {
+    {"fopen", "Error.log", "the log only accompanies a run; without it the message still comes"},
+    {"fclose", "Error.log", "nothing is written to it in a run"},
+    {"fclose", "casa.bdl", "an input: read to its end before it is closed"},
+    {"fclose", "casa.tbl", "the same"},
+    {"fclose", "casa.tip", "the same"},
+    {"fclose", "defectos.inp", "the same"},
+    {"fflush", "stderr", "standard error is not buffered: there is nothing to flush"},
+    {"fcntl", "", "asks whether a standard stream is open; a needless one on the null device"},
+    {"readlink", "exe", "the program's own folder, which nothing reads back"},
+    {"isatty", "stderr", "then there is no progress"},
+    {"newlocale", "", "then decimals have a point and messages are UTF-8"},
+    {"malloc", "startup", "the C++ library's reserve for exceptions, which no good run needs"},
+    {"malloc", "fopen", "of the C library's locale files, which it does without"},
+    {"malloc", "fread", "a buffer of the C library, which does without"},
+    {"malloc", "fwrite", "the same"},
+    {"malloc", "newlocale", "as newlocale itself"},
+    {"malloc", "iconv_open", "as iconv_open itself"},
+    {"realloc", "newlocale", "the same"},
+};
+
+/// Whether the run may take no notice. A file's state is asked in order to reserve room for it;
+/// where the same call asks whether an input exists, the run ends in a message.
+bool isHarmless(const std::string& call, const std::string& subject) {
+  if (call == "stat") return true;
+  for (const Harmless& row : kHarmless) {
+    if (row.call == call && (row.subject.empty() || row.subject == subject)) return true;
+  }
+  return false;
+}
+
+/// "CALL SUBJECT" of the first fault that was injected.
+std::pair<std::string, std::string> firstInjected(const FaultedRun& run) {
+  const std::string line = run.injected.substr(0, run.injected.find('\n'));
+  const std::size_t blank = line.find(' ');
+  return {line.substr(0, blank), line.substr(blank + 1)};
+}
+
+/// A read that is cut short is no fault: the rest comes with the next one.
+bool isNoFault(const Failure& failure) {
+  return std::string_view(failure.kind) == "short" &&
+         (std::string_view(failure.call) == "fread" || std::string_view(failure.call) == "read");
+}
+
+/// What a walk met: for each function the number of faults, of which ...
+struct Tally {
+  int injected = 0;
+  int untouched = 0;
+};
+
+class LibraryCalls : public testing::TestWithParam<std::tuple<int, Scenario>> {
+ protected:
+  void SetUp() override {
+#ifdef SANITIZED
+    GTEST_SKIP() << "a sanitizer must be the first library of a program, before the shim";
+#endif
+    const Scenario& scenario = std::get<1>(GetParam());
+    if (!std::filesystem::exists(std::string(LOCALE_FOLDER) + "/" + scenario.locale)) {
+      GTEST_SKIP() << "localedef is missing";
+    }
+    scenario.spoil(place_);
+  }
+  Workplace place_;
+};
+
+std::string failureName(const Failure& failure) {
+  return std::string(failure.call) + "_" + failure.kind + "_" + strerrorname_np(failure.error);
+}
+
+std::string testName(const testing::TestParamInfo<std::tuple<int, Scenario>>& info) {
+  const Failure& failure = kFailures[static_cast<std::size_t>(std::get<0>(info.param))];
+  return std::string(std::get<1>(info.param).name) + "_" + failureName(failure);
+}
+
+}  // namespace
+
+TEST_P(LibraryCalls, KeepThePromiseWhicheverOneFails) {
+  const Failure& failure = kFailures[static_cast<std::size_t>(std::get<0>(GetParam()))];
+  const Scenario& scenario = std::get<1>(GetParam());
+  Tally tally;
+  // Without any memory from some call on is the slowest walk, and its steps are much alike.
+  const bool strides = std::string_view(failure.call) == "malloc" && *failure.kind == 's';
+  const int step = strides && !longTests() ? 5 : 1;
+  for (int at = 1;; at += step) {
+    ASSERT_LT(at, 100'000) << "the walk does not end";
+    place_.reset();
+    const LibraryFault fault{failure.call, failure.error, failure.kind, at};
+    RunOptions options;
+    options.fault = &fault;
+    options.environment = environmentOf(scenario);
+    const FaultedRun run = runUnder(TIP2BDL_CLI, place_.arguments(), options);
+    SCOPED_TRACE("call " + std::to_string(at) + " fails: " + run.injected);
+    const bool errorStreamFailed =
+        std::string_view(failure.call) == "fwrite" &&
+        (run.injected == "fwrite stderr\n" || std::string_view(failure.kind) == "sticky");
+    // A character that cannot be converted is a question mark, also in the caption.
+    const bool converted = std::string_view(failure.call) != "iconv";
+    const Verdict verdict = judge(place_, run, errorStreamFailed || !converted);
+    ASSERT_EQ("", verdict.why);
+    const bool untouched = wentItsWay(scenario, verdict, run);
+    if (run.injected.empty()) {
+      EXPECT_TRUE(untouched) << "without a fault the run goes its way; it said: " << run.err;
+      break;
+    }
+    ++tally.injected;
+    if (untouched) ++tally.untouched;
+    if (isNoFault(failure)) {
+      EXPECT_TRUE(untouched) << run.err;
+    } else if (untouched) {
+      const auto [call, subject] = firstInjected(run);
+      EXPECT_TRUE(isHarmless(call, subject)) << "the run took no notice";
+    }
+  }
+  RecordProperty("injected", tally.injected);
+  RecordProperty("untouched", tally.untouched);
+  std::printf("%s: %d faults, %d of them without effect\n", failureName(failure).c_str(),
+              tally.injected, tally.untouched);
+}
+
+INSTANTIATE_TEST_SUITE_P(Walk, LibraryCalls,
+                         testing::Combine(testing::Range(0, static_cast<int>(std::size(kFailures))),
+                                          testing::ValuesIn(kScenarios)),
+                         testName);
+
+// A walk is only as good as the shim's reach. What the program takes from the C library, and can
+// fail, is either made to fail above or never called in a run; the walk over the system calls
+// (system_calls_test.cpp) shows that the latter do nothing there.
+
+namespace {
+
+/// Fallible functions on files, memory and processes that a program could import.
+constexpr std::string_view kFallible[] = {
+    "aligned_alloc",  "calloc",    "close",    "closedir", "creat",    "dup",     "dup2",
+    "fchmod",         "fclose",    "fcntl",    "fdopen",   "fflush",   "fgetc",   "fgets",
+    "fopen",          "fopen64",   "fork",     "fprintf",  "fputc",    "fputs",   "fread",
+    "freopen",        "fscanf",    "fseek",    "fseeko",   "fstat64",  "fsync",   "ftell",
+    "ftruncate",      "fwrite",    "getc",     "getcwd",   "getline",  "iconv",   "iconv_open",
+    "isatty",         "link",      "lseek64",  "lstat",    "malloc",   "mkdir",   "mkstemp",
+    "mmap",           "newlocale", "open",     "open64",   "openat",   "opendir", "pipe",
+    "posix_memalign", "printf",    "putc",     "puts",     "pwrite",   "read",    "readdir",
+    "readlink",       "readv",     "realloc",  "realpath", "remove",   "rename",  "setvbuf",
+    "stat",           "statvfs",   "strdup",   "symlink",  "truncate", "ungetc",  "unlink",
+    "unlinkat",       "utimensat", "vfprintf", "write",    "writev"};
+
+/// Imported with the C++ library's files, streams and locales, which are linked as a whole; a run
+/// calls none of them.
+const std::set<std::string_view> kNeverCalled = {
+    "closedir", "fchmod",  "fdopen", "fstat64", "getcwd",   "link",
+    "lseek64",  "lstat",   "mkdir",  "readdir", "realpath", "rename",
+    "setvbuf",  "statvfs", "strdup", "symlink", "unlinkat", "utimensat"};
+
+bool isWalked(std::string_view name) {
+  if (name == "fopen64") return true;  // the same as fopen
+  for (const Failure& failure : kFailures) {
+    if (failure.call == name) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+TEST(LibraryCallsOfTheProgram, AreAllWalkedOrKnown) {
+#ifdef SANITIZED
+  GTEST_SKIP() << "a sanitizer brings its own";
+#endif
+  const ProgramResult listed =
+      runProgram("/bin/sh", {"-c", std::string("nm -D --undefined-only '") + TIP2BDL_CLI + "'"});
+  if (listed.status == 127) GTEST_SKIP() << "nm is missing";
+  std::set<std::string> imported;
+  for (const std::string& line : linesOf(listed.out)) {
+    const std::size_t name = line.find_last_of(' ') + 1;
+    imported.insert(line.substr(name, line.find('@', name) - name));
+  }
+  ASSERT_TRUE(imported.contains("fopen")) << listed.err;
+  for (const std::string_view name : kFallible) {
+    if (!imported.contains(std::string(name))) continue;
+    EXPECT_TRUE(isWalked(name) || kNeverCalled.contains(name)) << name;
+  }
+}
