@@ -1,0 +1,172 @@
+// Any text, asked for any keyword, type and name: the first three lines of an input are a keyword,
+// a type and a name (its quotes included); the rest is the text.
+#include "bdl/leer_bdl.h"
+
+#include <algorithm>
+#include <array>
+
+#include "core/report_error.h"
+#include "fuzz_support.h"
+
+namespace {
+
+constexpr std::size_t kNotFound = 0;
+
+struct Question {
+  std::string keyword;
+  std::string type;
+  std::string name;
+};
+
+std::string takeLine(std::string_view& text) {
+  const std::size_t end = std::min(text.find('\n'), text.size());
+  std::string line(text.substr(0, end));
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return line;
+}
+
+/// The label of a command, looked for in the plainest way.
+std::size_t plainLabel(const LeerBDL& model, const std::string& type, const std::string& name) {
+  for (std::size_t p = model.buscar(name, 0); p != kNotFound; p = model.buscar(name, p + 1)) {
+    const std::size_t end = p + name.size();
+    const std::size_t equals = model.buscar("=", p);
+    if (equals < end || equals > end + 2) continue;
+    const std::size_t word = model.buscar(type, equals);
+    if (word != kNotFound && word <= equals + 3) return p;
+  }
+  return kNotFound;
+}
+
+/// The text of the command whose label stands at `label`.
+std::string plainCommand(const LeerBDL& model, const std::string& type, std::size_t label) {
+  const std::string& text = *model.obtenerTexto();
+  std::string command = text.substr(label, model.buscar("..", label + 1) - label);
+  const std::size_t defaults = model.buscar("SET-DEFAULT FOR " + type, 0);
+  if (defaults != kNotFound) {
+    command += text.substr(defaults, model.buscar("..", defaults) - defaults);
+  }
+  return command;
+}
+
+/// The label of the first command with that LONG-NAME or NAME; empty when there is none.
+std::string plainLongName(LeerBDL& model, const std::string& type, const std::string& name) {
+  model.rebobinar();
+  for (int left = model.contarComandos(type); left > 0; --left) {
+    const std::string candidate = model.siguienteComando(type);
+    if (plainLabel(model, type, candidate) == kNotFound) {
+      ReportFailure(ErrorLog, "No se encuentra: " + candidate);
+    }
+    const LeerBDL command(model, type, candidate);  // found by its label: the cursor stays
+    std::string value;
+    const bool read =
+        command.leerCadena("LONG-NAME", value) == 0 || command.leerCadena("NAME ", value) == 0;
+    if (read && value == name) return candidate;
+  }
+  return {};
+}
+
+void askGetters(const LeerBDL& model, std::string_view keyword) {
+  endingOf([&] {
+    constexpr int kPreset = -77;
+    int integer = kPreset;
+    if (model.leerEntero(keyword, integer) == -1) expect(integer == kPreset, "absent, yet set");
+  });
+  endingOf([&] {
+    float real = 0.5F;
+    if (model.leerReal(keyword, real) == -1) expect(real == 0.5F, "absent, yet set");
+  });
+  endingOf([&] {
+    std::string value = "preset";
+    if (model.leerCadena(keyword, value) == -1) {
+      expect(value == "preset", "absent, yet set");
+    } else {
+      expect(!value.empty() && value.size() < LeerBDL::kLargoValor, "a value beyond its limits");
+    }
+  });
+  endingOf([&] {
+    std::array<float, 4> reals{};
+    const int count = model.leerListaReales(keyword, reals);
+    expect(count == -1 || (count >= 1 && count <= 4), "a wrong number of reals");
+  });
+  endingOf([&] {
+    std::vector<std::string> names;
+    const int count = model.leerListaCadenas(keyword, names, 10, 50);
+    expect(count == -1 ? names.empty() : static_cast<std::size_t>(count) == names.size(),
+           "a wrong number of names");
+    for (const std::string& name : names) {
+      expect(name.size() >= 2 && name.size() < 50 && name.front() == '"' && name.back() == '"',
+             "a name beyond its limits");
+    }
+  });
+}
+
+void askCommand(LeerBDL& model, const std::string& type, const std::string& name) {
+  std::size_t label = plainLabel(model, type, name);
+  std::string expected;
+  // The search for the long name first, since it may end the run.
+  const Ending plain = endingOf([&] {
+    std::string labelName = name;
+    if (label == kNotFound) {
+      labelName = plainLongName(model, type, name);
+      if (!labelName.empty()) label = plainLabel(model, type, labelName);
+    }
+  });
+  const Ending ending = endingOf([&] {
+    const LeerBDL command(model, type, name);
+    const std::string* text = command.obtenerTexto();
+    expect((text != nullptr) == (label != kNotFound), "a command found, or not, wrongly");
+    if (text == nullptr) return;
+    expect(*text == plainCommand(model, type, label), "another command text");
+    askGetters(command, "LONG-NAME");
+  });
+  if (plain.stopped) expect(ending.stopped && ending.message == plain.message, "another message");
+}
+
+void askBlock(const LeerBDL& model, const std::string& keyword) {
+  endingOf([&] {
+    bool found = false;
+    const LeerBDL block(model, keyword, found);
+    expect(found == (block.obtenerTexto() != nullptr), "found without text, or not found with");
+    if (!found) return;
+    const std::string& text = *block.obtenerTexto();
+    // A keyword with a ".." of its own ends there.
+    const std::size_t end = keyword.find("..");
+    expect(end == std::string::npos ? text.starts_with(keyword) : text == keyword.substr(0, end),
+           "a block that begins otherwise");
+    expect(text.find("..") == std::string::npos, "a block that ends too late");
+  });
+}
+
+void askEverything(LeerBDL& model, const Question& question) {
+  askGetters(model, question.keyword);
+  askBlock(model, question.keyword);
+  askCommand(model, question.type, question.name);
+
+  std::vector<std::string> names;
+  endingOf([&] {
+    model.rebobinar();
+    for (int left = std::min(model.contarComandos(question.type), 20); left > 0; --left) {
+      names.push_back(model.siguienteComando(question.type));
+      expect(names.back().size() >= 2, "a name without quotes");
+    }
+  });
+  for (const std::string& name : names) askCommand(model, question.type, name);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::string_view input = textOf(data, size);
+  const Question question{takeLine(input), takeLine(input), takeLine(input)};
+  const std::string path = writeScratch("modelo", input);
+  endingOf([&] {
+    LeerBDL model(path);
+    const std::string& text = *model.obtenerTexto();
+    expect(text.find_first_of("\n\t") == std::string::npos, "a line end or a tab is left");
+  });
+  // Loaded again outside: questions end on their own.
+  if (input.find('\0') != std::string_view::npos) return 0;
+  LeerBDL model(path);
+  askEverything(model, question);
+  return 0;
+}

@@ -1,0 +1,30 @@
+// Any typology file gives a record that keeps its promises, or a message.
+#include "fuzz_support.h"
+#include "typology/typology_record.h"
+
+namespace {
+
+void check(const TypologyRecord& record, std::string_view bytes) {
+  expect(record.textoTipologia == bytes, "the typology text is not the file");
+  expect(record.alturaPlanta > 0 && record.longitudFachada > 0, "a length that was not checked");
+  expect(record.numeroPlantas > 0, "no storey");
+  expect(record.tipo != 1 || record.numeroPlantas == 1, "a house of one storey with more");
+  expect(record.tipo < 2 || record.tipo > 9 || record.numeroPlantas == 2, "a house not of two");
+  expect(record.tipo < 10 || record.numeroPlantas > 2, "a block with too few storeys");
+  expect(record.cubierta == "PLANA" && record.atico == "NO" && record.sotano == "NO",
+         "a roof, an attic or a basement of its own");
+  for (const std::string* name :
+       {&record.murosFachada, &record.particionInteriorVertical, &record.medianera, &record.suelos,
+        &record.particionInteriorHorizontal, &record.cubiertas, &record.ventanaVidrio}) {
+    expect(!name->empty() && name->size() < 250, "a name that is missing or too long");
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view bytes = textOf(data, size);
+  const std::string path = writeScratch("tipologia.tip", bytes);
+  expectOneLine(endingOf([&] { check(TypologyRecord(path), bytes); }));
+  return 0;
+}
