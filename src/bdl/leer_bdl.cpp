@@ -256,8 +256,9 @@ std::optional<std::string> LeerBDL::buscarNombreLargo(std::string_view tipo,
   rebobinar();
   std::optional<std::string> encontrado;
   // Labels from here to there have the value that the last one had: their commands run to the same
-  // "..", and no NAME stands between. Without this, many commands without a ".." of their own would
-  // each be read to the far end.
+  // "..", and no NAME stands between (a label begins with a quote, so none begins inside a
+  // LONG-NAME). Without this, many commands without a ".." of their own would each be read to the
+  // far end.
   std::size_t igualesDesde = 1;
   std::size_t igualesHasta = 0;
   for (int i = 0; i < numero && !encontrado; ++i) {
@@ -266,7 +267,7 @@ std::optional<std::string> LeerBDL::buscarNombreLargo(std::string_view tipo,
     if (posicion == kNoEncontrado) ReportFailure(ErrorLog, "No se encuentra: " + candidato);
     if (posicion >= igualesDesde && posicion <= igualesHasta) continue;
     const LeerBDL comando(ruta_, textoDeComando(tipo, posicion));
-    const std::size_t fin = buscarCierre(posicion + 1, tipo);
+    const std::size_t fin = buscarCierreDeComando(tipo, posicion);
     const std::size_t primerNombre = comando.buscar("NAME", 0);
     igualesDesde = posicion;
     igualesHasta =
@@ -284,7 +285,7 @@ std::optional<std::string> LeerBDL::buscarNombreLargo(std::string_view tipo,
 /// Text of the command of `tipo` whose label stands at `posicion`, without its "..", and behind it
 /// the type's defaults block, if there is one.
 std::string LeerBDL::textoDeComando(std::string_view tipo, std::size_t posicion) {
-  const std::size_t fin = buscarCierre(posicion + 1, tipo);
+  const std::size_t fin = buscarCierreDeComando(tipo, posicion);
   std::string texto = texto_->substr(posicion, fin - posicion);
   if (const std::size_t defectos = indice(tipo).defectos; defectos != kNoEncontrado) {
     const std::string cabecera = concat(kCabeceraDefectos, tipo);
@@ -293,6 +294,15 @@ std::string LeerBDL::textoDeComando(std::string_view tipo, std::size_t posicion)
     texto.append(*texto_, defectos, finDefectos - defectos);
   }
   return texto;
+}
+
+/// Position of the ".." of the command whose label stands at `posicion`; the error without one
+/// shows how the command begins.
+std::size_t LeerBDL::buscarCierreDeComando(std::string_view tipo, std::size_t posicion) const {
+  const std::size_t fin = buscar(kCierre, posicion + 1);
+  if (fin != kNoEncontrado) return fin;
+  const std::size_t finTipo = buscar(tipo, posicion) + tipo.size();
+  return buscarCierre(posicion + 1, texto_->substr(posicion, finTipo - posicion));
 }
 
 std::size_t LeerBDL::buscarCierre(std::size_t posicion, std::string_view que) const {

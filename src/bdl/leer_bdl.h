@@ -101,6 +101,7 @@ class LeerBDL {
   std::size_t buscarComando(std::string_view tipo, std::size_t desde) const;
   std::optional<std::string> buscarNombreLargo(std::string_view tipo, const std::string& nombre);
   std::string textoDeComando(std::string_view tipo, std::size_t posicion);
+  std::size_t buscarCierreDeComando(std::string_view tipo, std::size_t posicion) const;
   std::size_t buscarCierre(std::size_t posicion, std::string_view que) const;
   [[noreturn]] void fallarPorLargo(std::string_view clave, std::size_t maximo) const;
   [[noreturn]] void fallar(std::string_view que, std::string_view problema) const;

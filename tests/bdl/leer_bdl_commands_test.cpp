@@ -216,7 +216,7 @@ TEST(ExtractCommand, AnEmptyNameFindsNothing) {
 }
 
 TEST(ExtractCommand, WithoutClosingDotsTheRunEnds) {
-  expectFaultInWall("WALL: falta el cierre \"..\"", "\n\"M1\" = WALL ABS = 0.7 .");
+  expectFaultInWall("\"M1\" = WALL: falta el cierre \"..\"", "\n\"M1\" = WALL ABS = 0.7 .");
 }
 
 TEST(ExtractCommand, IsFoundWhateverItsLength) {

@@ -100,7 +100,8 @@ class PlainText {
 
   std::string textFrom(const std::string& type, std::size_t p) const {
     const std::string header = "SET-DEFAULT FOR " + type;
-    const std::string own = upToDots(type, p, p + 1);
+    const std::string start = text_.substr(p, find(type, p) + type.size() - p);
+    const std::string own = upToDots(start, p, p + 1);
     const std::size_t defaults = find(header, 0);
     return defaults == 0 ? own : own + upToDots(header, defaults, defaults);
   }

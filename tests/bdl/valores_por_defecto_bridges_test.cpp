@@ -138,7 +138,7 @@ TEST(ThermalBridges, ABridgeThatItsLabelDoesNotFindEndsTheRun) {
 }
 
 TEST(ThermalBridges, ABridgeWithoutClosingDotsEndsTheRun) {
-  EXPECT_EQ("(file): THERMAL-BRIDGE: falta el cierre \"..\"",
+  EXPECT_EQ("(file): \"P\" = THERMAL-BRIDGE: falta el cierre \"..\"",
             stopIn("\n\"P\" = THERMAL-BRIDGE TTL = 0.1"));
 }
 

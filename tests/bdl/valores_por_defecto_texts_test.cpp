@@ -201,7 +201,7 @@ TEST(DefaultsLibrary, TheFirstOfTwoFaultsIsReported) {
       {"the options before the bridges", "\n\"P\" = THERMAL-BRIDGE\nSEVERAL-OPTIONS = \"",
        "SEVERAL-OPTIONS = : faltan las comillas de cierre del valor"},
       {"the bridges before the names", "\n\"P\" = THERMAL-BRIDGE\nNO-HABITABLES = x",
-       "THERMAL-BRIDGE: falta el cierre \"..\""},
+       "\"P\" = THERMAL-BRIDGE: falta el cierre \"..\""},
       {"the names before the shutter", "\nNO-HABITABLES = x\nAUTOMATIC-SHUTTER = \"",
        "NO-HABITABLES: falta la lista de valores entre paréntesis"},
   };

@@ -136,8 +136,9 @@ TEST(TypologyTexts, ATextWithoutClosingDotsEndsTheRun) {
     const char* text;
     const char* fault;
   } cases[] = {
-      {"\"PVC\" = NAME-FRAME A = 1", "NAME-FRAME: falta el cierre \"..\""},
-      {"\"Voladizo\" = VENTANA-SOMBRA A = 1", "VENTANA-SOMBRA: falta el cierre \"..\""},
+      {"\"PVC\" = NAME-FRAME A = 1", "\"PVC\" = NAME-FRAME: falta el cierre \"..\""},
+      {"\"Voladizo\" = VENTANA-SOMBRA A = 1",
+       "\"Voladizo\" = VENTANA-SOMBRA: falta el cierre \"..\""},
       {"\"Valle\" = SOLAR-POSITION A = 1", "SOLAR-POSITION: falta el cierre \"..\""},
   };
   for (const auto& c : cases) {
