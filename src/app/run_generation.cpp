@@ -68,10 +68,11 @@ int RunGeneration(TProgressBar& progressBar, const RunPaths& paths) {
 
   std::string tablePath = paths.dataFile;
   Global2::cambiarExtension(tablePath, "tbl");
-  const std::string defaultsPath = composedPath(folderOf(paths.dataFile), "defectos.inp");
+  requirePathWithin(tablePath, kPathCapacity);
   ReportError(ErrorLog, fileExists(paths.dataFile), "No existe el fichero de datos *.bdl");
   ReportError(ErrorLog, fileExists(tablePath), "No existe el fichero de datos *.tbl");
   ReportError(ErrorLog, fileExists(paths.typologyFile), "No existe el fichero de datos *.tip");
+  const std::string defaultsPath = composedPath(folderOf(paths.dataFile), "defectos.inp");
   ReportError(ErrorLog, fileExists(defaultsPath),
               "No existe el fichero de librería defectos.inp"_cp1252);
 

@@ -63,7 +63,7 @@ void GeneratorContext::requireFiniteOutput() const {
   if (notFiniteKeyword_.empty()) return;
   ReportFailure(ErrorLog, errorInFile(typology().ruta, 0,
                                       concat("el valor de ", notFiniteKeyword_,
-                                             " no es un número finito: "_cp1252,
+                                             " en la salida no es un número finito: "_cp1252,
                                              formatReal(notFiniteValue_))));
 }
 

@@ -84,7 +84,7 @@ TEST(Generate, BeginsWithACommentAndThreeEmptyLines) {
   EXPECT_EQ("P = POLYGON", output.at(6));
 }
 
-TEST(Generate, ShadesOfTheEdgeCaseStandOnTheTwoSidesOfTheCourtyard) {
+TEST(Generate, ShadesStandOnTheTwoSidesOfTheCourtyard) {
   // The plan of these numbers is too small for its family; the shades come before that check.
   GeneratorRun run(kShades + plans());
   setBlock(run.typology(), 21);
@@ -258,13 +258,14 @@ TEST(Generate, RealThatIsNotFiniteEndsTheRun) {
     float value;
     const char* where;
   } cases[] = {
-      {"azimuth", &TypologyRecord::orientacion, kNaN, "AZIMUTH no es un número finito: nan"},
+      {"azimuth", &TypologyRecord::orientacion, kNaN,
+       "AZIMUTH en la salida no es un número finito: nan"},
       {"infinite azimuth", &TypologyRecord::orientacion, -std::numeric_limits<float>::infinity(),
-       "AZIMUTH no es un número finito: -inf"},
+       "AZIMUTH en la salida no es un número finito: -inf"},
       {"storey height", &TypologyRecord::alturaPlanta, std::numeric_limits<float>::infinity(),
-       "HEIGHT no es un número finito: inf"},
+       "HEIGHT en la salida no es un número finito: inf"},
       {"air changes", &TypologyRecord::airChangesHr, kNaN,
-       "AIR-CHANGES/HR no es un número finito: nan"},
+       "AIR-CHANGES/HR en la salida no es un número finito: nan"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);

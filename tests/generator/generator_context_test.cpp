@@ -195,7 +195,7 @@ TEST(RequireFiniteOutput, EndsTheRunWithTheFirstRealThatIsNotFinite) {
     run.context().writeKeyword("X", c.first);
     run.context().writeKeyword("Y", kInfinity);
     EXPECT_EQ("Error en el fichero " + run.path("casa.tip") +
-                  ": el valor de X no es un número finito: " + c.shown,
+                  ": el valor de X en la salida no es un número finito: " + c.shown,
               stopMessage([&] { run.context().requireFiniteOutput(); }));
   }
 }

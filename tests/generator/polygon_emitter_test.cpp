@@ -87,6 +87,6 @@ TEST(EmitPolygon, VertexThatIsNotFiniteIsNamedByItsKey) {
   const std::vector<Vertex> vertices = {{0, 0}, {1, std::numeric_limits<float>::infinity()}};
   emitPolygon(run.context(), vertices);
   EXPECT_EQ("Error en el fichero " + run.path("casa.tip") +
-                ": el valor de V2 no es un número finito: inf",
+                ": el valor de V2 en la salida no es un número finito: inf",
             stopMessage([&] { run.context().requireFiniteOutput(); }));
 }

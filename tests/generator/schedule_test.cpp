@@ -121,6 +121,6 @@ TEST(Schedule, OfInfinitelyManyAirChangesEndsTheRun) {
   LineMatch match;
   run.context().findNextKey(NameList({}), match);
   EXPECT_EQ("Error en el fichero " + run.path("casa.tip") +
-                ": el valor de VALUES no es un número finito: inf",
+                ": el valor de VALUES en la salida no es un número finito: inf",
             stopMessage([&] { run.context().requireFiniteOutput(); }));
 }
