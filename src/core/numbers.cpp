@@ -80,6 +80,18 @@ bool isTooLarge(std::string_view digits, const RealToken& token, bool hex) {
   return exponent + token.magnitude * (hex ? 4 : 1) > 0;
 }
 
+/// Plain decimal reals, nearly all there are: what the library's own reading takes of them is what
+/// "%f" takes, unless an exponent or a hexadecimal mark follows. Moves `text` behind the number.
+bool scanPlainReal(std::string_view& text, float& number) {
+  if (text.empty() || !(isDigit(text.front()) || text.front() == '.')) return false;
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  if (read.ec != std::errc()) return false;
+  if (read.ptr != end && (toLower(*read.ptr) == 'e' || toLower(*read.ptr) == 'x')) return false;
+  text.remove_prefix(static_cast<std::size_t>(read.ptr - text.data()));
+  return true;
+}
+
 }  // namespace
 
 bool scanInteger(std::string_view& text, int& value) {
@@ -113,7 +125,9 @@ bool scanReal(std::string_view& text, float& value) {
   if (negative || rest.starts_with('+')) rest.remove_prefix(1);
 
   float number = 0;
-  if (startsWithWord(rest, "nan")) {
+  if (scanPlainReal(rest, number)) {
+    // Done.
+  } else if (startsWithWord(rest, "nan")) {
     number = std::numeric_limits<float>::quiet_NaN();
     rest.remove_prefix(3);
   } else if (startsWithWord(rest, "inf")) {

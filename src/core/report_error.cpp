@@ -7,10 +7,6 @@
 
 Global2* ErrorLog = nullptr;
 
-void ReportError(Global2* log, bool ok, std::string_view message) {
-  if (!ok) ReportFailure(log, message);
-}
-
 void ReportFailure(Global2* log, std::string_view message) {
   Application->MessageBox(message, kErrorCaption);
   if (log != nullptr) {

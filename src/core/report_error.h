@@ -15,13 +15,15 @@ inline constexpr std::string_view kErrorCaption = "Se ha producido un error";
 /// has created it and after it has deleted it; checks that fail then only show their message.
 extern Global2* ErrorLog;
 
-/// Returns when `ok`. Otherwise shows `message` in a modal box, writes it to the log when the
-/// log's `tipoEdificio` is "OBJETO" (which no run sets, so Error.log stays empty), closes the log
-/// and ends the process.
-void ReportError(Global2* log, bool ok, std::string_view message);
-
-/// ReportError with a false outcome, for a message that is only built once the check has failed.
+/// Shows `message` in a modal box, writes it to the log when the log's `tipoEdificio` is "OBJETO"
+/// (which no run sets, so Error.log stays empty), closes the log and ends the process. For a
+/// message that is only built once the check has failed.
 [[noreturn]] void ReportFailure(Global2* log, std::string_view message);
+
+/// Returns when `ok`; otherwise reports the failure.
+inline void ReportError(Global2* log, bool ok, std::string_view message) {
+  if (!ok) ReportFailure(log, message);
+}
 
 /// "Error en el fichero <name>, línea <line>: <what>", the form of the messages about an input
 /// that breaks a limit or is malformed. Lines count from 1; 0 leaves the line out.

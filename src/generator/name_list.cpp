@@ -15,9 +15,9 @@ float realOrZero(std::string_view text) {
 }  // namespace
 
 std::string_view trimBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  while (text.starts_with(' ')) text.remove_prefix(1);
+  while (text.ends_with(' ')) text.remove_suffix(1);
+  return text;
 }
 
 Assignment splitAssignment(std::string_view line) {
@@ -29,11 +29,19 @@ Assignment splitAssignment(std::string_view line) {
 NameList::NameList(std::span<const std::string_view> names) {
   earliest_.reserve(names.size());
   for (std::size_t i = 0; i < names.size(); ++i) {
-    earliest_.try_emplace(trimBlanks(names[i]), static_cast<int>(i));
+    const std::string_view name = trimBlanks(names[i]);
+    earliest_.try_emplace(name, static_cast<int>(i));
+    glances_.set(glanceAt(name));
   }
 }
 
+std::size_t NameList::glanceAt(std::string_view text) {
+  const std::size_t first = text.empty() ? 0 : static_cast<unsigned char>(text.front());
+  return first * kLengths + std::min(text.size(), kLengths - 1);
+}
+
 int NameList::indexOf(std::string_view text) const {
+  if (!glances_[glanceAt(text)]) return -1;
   const auto found = earliest_.find(text);
   return found == earliest_.end() ? -1 : found->second;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <bitset>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -36,7 +38,13 @@ class NameList {
   int matchKey(const Assignment& line) const;
 
  private:
+  static constexpr std::size_t kLengths = 64;  // told apart; longer texts count as one length
+  /// A text's first character and length as one number. Most lines differ from every name in it,
+  /// and are done with before their text is hashed.
+  static std::size_t glanceAt(std::string_view text);
   int indexOf(std::string_view text) const;
+
+  std::bitset<256 * kLengths> glances_;  // those of the names
   std::unordered_map<std::string_view, int> earliest_;
 };
 
