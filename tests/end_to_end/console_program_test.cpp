@@ -73,6 +73,28 @@ TEST_F(ConsoleProgram, AMissingItemFailsAtTheCheckThatConcernsIt) {
   EXPECT_EQ(3, result.status);
 }
 
+TEST_F(ConsoleProgram, APathWithACommaCannotBePassedInTheDesktopForm) {
+  std::filesystem::rename(folder_ / "casa.tip", folder_ / "ca,sa.tip");
+  EXPECT_EQ(kError + "No existe el fichero de datos *.tip\n",
+            runWith({"#casa.bdl,ca,sa.tip,salida.bdl,fin.txt"}).err);
+  EXPECT_EQ(0, runWith({"casa.bdl", "ca,sa.tip", "salida.bdl", "fin.txt"}).status);
+}
+
+TEST_F(ConsoleProgram, ATemplateWithoutADotHasItsTableUnderTheNameWithTbl) {
+  std::filesystem::rename(folder_ / "casa.bdl", folder_ / "casa");
+  EXPECT_EQ(0, runWith({"casa", "casa.tip", "salida.bdl", "fin.txt"}).status);
+  // A dot in a folder's name is taken for the extension's.
+  EXPECT_EQ(kError + "No existe el fichero de datos *.tbl\n",
+            runWith({"./casa", "casa.tip", "salida.bdl", "fin.txt"}).err);
+}
+
+TEST_F(ConsoleProgram, WithEveryInputMissingOnlyTheFirstMessageIsShown) {
+  const ProgramResult result = runWith({"a.bdl", "b.tip", "salida.bdl", "fin.txt"});
+  EXPECT_EQ(3, result.status);
+  EXPECT_EQ(kError + "No existe el fichero de datos *.bdl\n", result.err);
+  EXPECT_FALSE(folder_.has("salida.bdl"));
+}
+
 TEST_F(ConsoleProgram, WrongArgumentsEndWithTwoAndTheUsage) {
   const ProgramResult result = runWith({"casa.bdl"});
   EXPECT_EQ(2, result.status);

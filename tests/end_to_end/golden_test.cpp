@@ -87,4 +87,29 @@ TEST_P(Golden, OutputIsTheSameByteForByte) {
   EXPECT_TRUE(expected == output) << firstDifference(expected, output);
 }
 
+TEST(GoldenRun, LocaleAndLineEndsDoNotChangeAByte) {
+  const fs::path building = kSamples / "casa-adosada";
+  const std::string golden = readFile((kGoldens / "casa-adosada" / "tipo-02.bdl").string());
+  TemporaryFolder folder;
+  for (const char* name : {"casa-adosada.bdl", "casa-adosada.tbl", "defectos.inp"}) {
+    std::string crLf;
+    for (const char c : readFile((building / name).string())) {
+      crLf += c == '\n' ? std::string("\r\n") : std::string(1, c);
+    }
+    folder.write(name, crLf);
+  }
+  for (const char* locale : {"C", "es_ES.UTF-8"}) {
+    SCOPED_TRACE(locale);
+    ProgramOptions options;
+    options.environment = {{"LOCPATH", LOCALE_FOLDER}, {"LC_ALL", locale}};
+    const ProgramResult result = runProgram(TIP2BDL_CLI,
+                                            {folder / "casa-adosada.bdl", building / "tipo-02.tip",
+                                             folder / "salida.bdl", folder / "fin.txt"},
+                                            options);
+    EXPECT_EQ(0, result.status) << result.err;
+    EXPECT_TRUE(golden == folder.read("salida.bdl"))
+        << firstDifference(golden, folder.read("salida.bdl"));
+  }
+}
+
 INSTANTIATE_TEST_SUITE_P(Samples, Golden, testing::ValuesIn(allSamples()), testName);
