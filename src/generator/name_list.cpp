@@ -1,6 +1,8 @@
 #include "generator/name_list.h"
 
 #include <algorithm>
+#include <bit>
+#include <functional>
 
 #include "core/numbers.h"
 
@@ -11,6 +13,8 @@ float realOrZero(std::string_view text) {
   scanReal(text, value);
   return value;
 }
+
+constexpr int kFree = -1;
 
 }  // namespace
 
@@ -26,11 +30,13 @@ Assignment splitAssignment(std::string_view line) {
   return {trimBlanks(line.substr(0, equals)), trimBlanks(line.substr(equals + 1))};
 }
 
-NameList::NameList(std::span<const std::string_view> names) {
-  earliest_.reserve(names.size());
-  for (std::size_t i = 0; i < names.size(); ++i) {
-    const std::string_view name = trimBlanks(names[i]);
-    earliest_.try_emplace(name, static_cast<int>(i));
+NameList::NameList(std::span<const std::string_view> names)
+    : places_(std::bit_ceil(2 * names.size() + 1), kFree) {
+  names_.reserve(names.size());
+  for (const std::string_view untrimmed : names) {
+    const std::string_view name = names_.emplace_back(trimBlanks(untrimmed));
+    int& place = places_[placeOf(name)];
+    if (place == kFree) place = static_cast<int>(names_.size()) - 1;
     glances_.set(glanceAt(name));
   }
 }
@@ -40,10 +46,17 @@ std::size_t NameList::glanceAt(std::string_view text) {
   return first * kLengths + std::min(text.size(), kLengths - 1);
 }
 
+std::size_t NameList::placeOf(std::string_view text) const {
+  const std::size_t mask = places_.size() - 1;
+  std::size_t place = std::hash<std::string_view>{}(text)&mask;
+  while (places_[place] != kFree && names_[static_cast<std::size_t>(places_[place])] != text) {
+    place = (place + 1) & mask;
+  }
+  return place;
+}
+
 int NameList::indexOf(std::string_view text) const {
-  if (!glances_[glanceAt(text)]) return -1;
-  const auto found = earliest_.find(text);
-  return found == earliest_.end() ? -1 : found->second;
+  return glances_[glanceAt(text)] ? places_[placeOf(text)] : kFree;
 }
 
 int NameList::matchKey(const Assignment& line) const {

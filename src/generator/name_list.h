@@ -5,7 +5,7 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 /// A template line split at its first "=", both sides without leading and trailing blanks. Without
 /// a "=" the whole line is the key and the value is empty. Views into the line.
@@ -44,8 +44,13 @@ class NameList {
   static std::size_t glanceAt(std::string_view text);
   int indexOf(std::string_view text) const;
 
+  /// Where the index of `text` stands, or the free place where it would: a place by its hash, and
+  /// the next ones while they hold other names.
+  std::size_t placeOf(std::string_view text) const;
+
+  std::vector<std::string_view> names_;  // trimmed
+  std::vector<int> places_;              // indexes into names_, at most half of them taken
   std::bitset<256 * kLengths> glances_;  // those of the names
-  std::unordered_map<std::string_view, int> earliest_;
 };
 
 /// Looks `line` up among `names`; true with `match` filled when one matches, else false with

@@ -13,11 +13,11 @@ void require(const fichero& file, bool ok, std::string_view what) {
   if (!ok) ReportFailure(ErrorLog, errorInFile(file.name(), file.lineNumber(), what));
 }
 
-std::string readName(fichero& file) {
+std::string_view readName(fichero& file) {
   std::string_view line;
   file.ReadLine(line);
   require(file, line.size() < kTableNameCapacity, "el nombre es demasiado largo");
-  return std::string(line);
+  return line;
 }
 
 Surface readSurface(fichero& file) {

@@ -1,15 +1,16 @@
 #pragma once
 
 #include <array>
-#include <string>
+#include <cstddef>
+#include <string_view>
 #include <vector>
 
 class fichero;
 
 /// One surface of the template. The name is the whole line of the file, double quotes and blanks
-/// included; it is trimmed when template lines are compared with it.
+/// included, a view into it; it is trimmed when template lines are compared with it.
 struct Surface {
-  std::string name;
+  std::string_view name;
   float area = 0;  // column 1, m2
   float column2 = 0;
   float value = 0;  // column 3, per m2
@@ -22,14 +23,15 @@ struct Surface {
 };
 
 struct Zone {
-  std::string name;
+  std::string_view name;
   int number = 0;
   int flag = 0;    // not 0: the zone counts
   float area = 0;  // m2
   float value = 0;
 };
 
-/// The contents of a table file (*.tbl): the template's surfaces and zones, in file order.
+/// The contents of a table file (*.tbl): the template's surfaces and zones, in file order. Names
+/// live as long as the file that they were read from.
 struct TableFile {
   std::vector<Surface> surfaces;
   std::vector<Zone> zones;

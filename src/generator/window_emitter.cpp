@@ -128,7 +128,8 @@ void emitWindow(GeneratorContext& context, int orientationClass, int surfaceInde
                  : Bays{typology.superficiePatio[facade], typology.numHuecosPatio[facade],
                         typology.porcentajePatio[facade]};
   if (bays.count == 0) {
-    const std::string& name = context.table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
+    const std::string_view name =
+        context.table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
     ReportFailure(ErrorLog,
                   concat("Error al generar la ventana ", trimBlanks(name), ": la fachada ",
                          facadeName(facade), streetSide ? "" : " del patio",

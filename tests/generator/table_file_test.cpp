@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <list>
 #include <string>
 
 #include "core/fichero.h"
@@ -10,10 +11,11 @@
 
 namespace {
 
+/// The table of `text`. Its names are views into the file, which is kept until the tests end.
 TableFile tableFrom(std::string_view text) {
+  static std::list<fichero> files;
   const TemporaryFolder folder;
-  fichero file(folder.write("casa.tbl", text), "lectura");
-  return readTableFile(file);
+  return readTableFile(files.emplace_back(folder.write("casa.tbl", text), "lectura"));
 }
 
 /// The message that ends the reading of `text`, with the file's name alone for its path.
