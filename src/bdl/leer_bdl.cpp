@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kNoEncontrado = 0;
 constexpr std::string_view kCierre = "..";
 
-// Limits of the buffers that these texts once had; a closing NUL is included.
+// Limits of these texts in bytes, a closing NUL included.
 constexpr std::size_t kLargoBloque = 10000;
 constexpr std::size_t kLargoDefectos = 1000;
 constexpr std::size_t kMaximoBlancos = 100;

@@ -230,6 +230,17 @@ class DesktopTest(unittest.TestCase):
         self.assertEqual(0, self.ended(process)[0])
         self.assertTrue(self.marker.exists())
 
+    def test_a_screen_that_is_lost_during_the_run_is_an_error(self):
+        desktop = self.desktop()
+        process = self.start(self.command_line(), desktop=desktop)
+        desktop.window("Calculando ...")
+        desktop.server.kill()
+        status, _, err = self.ended(process)
+        self.assertEqual(3, status)
+        self.assertIn("Se ha producido un error: Se ha perdido la conexión con la pantalla\n",
+                      err.decode())
+        self.assert_failed_run_left_no_marker()
+
     def test_a_decimal_comma_changes_nothing(self):
         spanish = {"LOCPATH": str(LOCALES), "LC_ALL": "es_ES.UTF-8"}
         mark = subprocess.run(["locale", "decimal_point"], env={**os.environ, **spanish},

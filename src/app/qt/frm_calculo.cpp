@@ -41,11 +41,13 @@ TfrmCalculo::TfrmCalculo(QWidget* owner) : QDialog(owner) {
   btnCalcular = new QPushButton("Calcular", this);
   btnCalcular->setObjectName("btnCalcular");
   btnCalcular->setGeometry(352, 208, 75, 25);
+  btnCalcular->setAutoDefault(false);  // Return in the edit is no click
   connect(btnCalcular, &QPushButton::clicked, this, &TfrmCalculo::btnCalcularClick);
 
   btnCerrar = new QPushButton("Cerrar", this);
   btnCerrar->setObjectName("btnCerrar");
   btnCerrar->setGeometry(448, 208, 75, 25);
+  btnCerrar->setAutoDefault(false);
   connect(btnCerrar, &QPushButton::clicked, this, &TfrmCalculo::btnCerrarClick);
 }
 

@@ -26,6 +26,7 @@ int main(int argc, char* argv[]) {
   return runSafely([&] {
     {
       const ScreenChoice choice;
+      endAsAnErrorIfScreenIsLost();
       framework.emplace(frameworkArgc, frameworkArgv);
     }
     std::setlocale(LC_NUMERIC, "C");  // the framework has taken the user's
@@ -43,6 +44,7 @@ int main(int argc, char* argv[]) {
     QApplication::exec();
 
     createCompletionMarker(paths.markerFile);
+    screenMayGo();
     return 0;
   });
 }

@@ -4,6 +4,11 @@
 #include <QGuiApplication>
 #include <QString>
 #include <QtGlobal>
+#include <cstdlib>
+
+#include "app/console/console_application.h"
+#include "core/cp1252.h"
+#include "core/report_error.h"
 
 #if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
 #define SCREEN_MAY_BE_MISSING
@@ -16,7 +21,6 @@
 #include <unistd.h>
 
 #include <cstdio>
-#include <cstdlib>
 #endif
 
 namespace {
@@ -26,6 +30,22 @@ bool showsNothing(const QString& platform) {
 }
 
 }  // namespace
+
+namespace {
+bool screenIsNeeded = false;
+}
+
+void endAsAnErrorIfScreenIsLost() {
+  screenIsNeeded = true;
+  std::atexit([] {
+    if (!screenIsNeeded) return;
+    ConsoleApplication().MessageBox("Se ha perdido la conexión con la pantalla"_cp1252,
+                                    kErrorCaption);
+    std::_Exit(kExitError);
+  });
+}
+
+void screenMayGo() { screenIsNeeded = false; }
 
 bool hasScreen() {
   return QCoreApplication::instance() != nullptr && !showsNothing(QGuiApplication::platformName());
