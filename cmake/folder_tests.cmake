@@ -23,9 +23,7 @@ endif()
 
 function(discover_tests target)
   add_dependencies(${target} test_locales)
-  set(lsan "suppressions=${PROJECT_SOURCE_DIR}/tests/support/lsan.supp:print_suppressions=0")
-  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60
-    PROPERTIES ENVIRONMENT "LOCPATH=${TEST_LOCALES};LSAN_OPTIONS=${lsan}")
+  gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60)
 endfunction()
 
 function(folder_tests name)

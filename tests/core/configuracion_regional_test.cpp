@@ -38,7 +38,10 @@ int realsThatChange() {
 /// A program asks for the separator once, so each of these tests starts one of its own.
 class RegionalSettings : public testing::Test {
  protected:
-  RegionalSettings() { testing::FLAGS_gtest_death_test_style = "threadsafe"; }
+  RegionalSettings() {
+    testing::FLAGS_gtest_death_test_style = "threadsafe";
+    setenv("LOCPATH", TEST_LOCALES, 1);
+  }
 };
 
 [[noreturn]] void exitUnderLocale(const char* locale) {

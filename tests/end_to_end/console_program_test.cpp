@@ -26,13 +26,8 @@ class ConsoleProgram : public testing::Test {
   MinimalBuilding building_{folder_};
 };
 
-/// The environment of a caller whose locale is `name`, one of those built with the tests.
-std::map<std::string, std::string> localeOf(const std::string& name) {
-  return {{"LOCPATH", LOCALE_FOLDER}, {"LC_ALL", name}, {"LANG", name}};
-}
-
 bool haveLocale(const std::string& name) {
-  return std::filesystem::exists(std::string(LOCALE_FOLDER) + "/" + name + "/LC_NUMERIC");
+  return std::filesystem::exists(std::string(TEST_LOCALES) + "/" + name + "/LC_NUMERIC");
 }
 
 }  // namespace
@@ -175,7 +170,7 @@ TEST_F(ConsoleProgram, MessagesComeInTheEncodingOfTheTerminal) {
   if (!haveLocale("es_ES.ISO-8859-1")) GTEST_SKIP() << "localedef is missing";
   std::filesystem::remove(folder_ / "defectos.inp");
   ProgramOptions options;
-  options.environment = localeOf("es_ES.ISO-8859-1");
+  options.environment = localeEnvironment("es_ES.ISO-8859-1");
   EXPECT_EQ(kError +
                 "No existe el fichero de librer\xED"
                 "a defectos.inp\n",
@@ -188,7 +183,7 @@ TEST_F(ConsoleProgram, TheLocaleDoesNotChangeAByte) {
   options.environment = {{"LC_ALL", "C"}};
   run(options);
   const std::string plain = folder_.read("salida.bdl");
-  options.environment = localeOf("es_ES.UTF-8");
+  options.environment = localeEnvironment("es_ES.UTF-8");
   EXPECT_EQ(0, run(options).status);
   EXPECT_EQ(plain, folder_.read("salida.bdl"));
   EXPECT_NE(std::string::npos, plain.find("FLOOR-HEIGHT = 3.000000"));

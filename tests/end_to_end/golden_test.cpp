@@ -101,7 +101,7 @@ TEST(GoldenRun, LocaleAndLineEndsDoNotChangeAByte) {
   for (const char* locale : {"C", "es_ES.UTF-8"}) {
     SCOPED_TRACE(locale);
     ProgramOptions options;
-    options.environment = {{"LOCPATH", LOCALE_FOLDER}, {"LC_ALL", locale}};
+    options.environment = localeEnvironment(locale);
     const ProgramResult result = runProgram(TIP2BDL_CLI,
                                             {folder / "casa-adosada.bdl", building / "tipo-02.tip",
                                              folder / "salida.bdl", folder / "fin.txt"},
