@@ -9,7 +9,6 @@ from faults import Fault
 from plan import SIDES, STOREY
 from reader import squeezed
 
-PLACE = 1e-4  # m
 AREA = 1e-4  # relative
 DECIMAL = 1e-6  # m, the last decimal written
 HEIGHT = 1.2  # m, of a window that its bay does not force higher
@@ -82,10 +81,15 @@ def wrong_in(command, building, inner, side, parts):
             or beside_the_middle(*place, bay))
 
 
+def place(bay):
+    """How far a place may be off, m: coordinates are 32-bit reals."""
+    return 1e-4 + 1e-6 * bay.width
+
+
 def outside(x, y, width, height, bay):
-    if not (x >= 0 and x + width <= bay.width + PLACE):
+    if not (x >= 0 and x + width <= bay.width + place(bay)):
         return "window", f"spans {x:f} to {x + width:f} m of a bay {bay.width:f} m wide"
-    if not (y >= 0 and y + height <= STOREY + PLACE):
+    if not (y >= 0 and y + height <= STOREY + place(bay)):
         return "window", f"spans {y:f} to {y + height:f} m of a bay {STOREY} m high"
     return None
 
@@ -100,12 +104,13 @@ def wrong_size(width, height, bay, area):
             return "glazing", f"{glass:f} m2 where the whole bay, {bay.area:f} m2, is asked for"
     elif not abs(glass - area) <= AREA * area + rounding:
         return "glazing", f"{glass:f} m2 instead of {area:f} m2"
-    if abs(height - HEIGHT) > PLACE and (height < HEIGHT or bay.width - width > PLACE):
+    if abs(height - HEIGHT) > place(bay) and (
+            height < HEIGHT or bay.width - width > place(bay)):
         return "window", f"is {height:f} m high, though it would fit with {HEIGHT} m"
     return None
 
 
 def beside_the_middle(x, y, width, height, bay):
-    if max(abs(2 * x + width - bay.width), abs(2 * y + height - STOREY)) > 2 * PLACE:
+    if max(abs(2 * x + width - bay.width), abs(2 * y + height - STOREY)) > 2 * place(bay):
         return "window", "does not stand in the middle of its bay"
     return None
