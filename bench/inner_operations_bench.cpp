@@ -42,8 +42,8 @@ class BenchBar : public TProgressBar {
 /// A folder in memory, so that the disk is not what is measured.
 fs::path memoryFolder() {
   static const fs::path folder = [] {
-    const fs::path shared = "/dev/shm";
-    const fs::path root = fs::is_directory(shared) ? shared : fs::temp_directory_path();
+    const char* shared = "/dev/shm";
+    const fs::path root = access(shared, W_OK | X_OK) == 0 ? shared : fs::temp_directory_path();
     fs::path own = root / ("tip2bdl-bench-" + std::to_string(getpid()));
     fs::create_directories(own);
     return own;
@@ -51,7 +51,9 @@ fs::path memoryFolder() {
   return folder;
 }
 
-std::string wallName(std::int64_t i) { return "\"P01_E01_Muro" + std::to_string(100000 + i) + "\""; }
+std::string wallName(std::int64_t i) {
+  return "\"P01_E01_Muro" + std::to_string(100000 + i) + "\"";
+}
 
 std::string templateText(std::int64_t lines) {
   std::string text;

@@ -1,6 +1,7 @@
 #include "fuzz_support.h"
 
 #include <stdlib.h>
+#include <unistd.h>
 
 #include <cstdio>
 #include <cstdlib>
@@ -37,11 +38,12 @@ class StoppingApplication : public TApplication {
   void endProcess(int status) override { throw Stopped{status}; }
 };
 
-/// In memory where the machine has such a folder: a disk takes milliseconds to empty a file.
+/// In memory where the machine has such a folder and lets us write there: a disk takes milliseconds
+/// to empty a file.
 fs::path parentOfScratch() {
-  const fs::path inMemory = "/dev/shm";
-  return std::getenv("TMPDIR") == nullptr && fs::is_directory(inMemory) ? inMemory
-                                                                        : fs::temp_directory_path();
+  const char* inMemory = "/dev/shm";
+  const bool usable = std::getenv("TMPDIR") == nullptr && access(inMemory, W_OK | X_OK) == 0;
+  return usable ? fs::path(inMemory) : fs::temp_directory_path();
 }
 
 class ScratchFolder {
