@@ -27,23 +27,25 @@ std::string takeLine(std::string_view& text) {
 
 /// The label of a command, looked for in the plainest way.
 std::size_t plainLabel(const LeerBDL& model, const std::string& type, const std::string& name) {
-  for (std::size_t p = model.buscar(name, 0); p != kNotFound; p = model.buscar(name, p + 1)) {
+  const std::string_view text = *model.obtenerTexto();
+  if (text.starts_with(name)) return kNotFound;
+  for (std::size_t p = text.find(name); p != std::string::npos; p = text.find(name, p + 1)) {
     const std::size_t end = p + name.size();
-    const std::size_t equals = model.buscar("=", p);
+    const std::size_t equals = text.find('=', p);
     if (equals < end || equals > end + 2) continue;
-    const std::size_t word = model.buscar(type, equals);
-    if (word != kNotFound && word <= equals + 3) return p;
+    const std::size_t word = text.find(type, equals);
+    if (word <= equals + 3) return p;
   }
   return kNotFound;
 }
 
 /// The text of the command whose label stands at `label`.
 std::string plainCommand(const LeerBDL& model, const std::string& type, std::size_t label) {
-  const std::string& text = *model.obtenerTexto();
-  std::string command = text.substr(label, model.buscar("..", label + 1) - label);
-  const std::size_t defaults = model.buscar("SET-DEFAULT FOR " + type, 0);
-  if (defaults != kNotFound) {
-    command += text.substr(defaults, model.buscar("..", defaults) - defaults);
+  const std::string_view text = *model.obtenerTexto();
+  std::string command(text.substr(label, text.find("..", label + 1) - label));
+  const std::size_t defaults = text.find("SET-DEFAULT FOR " + type);
+  if (defaults != std::string::npos && defaults != 0) {
+    command += text.substr(defaults, text.find("..", defaults) - defaults);
   }
   return command;
 }
@@ -113,9 +115,9 @@ void askCommand(LeerBDL& model, const std::string& type, const std::string& name
   });
   const Ending ending = endingOf([&] {
     const LeerBDL command(model, type, name);
-    const std::string* text = command.obtenerTexto();
-    expect((text != nullptr) == (label != kNotFound), "a command found, or not, wrongly");
-    if (text == nullptr) return;
+    const auto text = command.obtenerTexto();
+    expect(text.has_value() == (label != kNotFound), "a command found, or not, wrongly");
+    if (!text) return;
     expect(*text == plainCommand(model, type, label), "another command text");
     askGetters(command, "LONG-NAME");
   });
@@ -126,9 +128,9 @@ void askBlock(const LeerBDL& model, const std::string& keyword) {
   endingOf([&] {
     bool found = false;
     const LeerBDL block(model, keyword, found);
-    expect(found == (block.obtenerTexto() != nullptr), "found without text, or not found with");
+    expect(found == block.obtenerTexto().has_value(), "found without text, or not found with");
     if (!found) return;
-    const std::string& text = *block.obtenerTexto();
+    const std::string_view text = *block.obtenerTexto();
     // A keyword with a ".." of its own ends there.
     const std::size_t end = keyword.find("..");
     expect(end == std::string::npos ? text.starts_with(keyword) : text == keyword.substr(0, end),
@@ -161,7 +163,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string path = writeScratch("modelo", input);
   endingOf([&] {
     LeerBDL model(path);
-    const std::string& text = *model.obtenerTexto();
+    const std::string_view text = *model.obtenerTexto();
     expect(text.find_first_of("\n\t") == std::string::npos, "a line end or a tab is left");
   });
   // Loaded again outside: questions end on their own.

@@ -32,18 +32,18 @@ constexpr std::string_view kCabeceraDefectos = "SET-DEFAULT FOR ";
 
 LeerBDL::LeerBDL(const std::string& ruta) : ruta_(ruta) { cargar(); }
 
-LeerBDL::LeerBDL(std::string ruta, std::string texto)
-    : ruta_(std::move(ruta)), texto_(std::move(texto)) {}
-
 LeerBDL::LeerBDL(LeerBDL& origen, std::string_view tipo, const std::string& nombre)
-    : ruta_(origen.ruta_) {
-  std::size_t posicion = origen.buscarEtiqueta(nombre, tipo);
-  if (posicion == kNoEncontrado) {
-    const std::optional<std::string> etiqueta = origen.buscarNombreLargo(tipo, nombre);
-    if (!etiqueta) return;
-    posicion = origen.buscarEtiqueta(*etiqueta, tipo);
-  }
-  texto_ = origen.textoDeComando(tipo, posicion);
+    : LeerBDL(origen, tipo, Etiqueta{origen.buscarEtiqueta(nombre, tipo)}) {
+  if (!texto_) *this = LeerBDL(origen, tipo, Etiqueta{origen.buscarNombreLargo(nombre, tipo)});
+}
+
+LeerBDL::LeerBDL(LeerBDL& origen, std::string_view tipo, Etiqueta etiqueta) : ruta_(origen.ruta_) {
+  if (etiqueta.posicion == kNoEncontrado) return;
+  const std::size_t cierre = origen.buscarCierreDeComando(tipo, etiqueta.posicion);
+  Indice& comandos = origen.indice(tipo);
+  if (comandos.cierre != cierre) origen.cortarTextoComun(comandos, etiqueta.posicion, cierre);
+  texto_ = comandos.comun;
+  inicio_ = etiqueta.posicion - comandos.inicio;
 }
 
 LeerBDL::LeerBDL(const LeerBDL& origen, std::string_view clave, bool& encontrado)
@@ -53,19 +53,25 @@ LeerBDL::LeerBDL(const LeerBDL& origen, std::string_view clave, bool& encontrado
   if (!encontrado) return;
   const std::size_t fin = origen.buscarCierre(posicion, clave);
   if (fin - posicion >= kLargoBloque) fallar(clave, "el bloque es demasiado largo");
-  texto_ = origen.texto_->substr(posicion, fin - posicion);
+  texto_ = std::make_shared<Texto>(std::string(origen.texto().substr(posicion, fin - posicion)));
 }
 
 void LeerBDL::cargar() {
-  texto_ = fichero(ruta_, "lectura").normalisedText();
-  Global2::reemplazarCaracter(*texto_, '\n', ' ');
-  Global2::reemplazarCaracter(*texto_, '\t', ' ');
+  std::string texto = fichero(ruta_, "lectura").normalisedText();
+  Global2::reemplazarCaracter(texto, '\n', ' ');
+  Global2::reemplazarCaracter(texto, '\t', ' ');
+  texto_ = std::make_shared<Texto>(std::move(texto));
+}
+
+std::optional<std::string_view> LeerBDL::obtenerTexto() const {
+  if (!texto_) return std::nullopt;
+  return texto();
 }
 
 std::size_t LeerBDL::buscar(std::string_view patron, std::size_t desde) const {
   if (!texto_) return kNoEncontrado;
-  const std::size_t posicion = std::string_view(*texto_).find(patron, desde);
-  return posicion == std::string_view::npos ? kNoEncontrado : posicion;
+  const std::size_t posicion = texto_->buscar(patron, inicio_ + desde);
+  return posicion == std::string_view::npos ? kNoEncontrado : posicion - inicio_;
 }
 
 /// Position behind the "=" of `clave`; 0 when absent.
@@ -87,14 +93,14 @@ int LeerBDL::leerReal(std::string_view clave, float& valor) const {
 LeerBDL::Lectura LeerBDL::consultarEntero(std::string_view clave, int& valor) const {
   const std::size_t posicion = buscarValor(clave);
   if (posicion == kNoEncontrado) return Lectura::kAusente;
-  std::string_view resto = std::string_view(*texto_).substr(posicion);
+  std::string_view resto = texto().substr(posicion);
   return scanInteger(resto, valor) ? Lectura::kLeida : Lectura::kSinNumero;
 }
 
 LeerBDL::Lectura LeerBDL::consultarReal(std::string_view clave, float& valor) const {
   const std::size_t posicion = buscarValor(clave);
   if (posicion == kNoEncontrado) return Lectura::kAusente;
-  std::string_view resto = std::string_view(*texto_).substr(posicion);
+  std::string_view resto = texto().substr(posicion);
   if (!scanReal(resto, valor)) return Lectura::kSinNumero;
   valor = pasarPorConversionRegional(valor);
   return Lectura::kLeida;
@@ -103,7 +109,7 @@ LeerBDL::Lectura LeerBDL::consultarReal(std::string_view clave, float& valor) co
 int LeerBDL::leerCadena(std::string_view clave, std::string& valor, std::size_t capacidad) const {
   const std::size_t posicion = buscarValor(clave);
   if (posicion == kNoEncontrado) return -1;
-  std::string_view resto = std::string_view(*texto_).substr(posicion);
+  std::string_view resto = texto().substr(posicion);
   const std::size_t blancos = std::min(resto.find_first_not_of(' '), resto.size());
   if (blancos >= kMaximoBlancos) fallar(clave, "hay demasiados blancos delante del valor");
   resto.remove_prefix(blancos);
@@ -128,13 +134,12 @@ int LeerBDL::leerListaReales(std::string_view clave, std::span<float> valores) c
   // all no comma counts, and the list has one value.
   const std::size_t cierra = std::max(buscar(")", abre + 2), abre + 1);
 
-  const std::string_view texto = *texto_;
-  const std::string_view lista = texto.substr(abre + 1, cierra - abre - 1);
+  const std::string_view lista = texto().substr(abre + 1, cierra - abre - 1);
   const std::size_t numero = static_cast<std::size_t>(std::ranges::count(lista, ',')) + 1;
   if (numero > valores.size()) fallarPorLargo(clave, valores.size());
   std::size_t inicio = abre + 1;
   for (std::size_t i = 0; i < numero; ++i) {
-    std::string_view resto = texto.substr(inicio);
+    std::string_view resto = texto().substr(inicio);
     scanReal(resto, valores[i]);
     inicio = buscar(",", inicio) + 1;
   }
@@ -156,7 +161,7 @@ int LeerBDL::leerListaCadenas(std::string_view clave, std::vector<std::string>& 
     const std::size_t largo = cierre - comillas + 1;
     if (largo >= capacidad) fallar(clave, "un valor de la lista es demasiado largo");
     if (valores.size() == maximo) fallarPorLargo(clave, maximo);
-    valores.push_back(texto_->substr(comillas, largo));
+    valores.emplace_back(texto().substr(comillas, largo));
     // Two blanks before the ")" and the reading runs on into the following quotes; no ")" at all
     // ends it.
     const std::size_t parentesis = buscar(")", cierre + 1);
@@ -172,8 +177,8 @@ std::size_t LeerBDL::buscarComando(std::string_view tipo, std::size_t desde) con
   constexpr std::size_t kDelante = 4;  // `" = `, the characters before the type word
   for (std::size_t p = buscar(tipo, std::max(desde, kDelante)); p != kNoEncontrado;
        p = buscar(tipo, p + 1)) {
-    const std::string& texto = *texto_;
-    if (texto[p - 1] == ' ' && texto[p - 2] == '=' && texto[p - 4] == '"') return p;
+    const std::string_view delante = texto().substr(p - kDelante, kDelante);
+    if (delante.front() == '"' && delante.ends_with("= ")) return p;
   }
   return kNoEncontrado;
 }
@@ -190,21 +195,24 @@ std::string LeerBDL::siguienteComando(std::string_view tipo, std::size_t capacid
   const std::size_t palabra = buscarComando(tipo, cursor_);
   if (palabra == kNoEncontrado) fallar(tipo, "no hay más comandos de este tipo"_cp1252);
   cursor_ = palabra + 1;
-  const std::size_t cierre = texto_->rfind('"', palabra - 1);
-  const std::size_t apertura = cierre == 0 ? std::string::npos : texto_->rfind('"', cierre - 1);
+  const std::size_t cierre = texto().rfind('"', palabra - 1);
+  const std::size_t apertura = cierre == 0 ? std::string::npos : texto().rfind('"', cierre - 1);
   if (apertura == std::string::npos) fallar(tipo, "falta el nombre entre comillas de un comando");
-  std::string nombre = texto_->substr(apertura + 1, cierre - apertura - 1);
+  std::string nombre(texto().substr(apertura + 1, cierre - apertura - 1));
   Global2::entrecomillar(nombre);
   if (nombre.size() >= capacidad) fallar(tipo, "el nombre de un comando es demasiado largo");
   return nombre;
 }
 
-const LeerBDL::Indice& LeerBDL::indice(std::string_view tipo) {
+LeerBDL::Indice& LeerBDL::indice(std::string_view tipo) {
   if (indice_ && indice_->tipo == tipo) return *indice_;
-  indice_ = {std::string(tipo), {}, {}, buscar(concat(kCabeceraDefectos, tipo), 0)};
+  indice_.emplace();
+  indice_->tipo = tipo;
+  indice_->defectos = buscar(concat(kCabeceraDefectos, tipo), 0);
+  indice_->comandos = contarComandos(tipo);
   if (!texto_) return *indice_;
 
-  const std::string_view texto = *texto_;
+  const std::string_view texto = this->texto();
   for (std::size_t igual = texto.find('='); igual != std::string_view::npos;
        igual = texto.find('=', igual + 1)) {
     const std::string_view detras = texto.substr(igual, kHolguraTipo + tipo.size());
@@ -229,80 +237,79 @@ const LeerBDL::Indice& LeerBDL::indice(std::string_view tipo) {
 /// name has a "=" of its own.
 std::size_t LeerBDL::buscarEtiqueta(const std::string& nombre, std::string_view tipo) {
   // What stands at the very start of the text is not found.
-  if (!texto_ || texto_->starts_with(nombre)) return kNoEncontrado;
+  if (!texto_ || texto().starts_with(nombre)) return kNoEncontrado;
   const Indice& comandos = indice(tipo);
   if (nombre.find('"', 1) == nombre.size() - 1 && nombre.front() == '"') {
     const auto etiqueta = comandos.etiquetas.find(nombre);
     return etiqueta == comandos.etiquetas.end() ? kNoEncontrado : etiqueta->second;
   }
-  const std::string_view texto = *texto_;
   for (const std::size_t igual : comandos.iguales) {
     for (std::size_t hueco = kHolguraIgual + 1; hueco-- > 0;) {
       if (igual <= hueco + nombre.size()) continue;
       const std::size_t p = igual - hueco - nombre.size();
-      const std::string_view etiqueta = texto.substr(p, igual - p);
+      const std::string_view etiqueta = texto().substr(p, igual - p);
       if (etiqueta.starts_with(nombre) && etiqueta.find('=') == std::string_view::npos) return p;
     }
   }
   return kNoEncontrado;
 }
 
-/// Label of the first command of `tipo` whose LONG-NAME, or else NAME, is `nombre`. Candidates are
-/// looked up by label alone, so the search ends; one that its own label does not find (at the very
-/// start of the text, or with "=" in it) ends the run.
-std::optional<std::string> LeerBDL::buscarNombreLargo(std::string_view tipo,
-                                                      const std::string& nombre) {
-  const int numero = contarComandos(tipo);
-  rebobinar();
-  std::optional<std::string> encontrado;
-  // Labels from here to there have the value that the last one had: their commands run to the same
-  // "..", and no NAME stands between (a label begins with a quote, so none begins inside a
-  // LONG-NAME). Without this, many commands without a ".." of their own would each be read to the
-  // far end.
-  std::size_t igualesDesde = 1;
-  std::size_t igualesHasta = 0;
-  for (int i = 0; i < numero && !encontrado; ++i) {
-    const std::string candidato = siguienteComando(tipo);
-    const std::size_t posicion = buscarEtiqueta(candidato, tipo);
-    if (posicion == kNoEncontrado) ReportFailure(ErrorLog, "No se encuentra: " + candidato);
-    if (posicion >= igualesDesde && posicion <= igualesHasta) continue;
-    const LeerBDL comando(ruta_, textoDeComando(tipo, posicion));
-    const std::size_t fin = buscarCierreDeComando(tipo, posicion);
-    const std::size_t primerNombre = comando.buscar("NAME", 0);
-    igualesDesde = posicion;
-    igualesHasta =
-        primerNombre == kNoEncontrado ? fin - 1 : std::min(posicion + primerNombre, fin - 1);
-    std::string valor;
-    // "NAME " with its blank, or it would be found inside LONG-NAME.
-    const bool leido =
-        comando.leerCadena("LONG-NAME", valor) == 0 || comando.leerCadena("NAME ", valor) == 0;
-    if (leido && valor == nombre) encontrado = candidato;
+/// Position of the label of the first command of `tipo` whose LONG-NAME, or else NAME, is `nombre`;
+/// 0 when there is none. Leaves the cursor at the start of the text, as it always has.
+std::size_t LeerBDL::buscarNombreLargo(const std::string& nombre, std::string_view tipo) {
+  Indice& comandos = indice(tipo);
+  situarCursor(comandos.cursor);
+  auto hallado = comandos.nombresLargos.find(nombre);
+  while (hallado == comandos.nombresLargos.end() && comandos.candidatos < comandos.comandos) {
+    verCandidato(comandos);
+    hallado = comandos.nombresLargos.find(nombre);
   }
-  situarCursor(0);
-  return encontrado;
+  rebobinar();
+  return hallado == comandos.nombresLargos.end() ? kNoEncontrado : hallado->second;
 }
 
-/// Text of the command of `tipo` whose label stands at `posicion`, without its "..", and behind it
-/// the type's defaults block, if there is one.
-std::string LeerBDL::textoDeComando(std::string_view tipo, std::size_t posicion) {
-  const std::size_t fin = buscarCierreDeComando(tipo, posicion);
-  std::string texto = texto_->substr(posicion, fin - posicion);
-  if (const std::size_t defectos = indice(tipo).defectos; defectos != kNoEncontrado) {
-    const std::string cabecera = concat(kCabeceraDefectos, tipo);
+/// Enters the next command's long name. Candidates are looked up by label alone, so the search
+/// ends; one that its own label does not find (at the very start of the text, or with "=" in it)
+/// ends the run.
+void LeerBDL::verCandidato(Indice& comandos) {
+  const std::string candidato = siguienteComando(comandos.tipo);
+  const std::size_t etiqueta = buscarEtiqueta(candidato, comandos.tipo);
+  if (etiqueta == kNoEncontrado) ReportFailure(ErrorLog, "No se encuentra: " + candidato);
+  const LeerBDL comando(*this, comandos.tipo, Etiqueta{etiqueta});
+  std::string valor;
+  // "NAME " with its blank, or it would be found inside LONG-NAME.
+  if (comando.leerCadena("LONG-NAME", valor) == 0 || comando.leerCadena("NAME ", valor) == 0) {
+    comandos.nombresLargos.try_emplace(valor, etiqueta);
+  }
+  ++comandos.candidatos;
+  comandos.cursor = cursor_;
+}
+
+/// Cuts out what all commands that run to the ".." at `cierre` are ends of, `etiqueta` being the
+/// label of one of them: the text behind the ".." before, and behind it the type's defaults block,
+/// if there is one.
+void LeerBDL::cortarTextoComun(Indice& comandos, std::size_t etiqueta, std::size_t cierre) const {
+  const std::size_t anterior = texto().rfind(kCierre, etiqueta);
+  const std::size_t inicio = anterior == std::string_view::npos ? 0 : anterior;
+  std::string comun(texto().substr(inicio, cierre - inicio));
+  if (const std::size_t defectos = comandos.defectos; defectos != kNoEncontrado) {
+    const std::string cabecera = concat(kCabeceraDefectos, comandos.tipo);
     const std::size_t finDefectos = buscarCierre(defectos, cabecera);
     if (finDefectos - defectos >= kLargoDefectos) fallar(cabecera, "el bloque es demasiado largo");
-    texto.append(*texto_, defectos, finDefectos - defectos);
+    comun.append(texto(), defectos, finDefectos - defectos);
   }
-  return texto;
+  comandos.comun = std::make_shared<Texto>(std::move(comun));
+  comandos.inicio = inicio;
+  comandos.cierre = cierre;
 }
 
-/// Position of the ".." of the command whose label stands at `posicion`; the error without one
+/// Position of the ".." of the command whose label stands at `etiqueta`; the error without one
 /// shows how the command begins.
-std::size_t LeerBDL::buscarCierreDeComando(std::string_view tipo, std::size_t posicion) const {
-  const std::size_t fin = buscar(kCierre, posicion + 1);
+std::size_t LeerBDL::buscarCierreDeComando(std::string_view tipo, std::size_t etiqueta) const {
+  const std::size_t fin = buscar(kCierre, etiqueta + 1);
   if (fin != kNoEncontrado) return fin;
-  const std::size_t finTipo = buscar(tipo, posicion) + tipo.size();
-  return buscarCierre(posicion + 1, texto_->substr(posicion, finTipo - posicion));
+  const std::size_t finTipo = buscar(tipo, etiqueta) + tipo.size();
+  return buscarCierre(etiqueta + 1, texto().substr(etiqueta, finTipo - etiqueta));
 }
 
 std::size_t LeerBDL::buscarCierre(std::size_t posicion, std::string_view que) const {

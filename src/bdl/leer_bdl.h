@@ -1,12 +1,15 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
+
+#include "bdl/texto.h"
 
 /// A building description text held whole as one string and queried by substring search. There is
 /// no tree: a keyword is found wherever its characters occur first, also inside a longer name or a
@@ -44,8 +47,8 @@ class LeerBDL {
 
   virtual ~LeerBDL() = default;
 
-  /// The text, owned by this object; null for a command or block that was not found.
-  const std::string* obtenerTexto() const { return texto_ ? &*texto_ : nullptr; }
+  /// The text, which lives as long as this object; none for a command or block not found.
+  std::optional<std::string_view> obtenerTexto() const;
   /// The file that the text comes from.
   const std::string& ruta() const { return ruta_; }
 
@@ -91,24 +94,43 @@ class LeerBDL {
     std::string tipo;
     std::vector<std::size_t> iguales;  // the "=" with the type word within three characters
     std::unordered_map<std::string, std::size_t> etiquetas;  // quoted name: its first label
-    std::size_t defectos;  // where SET-DEFAULT FOR the type begins; 0: there is none
+    std::size_t defectos = 0;  // where SET-DEFAULT FOR the type begins; 0: there is none
+    int comandos = 0;          // as contarComandos counts them
+
+    // The search by long name, as far as it has come.
+    int candidatos = 0;                                          // commands seen
+    std::size_t cursor = 0;                                      // behind the last of them
+    std::unordered_map<std::string, std::size_t> nombresLargos;  // long name: its first label
+
+    // The text of the commands that run to the ".." last met: each of them is an end of it.
+    std::shared_ptr<Texto> comun;
+    std::size_t inicio = 0;  // where it begins in the whole text, and where that ".." stands
+    std::size_t cierre = 0;
   };
 
+  /// Where the label of a command stands; 0: nowhere.
+  struct Etiqueta {
+    std::size_t posicion;
+  };
+  LeerBDL(LeerBDL& origen, std::string_view tipo, Etiqueta etiqueta);
+
   void cargar();
-  const Indice& indice(std::string_view tipo);
+  std::string_view texto() const { return texto_->bytes().substr(inicio_); }
+  Indice& indice(std::string_view tipo);
   std::size_t buscarValor(std::string_view clave) const;
-  std::size_t buscarEtiqueta(const std::string& nombre, std::string_view tipo);
   std::size_t buscarComando(std::string_view tipo, std::size_t desde) const;
-  std::optional<std::string> buscarNombreLargo(std::string_view tipo, const std::string& nombre);
-  std::string textoDeComando(std::string_view tipo, std::size_t posicion);
-  std::size_t buscarCierreDeComando(std::string_view tipo, std::size_t posicion) const;
+  std::size_t buscarEtiqueta(const std::string& nombre, std::string_view tipo);
+  std::size_t buscarNombreLargo(const std::string& nombre, std::string_view tipo);
+  void verCandidato(Indice& comandos);
+  void cortarTextoComun(Indice& comandos, std::size_t etiqueta, std::size_t cierre) const;
+  std::size_t buscarCierreDeComando(std::string_view tipo, std::size_t etiqueta) const;
   std::size_t buscarCierre(std::size_t posicion, std::string_view que) const;
   [[noreturn]] void fallarPorLargo(std::string_view clave, std::size_t maximo) const;
   [[noreturn]] void fallar(std::string_view que, std::string_view problema) const;
-  LeerBDL(std::string ruta, std::string texto);
 
   std::string ruta_;
-  std::optional<std::string> texto_;
+  std::shared_ptr<Texto> texto_;  // null: not found
+  std::size_t inicio_ = 0;        // where in it this object's text begins
   std::optional<Indice> indice_;  // of the type last asked for
   std::size_t cursor_ = 0;
 };

@@ -102,9 +102,7 @@ void leerVivienda(const LeerBDL& vivienda, R& r) {
 /// The text of the command of `tipo` called `nombre`; empty without a name or without a command.
 std::string textoDeComando(LeerBDL& modelo, std::string_view tipo, const std::string& nombre) {
   if (nombre.empty()) return {};
-  const LeerBDL comando(modelo, tipo, nombre);
-  const std::string* texto = comando.obtenerTexto();
-  return texto != nullptr ? *texto : std::string();
+  return std::string(LeerBDL(modelo, tipo, nombre).obtenerTexto().value_or(""));
 }
 
 }  // namespace

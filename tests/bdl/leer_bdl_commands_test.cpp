@@ -158,8 +158,8 @@ TEST(ExtractCommand, KnowsItsFile) {
 
 TEST(ExtractCommand, HasNoTextWhenThereIsNone) {
   LoadedText file("\n\"M1\" = WALL ..");
-  EXPECT_EQ(nullptr, LeerBDL(file.model, "WALL", "\"M9\"").obtenerTexto());
-  EXPECT_EQ(nullptr, LeerBDL(file.model, "DOOR", "\"M1\"").obtenerTexto());
+  EXPECT_FALSE(LeerBDL(file.model, "WALL", "\"M9\"").obtenerTexto());
+  EXPECT_FALSE(LeerBDL(file.model, "DOOR", "\"M1\"").obtenerTexto());
 }
 
 TEST(ExtractCommand, FindsTheLabelBehindOtherUsesOfTheName) {
@@ -248,7 +248,7 @@ TEST(ExtractBlock, GetsNoDefaultsAppended) {
 TEST(ExtractBlock, AMissingWordIsSaidAndHasNoText) {
   LoadedText file("\nA = 1 ..");
   bool found = true;
-  EXPECT_EQ(nullptr, LeerBDL(file.model, "HOUSE", found).obtenerTexto());
+  EXPECT_FALSE(LeerBDL(file.model, "HOUSE", found).obtenerTexto());
   EXPECT_FALSE(found);
 }
 

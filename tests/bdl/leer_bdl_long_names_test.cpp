@@ -90,7 +90,7 @@ TEST(LongNameSearch, LeavesTheEnumerationAtTheStart) {
   file.model.siguienteComando("WALL");
   file.model.siguienteComando("WALL");
   const LeerBDL found(file.model, "WALL", "\"A\"");
-  ASSERT_NE(nullptr, found.obtenerTexto());
+  ASSERT_TRUE(found.obtenerTexto());
   EXPECT_EQ("\"M1\"", file.model.siguienteComando("WALL"));
 }
 
@@ -98,7 +98,7 @@ TEST(LongNameSearch, ALabelThatIsFoundLeavesTheEnumerationWhereItWas) {
   LoadedText file("\n\"M1\" = WALL ..\n\"M2\" = WALL ..");
   file.model.siguienteComando("WALL");
   const LeerBDL found(file.model, "WALL", "\"M1\"");
-  ASSERT_NE(nullptr, found.obtenerTexto());
+  ASSERT_TRUE(found.obtenerTexto());
   EXPECT_EQ("\"M2\"", file.model.siguienteComando("WALL"));
 }
 

@@ -27,6 +27,5 @@ class LoadedText {
 
 /// A command or block's text, or what stands for a missing one.
 inline std::string textOf(const LeerBDL& piece) {
-  const std::string* text = piece.obtenerTexto();
-  return text != nullptr ? *text : "(not found)";
+  return std::string(piece.obtenerTexto().value_or("(not found)"));
 }

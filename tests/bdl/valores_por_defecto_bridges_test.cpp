@@ -50,6 +50,25 @@ TEST(ThermalBridges, ALibraryMayHaveNone) {
   EXPECT_EQ(0, V(folder.write("defectos.inp", "\nx")).numPuentes());
 }
 
+// Walked anew for each bridge, a library of this size would take minutes.
+TEST(ThermalBridges, ThousandsMayShareOneEndAndTheValuesThatFollow) {
+  constexpr int kMany = 50'000;
+  std::string text = "\nSET-DEFAULT FOR THERMAL-BRIDGE PARTITION = YES ..\n";
+  for (int i = 0; i < kMany; ++i) {
+    text += "\"P" + std::to_string(i) + "\" = THERMAL-BRIDGE\n";
+    if (i == kMany / 2) text += " TTL = 0.5 TYPE = OTHER\n";
+  }
+  const std::vector<Puente> all = bridges(text + " TTL = 0.25 ..\n");
+  ASSERT_EQ(std::size_t{kMany}, all.size());
+  for (int i = 0; i < kMany; ++i) {
+    const Puente& puente = all[static_cast<std::size_t>(i)];
+    const bool beforeTheMiddle = i <= kMany / 2;
+    ASSERT_EQ(beforeTheMiddle ? 0.5F : 0.25F, puente.TTL) << i;
+    ASSERT_EQ(beforeTheMiddle ? "OTHER" : "MASONRY", puente.TYPE) << i;
+    ASSERT_EQ("YES", puente.PARTITION) << i;
+  }
+}
+
 TEST(ThermalBridges, AreListedInFileOrderWithTheirNamesInQuotes) {
   const TemporaryFolder folder;
   const V values(folder.write("defectos.inp",
