@@ -1,6 +1,7 @@
 #include "bdl/leer_bdl.h"
 
 #include <algorithm>
+#include <unordered_map>
 #include <utility>
 
 #include "core/concat.h"
@@ -29,6 +30,26 @@ constexpr std::size_t kHolguraTipo = 3;
 constexpr std::string_view kCabeceraDefectos = "SET-DEFAULT FOR ";
 
 }  // namespace
+
+/// What the look-ups of all commands of one type share. A file may have thousands of them, and
+/// each would otherwise walk the whole text.
+struct LeerBDL::Indice {
+  std::string tipo;
+  std::vector<std::size_t> iguales;  // the "=" with the type word within three characters
+  std::unordered_map<std::string, std::size_t> etiquetas;  // quoted name: its first label
+  std::size_t defectos = 0;  // where SET-DEFAULT FOR the type begins; 0: there is none
+  int comandos = 0;          // as contarComandos counts them
+
+  // The search by long name, as far as it has come.
+  int candidatos = 0;                                          // commands seen
+  std::size_t cursor = 0;                                      // behind the last of them
+  std::unordered_map<std::string, std::size_t> nombresLargos;  // long name: its first label
+
+  // The text of the commands that run to the ".." last met: each of them is an end of it.
+  std::shared_ptr<Texto> comun;
+  std::size_t inicio = 0;  // where it begins in the whole text, and where that ".." stands
+  std::size_t cierre = 0;
+};
 
 LeerBDL::LeerBDL(const std::string& ruta) : ruta_(ruta) { cargar(); }
 
@@ -206,7 +227,7 @@ std::string LeerBDL::siguienteComando(std::string_view tipo, std::size_t capacid
 
 LeerBDL::Indice& LeerBDL::indice(std::string_view tipo) {
   if (indice_ && indice_->tipo == tipo) return *indice_;
-  indice_.emplace();
+  indice_ = std::make_shared<Indice>();
   indice_->tipo = tipo;
   indice_->defectos = buscar(concat(kCabeceraDefectos, tipo), 0);
   indice_->comandos = contarComandos(tipo);

@@ -6,7 +6,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "bdl/texto.h"
@@ -88,26 +87,7 @@ class LeerBDL {
   void situarCursor(std::size_t posicion) { cursor_ = posicion; }
 
  private:
-  /// What the look-ups of all commands of one type share. A file may have thousands of them, and
-  /// each would otherwise walk the whole text.
-  struct Indice {
-    std::string tipo;
-    std::vector<std::size_t> iguales;  // the "=" with the type word within three characters
-    std::unordered_map<std::string, std::size_t> etiquetas;  // quoted name: its first label
-    std::size_t defectos = 0;  // where SET-DEFAULT FOR the type begins; 0: there is none
-    int comandos = 0;          // as contarComandos counts them
-
-    // The search by long name, as far as it has come.
-    int candidatos = 0;                                          // commands seen
-    std::size_t cursor = 0;                                      // behind the last of them
-    std::unordered_map<std::string, std::size_t> nombresLargos;  // long name: its first label
-
-    // The text of the commands that run to the ".." last met: each of them is an end of it.
-    std::shared_ptr<Texto> comun;
-    std::size_t inicio = 0;  // where it begins in the whole text, and where that ".." stands
-    std::size_t cierre = 0;
-  };
-
+  struct Indice;
   /// Where the label of a command stands; 0: nowhere.
   struct Etiqueta {
     std::size_t posicion;
@@ -129,8 +109,8 @@ class LeerBDL {
   [[noreturn]] void fallar(std::string_view que, std::string_view problema) const;
 
   std::string ruta_;
-  std::shared_ptr<Texto> texto_;  // null: not found
-  std::size_t inicio_ = 0;        // where in it this object's text begins
-  std::optional<Indice> indice_;  // of the type last asked for
+  std::shared_ptr<Texto> texto_;    // null: not found
+  std::size_t inicio_ = 0;          // where in it this object's text begins
+  std::shared_ptr<Indice> indice_;  // of the type last asked for
   std::size_t cursor_ = 0;
 };

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// A text that is searched over and over for the same patterns, mostly ever further on. It keeps
 /// the last search of each pattern, so that many searches which end at the same place, or nowhere,
