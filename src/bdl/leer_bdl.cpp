@@ -29,6 +29,12 @@ constexpr std::size_t kHolguraTipo = 3;
 
 constexpr std::string_view kCabeceraDefectos = "SET-DEFAULT FOR ";
 
+/// A search key as people know it: without the blanks and the "=" that narrow its search.
+std::string_view palabra(std::string_view clave) {
+  clave.remove_prefix(std::min(clave.find_first_not_of(' '), clave.size()));
+  return clave.substr(0, clave.find_last_not_of(" =") + 1);  // npos + 1 is 0
+}
+
 }  // namespace
 
 /// What the look-ups of all commands of one type share. A file may have thousands of them, and
@@ -345,5 +351,5 @@ void LeerBDL::fallarPorLargo(std::string_view clave, std::size_t maximo) const {
 }
 
 void LeerBDL::fallar(std::string_view que, std::string_view problema) const {
-  ReportFailure(ErrorLog, errorInFile(ruta_, 0, concat(que, ": ", problema)));
+  ReportFailure(ErrorLog, errorInFile(ruta_, 0, concat(palabra(que), ": ", problema)));
 }

@@ -22,7 +22,8 @@
 /// very start of the text is not found either, and files are written with that in mind.
 ///
 /// Errors: a file that cannot be read, a value that breaks a limit and a command or block without
-/// its closing ".." end the run with a message that names the file and the thing.
+/// its closing ".." end the run with a message that names the file and the thing, a search key
+/// without its blanks and "=".
 class LeerBDL {
  public:
   /// What a look-up of a number met.

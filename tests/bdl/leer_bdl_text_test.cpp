@@ -147,9 +147,19 @@ TEST(LeerCadena, WithoutALimitAnyLengthIsKept) {
   EXPECT_EQ(5000U, value.size());
 }
 
-TEST(LeerCadena, TheMessageNamesTheKeywordAsSearched) {
+TEST(LeerCadena, TheMessageNamesTheKeywordWithoutTheBlanksAndTheEqualsOfItsSearch) {
   const LoadedText file("\n MUROS-FACHADA = ");
+  for (const char* key : {" MUROS-FACHADA ", "MUROS-FACHADA =", "MUROS-FACHADA = "}) {
+    SCOPED_TRACE(key);
+    std::string value;
+    EXPECT_EQ(file.message("MUROS-FACHADA: falta el valor"),
+              stopMessage([&] { file.model.leerCadena(key, value); }));
+  }
+}
+
+TEST(LeerCadena, TheMessageAboutAKeyOfBlanksAndEqualsNamesNone) {
+  const LoadedText file("\nKEY = ");
   std::string value;
-  EXPECT_EQ(file.message(" MUROS-FACHADA : falta el valor"),
-            stopMessage([&] { file.model.leerCadena(" MUROS-FACHADA ", value); }));
+  EXPECT_EQ(file.message(": falta el valor"),
+            stopMessage([&] { file.model.leerCadena(" = ", value); }));
 }

@@ -165,9 +165,9 @@ TEST(ThermalBridges, TheirTextsHaveLessThan200Bytes) {
   const std::string longest(199, 'x');
   EXPECT_EQ(longest, bridge("\n\"P\" = THERMAL-BRIDGE TYPE = " + longest + " ..").TYPE);
   EXPECT_EQ(longest, bridge("\n\"P\" = THERMAL-BRIDGE PARTITION = " + longest + " ..").PARTITION);
-  EXPECT_EQ("(file): TYPE =: el valor es demasiado largo",
+  EXPECT_EQ("(file): TYPE: el valor es demasiado largo",
             stopIn("\n\"P\" = THERMAL-BRIDGE TYPE = " + longest + "x .."));
-  EXPECT_EQ("(file): PARTITION =: el valor es demasiado largo",
+  EXPECT_EQ("(file): PARTITION: el valor es demasiado largo",
             stopIn("\n\"P\" = THERMAL-BRIDGE PARTITION = " + longest + "x .."));
 }
 

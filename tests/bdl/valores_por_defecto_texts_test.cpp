@@ -155,11 +155,10 @@ TEST(SpacerType, ALongWordIsKeptWhole) {
 
 TEST(DefaultsTexts, HaveLessThan200Bytes) {
   EXPECT_EQ(text(199), library("\nTYPE_PARTITION = " + text(199)).TYPE_PARTITION);
-  expectFault("TYPE_PARTITION = : el valor es demasiado largo", "\nTYPE_PARTITION = " + text(200));
-  expectFault("INTERNAL-PARTITIONS = : el valor es demasiado largo",
+  expectFault("TYPE_PARTITION: el valor es demasiado largo", "\nTYPE_PARTITION = " + text(200));
+  expectFault("INTERNAL-PARTITIONS: el valor es demasiado largo",
               "\nINTERNAL-PARTITIONS = " + text(200));
-  expectFault("SEVERAL-OPTIONS = : el valor es demasiado largo",
-              "\nSEVERAL-OPTIONS = " + text(200));
+  expectFault("SEVERAL-OPTIONS: el valor es demasiado largo", "\nSEVERAL-OPTIONS = " + text(200));
 }
 
 TEST(NoHabitables, AreTheNamesInQuotes) {
@@ -197,9 +196,9 @@ TEST(DefaultsLibrary, TheFirstOfTwoFaultsIsReported) {
       {"the spacer before the partitions", "\nINTERNAL-PARTITIONS = \"x\nSPACER-TYPE = \"",
        "SPACER-TYPE: faltan las comillas de cierre del valor"},
       {"the partitions before the bridges", "\n\"P\" = THERMAL-BRIDGE\nTYPE_PARTITION = \"",
-       "TYPE_PARTITION = : faltan las comillas de cierre del valor"},
+       "TYPE_PARTITION: faltan las comillas de cierre del valor"},
       {"the options before the bridges", "\n\"P\" = THERMAL-BRIDGE\nSEVERAL-OPTIONS = \"",
-       "SEVERAL-OPTIONS = : faltan las comillas de cierre del valor"},
+       "SEVERAL-OPTIONS: faltan las comillas de cierre del valor"},
       {"the bridges before the names", "\n\"P\" = THERMAL-BRIDGE\nNO-HABITABLES = x",
        "\"P\" = THERMAL-BRIDGE: falta el cierre \"..\""},
       {"the names before the shutter", "\nNO-HABITABLES = x\nAUTOMATIC-SHUTTER = \"",

@@ -280,30 +280,16 @@ TEST(TypologyChecks, AListNeedsItsBracket) {
 }
 
 TEST(TypologyChecks, ATextHasLessThan250Bytes) {
-  const struct {
-    const char* keyword;
-    const char* search;  // as the message names it
-  } cases[] = {
-      {"CUBIERTA", "CUBIERTA"},
-      {"ATICO", "ATICO"},
-      {"SOTANO", "SOTANO"},
-      {"MUROS-FACHADA", " MUROS-FACHADA "},
-      {"PARTICION-INTERIOR-VERTICAL", " PARTICION-INTERIOR-VERTICAL "},
-      {"MEDIANERA", " MEDIANERA "},
-      {"SUELOS", " SUELOS "},
-      {"PARTICION-INTERIOR-HORIZONTAL", " PARTICION-INTERIOR-HORIZONTAL "},
-      {"CUBIERTAS", " CUBIERTAS "},
-      {"VENTANA-VIDRIO", "VENTANA-VIDRIO"},
-      {"VENTANA-MARCO", "VENTANA-MARCO"},
-      {"VENTANA-SOMBRA", "VENTANA-SOMBRA"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.keyword);
+  for (const char* keyword :
+       {"CUBIERTA", "ATICO", "SOTANO", "MUROS-FACHADA", "PARTICION-INTERIOR-VERTICAL", "MEDIANERA",
+        "SUELOS", "PARTICION-INTERIOR-HORIZONTAL", "CUBIERTAS", "VENTANA-VIDRIO", "VENTANA-MARCO",
+        "VENTANA-SOMBRA"}) {
+    SCOPED_TRACE(keyword);
     const std::string longest = '"' + std::string(247, 'x') + '"';
-    EXPECT_EQ(kNotStopped, stopWith(c.keyword, longest));
+    EXPECT_EQ(kNotStopped, stopWith(keyword, longest));
     EXPECT_EQ(
-        std::string("Error en el fichero casa.tip: ") + c.search + ": el valor es demasiado largo",
-        stopWith(c.keyword, longest.substr(0, 248) + "x\""));
+        std::string("Error en el fichero casa.tip: ") + keyword + ": el valor es demasiado largo",
+        stopWith(keyword, longest.substr(0, 248) + "x\""));
   }
 }
 
