@@ -67,11 +67,14 @@ void GeneratorContext::requireFiniteOutput() const {
                                              formatReal(notFiniteValue_))));
 }
 
+void GeneratorContext::failAtLine(long number, std::string_view what) const {
+  ReportFailure(ErrorLog, errorInFile(template_.name(), number, what));
+}
+
 bool GeneratorContext::readTemplateLine() {
   if (!template_.ReadLine(currentLine_)) return false;
   if (currentLine_.size() > kLongestLine) {
-    ReportFailure(ErrorLog, errorInFile(template_.name(), template_.lineNumber(),
-                                        "la línea es demasiado larga"_cp1252));
+    failAtLine(currentLineNumber(), "la línea es demasiado larga"_cp1252);
   }
   return true;
 }

@@ -30,6 +30,10 @@ class GeneratorContext {
 
   /// The template line last read; a view into the template.
   std::string_view currentLine() const { return currentLine_; }
+  /// Its number, from 1.
+  long currentLineNumber() const { return template_.lineNumber(); }
+  /// Ends the run with a message about the template's line `number`.
+  [[noreturn]] void failAtLine(long number, std::string_view what) const;
 
   void writeLine(std::string_view text);
   /// Writes "  KEYWORD = value " for a text, a number ("%d") or a real ("%f").

@@ -116,6 +116,7 @@ void emitWindow(GeneratorContext& context, int orientationClass, int surfaceInde
     return;
   }
 
+  const long headerNumber = context.currentLineNumber();
   context.writeLine(context.currentLine());
   const float templateHeight = copyForeignLines(context);
   context.writeKeyword("GLASS-TYPE", typology.ventanaVidrio);
@@ -130,10 +131,10 @@ void emitWindow(GeneratorContext& context, int orientationClass, int surfaceInde
   if (bays.count == 0) {
     const std::string_view name =
         context.table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
-    ReportFailure(ErrorLog,
-                  concat("Error al generar la ventana ", trimBlanks(name), ": la fachada ",
-                         facadeName(facade), streetSide ? "" : " del patio",
-                         " no tiene huecos en esta tipología"_cp1252));
+    context.failAtLine(
+        headerNumber,
+        concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, facadeName(facade),
+               streetSide ? "" : " del patio", ", que no tiene huecos en esta tipología"_cp1252));
   }
   const float bayArea = bays.surface / static_cast<float>(bays.count);
   const WindowSize size = sizeWindow(bays.percentage, bayArea, templateHeight);

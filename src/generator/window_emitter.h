@@ -19,5 +19,6 @@ WindowSize sizeWindow(float percentage, float bayArea, float templateHeight);
 /// Rewrites a WINDOW command, or removes it where its façade has no glazing. Called with the
 /// header in the current line. `surfaceIndex` is its row in the table; `courtyard` says that the
 /// window looks into the courtyard.
-/// Errors: a window in a roof or floor; a façade without bays.
+/// Errors: a window in a roof or floor; a façade without bays, with the number of the header's
+/// line.
 void emitWindow(GeneratorContext& context, int orientationClass, int surfaceIndex, bool courtyard);

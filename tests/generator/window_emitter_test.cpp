@@ -299,21 +299,27 @@ TEST(EmitWindow, OnAFacadeWithoutBaysEndsTheRun) {
     int orientationClass;
     bool courtyard;
     const char* height;
-    const char* facade;
+    const char* problem;
   } cases[] = {
-      {"south", kSur, false, "HEIGHT = 1", "sur"},
-      {"east", kEste, false, "HEIGHT = 1", "este"},
-      {"north", kNorte, false, "HEIGHT = 1", "norte"},
-      {"west", kOeste, false, "HEIGHT = 1", "oeste"},
-      {"the courtyard's", kEste, true, "HEIGHT = 1", "este del patio"},
+      {"south", kSur, false, "HEIGHT = 1",
+       "la ventana \"V\" está en la fachada sur, que no tiene huecos en esta tipología"},
+      {"east", kEste, false, "HEIGHT = 1",
+       "la ventana \"V\" está en la fachada este, que no tiene huecos en esta tipología"},
+      {"north", kNorte, false, "HEIGHT = 1",
+       "la ventana \"V\" está en la fachada norte, que no tiene huecos en esta tipología"},
+      {"west", kOeste, false, "HEIGHT = 1",
+       "la ventana \"V\" está en la fachada oeste, que no tiene huecos en esta tipología"},
+      {"the courtyard's", kEste, true, "HEIGHT = 1",
+       "la ventana \"V\" está en la fachada este del patio, que no tiene huecos en esta tipología"},
       {"a tall street window takes the courtyard's", kOeste, false, "HEIGHT = 3",
-       "oeste del patio"},
+       "la ventana \"V\" está en la fachada oeste del patio, que no tiene huecos en esta "
+       "tipología"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);
-    WindowRun run({"\"V\" = WINDOW", c.height, ".."}, noBays);
-    EXPECT_EQ(std::string("Error al generar la ventana \"V\": la fachada ") + c.facade +
-                  " no tiene huecos en esta tipología",
+    // The line is the command's header, not the end that the reading has come to.
+    WindowRun run({"$ casa", "\"V\" = WINDOW", c.height, ".."}, noBays);
+    EXPECT_EQ("Error en el fichero " + run.path("casa.bdl") + ", línea 2: " + c.problem,
               stopMessage([&] { emitWindow(run.context(), c.orientationClass, 0, c.courtyard); }));
   }
 }
