@@ -99,6 +99,14 @@ TEST_F(ConsoleProgram, WrongArgumentsEndWithTwoAndTheUsage) {
   EXPECT_FALSE(folder_.has("Error.log"));
 }
 
+TEST_F(ConsoleProgram, AnUnknownOptionIsNamedInFrontOfTheUsage) {
+  const ProgramResult result = runWith({"--rapido", "a.bdl", "b.tip", "salida.bdl", "fin.txt"});
+  EXPECT_EQ(2, result.status);
+  EXPECT_EQ("", result.out);
+  EXPECT_EQ("tip2bdl-cli: opción desconocida: --rapido", linesOf(result.err).at(0));
+  EXPECT_TRUE(linesOf(result.err).at(1).starts_with("Uso: tip2bdl-cli "));
+}
+
 TEST_F(ConsoleProgram, HelpAndVersionGoToStandardOutput) {
   const ProgramResult help = runWith({"--help"});
   EXPECT_EQ(0, help.status);
