@@ -3,18 +3,21 @@
 
     check_messages.py SOURCE_FOLDER DOCUMENT
 
-In the document a message stands in backquotes in a table's column "mensaje"; what changes from run
-to run stands in it between ‹ and ›. Two faults are looked for:
+Two faults are looked for:
 
   - a text of the sources that reads like a message (it has a blank between words) and is neither
     part of a message of the document nor known to be something else (OTHER_TEXTS);
   - a message of the document, or a piece of one between its ‹›, that is not made of whole texts of
     the sources.
+
+That the pieces follow each other as the document says, and its numbers, is for provoke_messages.py.
 """
 
 import re
 import sys
 from pathlib import Path
+
+from messages_document import rows_of
 
 # Texts with blanks that are no messages of a fault, each with where it goes.
 OTHER_TEXTS = {
@@ -71,25 +74,6 @@ def texts_of(source):
     return texts
 
 
-def messages_of(document):
-    """The backquoted texts of the column "mensaje" of all tables."""
-    messages = []
-    column = None
-    for line in document.splitlines():
-        if not line.startswith("|"):
-            column = None
-            continue
-        cells = [cell.strip() for cell in re.split(r"(?<!\\)\|", line)[1:-1]]
-        if "mensaje" in cells:
-            column = cells.index("mensaje")
-        elif column is not None and not set(line) <= set("|-: "):
-            found = re.findall(r"`([^`]*)`", cells[column])
-            if not found:
-                sys.exit(f"a row without a message: {line}")
-            messages += [text.replace("\\|", "|") for text in found]
-    return messages
-
-
 def cover(piece, texts):
     """The texts that make up `piece` one after the other; None when it can't be."""
     best = {len(piece): []}
@@ -119,14 +103,15 @@ def main(source_folder, document_file):
     if len(texts) < 100:
         sys.exit(f"only {len(texts)} texts found in {source_folder}: the reading of sources is broken")
 
-    messages = messages_of(Path(document_file).read_text(encoding="utf-8"))
+    rows = rows_of(Path(document_file).read_text(encoding="utf-8"))
     faults = []
     used = set()
-    for message in messages:
-        for piece in re.split(r"‹[^›]*›", message):
+    for row in rows:
+        for piece in row.pieces():
             made_of = cover(piece, texts)
             if made_of is None:
-                faults.append(f"in the document but not in the sources: {message!r} ({piece!r})")
+                faults.append(
+                    f"in the document but not in the sources: {row.message!r} ({piece!r})")
             else:
                 used.update(made_of)
     for text, name in texts.items():
@@ -137,7 +122,7 @@ def main(source_folder, document_file):
             faults.append(f"known as no message but no longer in the sources: {text!r}")
     for fault in faults:
         print(fault)
-    print(f"{len(messages)} messages, {len(texts)} texts, {len(faults)} faults")
+    print(f"{len(rows)} rows, {len(texts)} texts, {len(faults)} faults")
     return 1 if faults else 0
 
 
