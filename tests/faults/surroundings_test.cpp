@@ -258,6 +258,24 @@ TEST_F(Surroundings, APipeTakesTheOutput) {
   EXPECT_TRUE(taken == place_.expectedOutput());
 }
 
+TEST_F(Surroundings, APipeWaitsForItsReader) {
+  ASSERT_EQ(0, mkfifo(path("tubo").c_str(), 0600));
+  RunOptions impatient;
+  impatient.patienceMs = 1000;
+  for (const Argument argument : {kOutput, kMarker}) {
+    place_.reset();
+    EXPECT_TRUE(runWith(argument, path("tubo"), impatient).timedOut);
+    EXPECT_EQ(argument == kMarker, place_.outputIsComplete());
+    EXPECT_FALSE(place_.hasMarker());
+  }
+  int marker = -1;
+  std::thread reader([&] { marker = open(path("tubo").c_str(), O_RDONLY | O_CLOEXEC); });
+  const FaultedRun result = runWith(kMarker, path("tubo"));
+  reader.join();
+  close(marker);
+  EXPECT_EQ(0, result.status) << result.err;
+}
+
 TEST_F(Surroundings, APipeWhoseReaderGoesIsAWriteError) {
   ASSERT_EQ(0, mkfifo(path("tubo").c_str(), 0600));
   const int readEnd = open(path("tubo").c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
