@@ -85,6 +85,26 @@ void checkWriting(std::string_view bytes) {
   expect(readFile(path) == expected, "the file differs from what was written");
 }
 
+/// All lines of the file at `path` handed on, every third with one of the copy's own behind it.
+void checkCopying(const std::string& path, std::string_view bytes) {
+  const std::string copy = scratchFolder() + "copiado";
+  std::string expected;
+  {
+    fichero source(path, "lectura");
+    fichero output(copy, "escritura");
+    for (const std::string& line : modelOf(bytes).lines) {
+      std::string_view ignored;
+      source.ReadLine(ignored);
+      expect(output.CopyLine(source), "a line was not taken");
+      expected.append(line).append("\n");
+      if (source.lineNumber() % 3 != 0) continue;
+      output.WriteLine("own");
+      expected.append("own\n");
+    }
+  }
+  expect(readFile(copy) == expected, "the copy differs from what was handed out");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -94,6 +114,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   expectOneLine(ending);
   const bool hasNul = bytes.find('\0') != std::string_view::npos;
   expect(ending.stopped == hasNul, "stopped without a NUL, or not stopped by one");
-  if (!hasNul) expect(!endingOf([&] { checkWriting(bytes); }).stopped, "writing was stopped");
+  if (hasNul) return 0;
+  expect(!endingOf([&] { checkWriting(bytes); }).stopped, "writing was stopped");
+  expect(!endingOf([&] { checkCopying(path, bytes); }).stopped, "copying was stopped");
   return 0;
 }

@@ -13,6 +13,10 @@
 
 namespace {
 
+constexpr std::size_t kBlock = 1 << 16;  // bytes read or written in one go
+
+constexpr std::string_view kNotWriting = "El fichero debe ser de tipo escritura";
+
 /// The one fatal path beside ReportError: it leaves Error.log alone.
 [[noreturn]] void failReading(std::string_view message, const std::string& name) {
   Application->MessageBox(concat(message, name), kErrorCaption);
@@ -24,6 +28,16 @@ std::string_view withoutLineEnd(std::string_view line) {
   line.remove_suffix(1);
   if (line.ends_with('\r')) line.remove_suffix(1);
   return line;
+}
+
+/// The piece of `rest`, which is not empty, that one read takes.
+inline std::string_view firstPiece(std::string_view rest) {
+  const std::size_t lineFeed = rest.substr(0, fichero::kLongestRead).find('\n');
+  if (lineFeed != std::string_view::npos) return rest.substr(0, lineFeed + 1);
+  const std::string_view piece = rest.substr(0, fichero::kLongestRead);
+  // CR LF is one line end, so the limit does not come between the two.
+  const bool cutsLineEnd = piece.ends_with('\r') && rest.substr(piece.size()).starts_with('\n');
+  return rest.substr(0, piece.size() + (cutsLineEnd ? 1 : 0));
 }
 
 }  // namespace
@@ -57,14 +71,14 @@ void fichero::readWhole() {
   std::error_code noSize;
   const std::uintmax_t size = std::filesystem::file_size(name_, noSize);
   if (!noSize) text_.reserve(size);
-  char block[1 << 16];
+  char block[kBlock];
   std::size_t got = 0;
   while ((got = std::fread(block, 1, sizeof block, stream_.get())) > 0) {
     text_.append(block, got);
     rejectNul(text_.size() - got);  // block by block: /dev/zero has no end
   }
   if (std::ferror(stream_.get()) != 0) failReading("Error al leer fichero: ", name_);
-  repeatsLast_ = text_.empty();
+  last_ = std::string_view(text_).substr(0, 0);
 }
 
 void fichero::rejectNul(std::size_t from) const {
@@ -74,27 +88,13 @@ void fichero::rejectNul(std::size_t from) const {
   ReportFailure(ErrorLog, errorInFile(name_, line, "contiene un carácter nulo"_cp1252));
 }
 
-std::string_view fichero::pieceAt(std::size_t position) const {
-  const std::string_view rest = std::string_view(text_).substr(position);
-  const std::string_view piece = rest.substr(0, kLongestRead);
-  const std::size_t lineEnd = piece.find('\n');
-  if (lineEnd != std::string_view::npos) return piece.substr(0, lineEnd + 1);
-  // CR LF is one line end, so the limit does not come between the two.
-  const bool cutsLineEnd = piece.ends_with('\r') && rest.substr(piece.size()).starts_with('\n');
-  return rest.substr(0, piece.size() + (cutsLineEnd ? 1 : 0));
-}
-
 bool fichero::ReadLine(std::string_view& dest) {
   ReportError(ErrorLog, reading_, "El fichero debe ser de tipo lectura");
   if (position_ < text_.size()) {
-    const std::string_view piece = pieceAt(position_);
+    const std::string_view piece = firstPiece(std::string_view(text_).substr(position_));
     position_ += piece.size();
     last_ = withoutLineEnd(piece);
-    // Only a read that meets the end of the file ends the hand-out; one that stops before it, at a
-    // line end or at the limit, is followed by a read that finds nothing and leaves the line.
-    const bool metTheEnd = !piece.ends_with('\n') && piece.size() < kLongestRead;
-    repeatsLast_ = position_ == text_.size() && !metTheEnd;
-  } else if (repeatsLast_) {
+  } else if (repeatsLast_ && !metTheEnd()) {
     repeatsLast_ = false;
   } else {
     return false;
@@ -104,12 +104,36 @@ bool fichero::ReadLine(std::string_view& dest) {
   return true;
 }
 
+/// Whether the last read came upon the end of the file, which ends the hand-out. One that stopped
+/// before it, at a line end or at the limit, is followed by a read that finds nothing and leaves
+/// the line as it is.
+bool fichero::metTheEnd() const {
+  return !text_.empty() && !text_.ends_with('\n') && last_.size() < kLongestRead;
+}
+
 bool fichero::WriteLine(std::string_view text) {
-  ReportError(ErrorLog, !reading_, "El fichero debe ser de tipo escritura");
+  ReportError(ErrorLog, !reading_, kNotWriting);
   if (cursor_ >= kCapacity) return false;
   text_ += text;
   text_ += '\n';
+  runEnd_ = nullptr;
   ++cursor_;
+  return true;
+}
+
+bool fichero::CopyLine(const fichero& source) {
+  const char* const line = source.last_.data();
+  const char* const lineEnd = line + source.last_.size();
+  // Behind a CR LF, or at a piece's end, the bytes are not those that are written.
+  const bool asItStands = lineEnd + 1 == source.text_.data() + source.position_;
+  if (!asItStands) return WriteLine(source.last_);
+  ReportError(ErrorLog, !reading_, kNotWriting);
+  if (cursor_ >= kCapacity) return false;
+  ++cursor_;
+  if (line != runEnd_) parts_.push_back({text_.size(), {line, 0}});
+  runEnd_ = lineEnd + 1;
+  std::string_view& run = parts_.back().copied;
+  run = {run.data(), static_cast<std::size_t>(runEnd_ - run.data())};
   return true;
 }
 
@@ -130,16 +154,45 @@ std::string fichero::normalisedText() const {
 
 long fichero::lineCount() const {
   long lines = 0;
-  for (std::size_t at = 0; at < text_.size(); at += pieceAt(at).size()) ++lines;
+  for (std::string_view rest = text_; !rest.empty(); ++lines) {
+    rest.remove_prefix(firstPiece(rest).size());
+  }
   return lines;
 }
 
 void fichero::writeAll() {
-  const bool written = std::fwrite(text_.data(), 1, text_.size(), stream_.get()) == text_.size();
+  const bool written = writeParts();
   const bool closed = std::fclose(stream_.release()) == 0;
   if (written && closed) return;
   // Half an output must not pass for a whole one.
   std::error_code ignored;
   std::filesystem::resize_file(name_, 0, ignored);
   ReportFailure(ErrorLog, "Error al escribir fichero: " + name_);
+}
+
+/// Writes in large blocks, gathered without another copy of the whole.
+bool fichero::writeParts() {
+  char block[kBlock];
+  std::size_t filled = 0;
+  const auto flush = [&] {
+    const bool written = std::fwrite(block, 1, filled, stream_.get()) == filled;
+    filled = 0;
+    return written;
+  };
+  const auto write = [&](std::string_view bytes) {
+    while (!bytes.empty()) {
+      const std::size_t taken = bytes.copy(block + filled, kBlock - filled);
+      bytes.remove_prefix(taken);
+      filled += taken;
+      if (filled == kBlock && !flush()) return false;
+    }
+    return true;
+  };
+  const std::string_view own = text_;
+  std::size_t at = 0;
+  for (const Part& part : parts_) {
+    if (!write(own.substr(at, part.ownEnd - at)) || !write(part.copied)) return false;
+    at = part.ownEnd;
+  }
+  return write(own.substr(at)) && flush();
 }

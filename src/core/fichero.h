@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdio>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -32,9 +33,11 @@ class fichero {
 
   /// Appends one line; its line end is added. False when the capacity is used up.
   bool WriteLine(std::string_view text);
-
-  /// Makes room for an output of so many bytes; a hint that saves time.
+  /// Makes room for so many bytes of such lines; a hint that saves time.
   void expectBytes(std::size_t bytes) { text_.reserve(bytes); }
+  /// The same as WriteLine for the line that `source` last handed out. Its bytes stay there until
+  /// they are written: `source` must outlive this object.
+  bool CopyLine(const fichero& source);
 
   /// The whole text with every line end between blanks and every run of blanks as one blank:
   /// "x  y\r\nz" gives "x y \r  \n z". Up to three times as long as the file.
@@ -53,18 +56,32 @@ class fichero {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
 
+  /// A part of the output: bytes of `text_`, and then lines of the file that is copied from.
+  struct Part {
+    std::size_t ownEnd;  // in text_
+    std::string_view copied;
+  };
+
   void readWhole();
   void rejectNul(std::size_t from) const;
+  bool metTheEnd() const;
   void writeAll();
-  std::string_view pieceAt(std::size_t position) const;
+  bool writeParts();
 
   std::string name_;
   bool reading_ = false;
   int exceptionsAtBirth_;
   std::unique_ptr<std::FILE, CloseFile> stream_;
-  std::string text_;          // read: the file; written: the lines so far, each with its LF
-  std::size_t position_ = 0;  // read: where the next line begins
-  std::string_view last_;     // read: the line last handed out
-  bool repeatsLast_ = false;  // read: at the end of the file, `last_` goes out once more
-  long cursor_ = 0;           // lines handed out or collected
+  long cursor_ = 0;  // lines handed out or collected
+  // Read: the whole file. Written: the output's own lines, each with its line feed.
+  std::string text_;
+
+  // Reading.
+  std::size_t position_ = 0;  // where the next line begins
+  std::string_view last_;     // the line last handed out
+  bool repeatsLast_ = true;   // it has not yet gone out once more
+
+  // Writing.
+  std::deque<Part> parts_;        // all lines, but for those at the end of text_
+  const char* runEnd_ = nullptr;  // end of the line copied last; null behind one of its own
 };

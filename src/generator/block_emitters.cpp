@@ -8,7 +8,7 @@ void GeneratorContext::rewriteFloor() {
   static constexpr std::string_view kNames[] = {"FLOOR-HEIGHT", "SPACE-HEIGHT", "MULTIPLIER", ".."};
   static const NameList names(kNames);
 
-  writeLine(currentLine_);
+  writeCurrentLine();
   LineMatch match;
   while (findNextKey(names, match)) {
     switch (match.index) {
@@ -25,7 +25,7 @@ void GeneratorContext::rewriteFloor() {
         if (splitAssignment(currentLine_).value != "1" && repeated > 1) {
           writeKeyword("MULTIPLIER", repeated);
         } else {
-          writeLine(currentLine_);
+          writeCurrentLine();
         }
         // Kept on purpose: the count takes the place of the matched name's index, so that in a
         // building of five storeys (a count of 3, the index of "..") the command ends here and its
@@ -34,7 +34,7 @@ void GeneratorContext::rewriteFloor() {
         break;
       }
       default:
-        writeLine(currentLine_);
+        writeCurrentLine();
         return;
     }
   }
@@ -45,7 +45,7 @@ void GeneratorContext::rewriteSpace() {
   static constexpr std::string_view kNames[] = {"HEIGHT", "MULTIPLIER", "AIR-CHANGES/HR", ".."};
   static const NameList names(kNames);
 
-  writeLine(currentLine_);
+  writeCurrentLine();
   LineMatch match;
   while (findNextKey(names, match)) {
     switch (match.index) {
@@ -59,7 +59,7 @@ void GeneratorContext::rewriteSpace() {
         writeKeyword("AIR-CHANGES/HR", typology().airChangesHr);
         break;
       default:
-        writeLine(currentLine_);
+        writeCurrentLine();
         return;
     }
   }

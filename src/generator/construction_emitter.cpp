@@ -35,7 +35,7 @@ void emitConstruction(GeneratorContext& context, int orientationClass,
   static constexpr std::string_view kNames[] = {"CONSTRUCTION", ".."};
   static const NameList names(kNames);
 
-  context.writeLine(context.currentLine());
+  context.writeCurrentLine();
   context.writeKeyword("CONSTRUCTION", constructionFor(context.typology(), orientationClass, kind));
   LineMatch match;
   while (context.findNextKey(names, match) && match.index != kEnd) {

@@ -66,14 +66,14 @@ void writeCourtyardShades(GeneratorContext& context) {
       (static_cast<double>(typology.areaPlanta) + typology.areaPatio) / typology.longitudFachada;
   context.copyUntilCommand("BUILDING-SHADE");
   if (contains(context.currentLine(), "Sombra001") && tipo != 18) {
-    context.writeLine(context.currentLine());
+    context.writeCurrentLine();
     context.writeKeyword("X", typology.longitudFachada);
     context.writeKeyword("Y", static_cast<float>((depth - typology.profundidadPatio) * 0.5));
     context.writeKeyword("WIDTH", typology.profundidadPatio);
   }
   context.copyUntilCommand("BUILDING-SHADE");
   if (contains(context.currentLine(), "Sombra002") && tipo != 15) {
-    context.writeLine(context.currentLine());
+    context.writeCurrentLine();
     context.writeKeyword("Y", static_cast<float>((depth + typology.profundidadPatio) * 0.5));
     context.writeKeyword("WIDTH", typology.profundidadPatio);
   }
@@ -81,7 +81,7 @@ void writeCourtyardShades(GeneratorContext& context) {
 
 void writeBuildingParameters(GeneratorContext& context) {
   context.copyUntilCommand("BUILD-PARAMETERS");
-  context.writeLine(context.currentLine());
+  context.writeCurrentLine();
   context.writeKeyword("AZIMUTH", context.typology().orientacion);
   context.writeKeyword("TIPOLOGIA", typologyClass(context.typology().tipo));
   context.writeLine(context.typology().textoPosicionSolar);
@@ -96,7 +96,7 @@ bool isSurfaceCommand(std::string_view line) {
 
 void rewriteSurface(GeneratorContext& context, int index) {
   if (!isSurfaceCommand(context.currentLine())) {
-    context.writeLine(context.currentLine());
+    context.writeCurrentLine();
     return;
   }
   const Surface& surface = context.table().surfaces[static_cast<std::size_t>(index)];

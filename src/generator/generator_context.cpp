@@ -29,14 +29,12 @@ GeneratorContext::GeneratorContext(const std::string& templatePath, const std::s
       output_(outputPath, "escritura"),
       table_(readTableFile(tableFile_)),
       templateBaseName_(baseNameOf(templatePath)) {
-  const std::size_t templateBytes = template_.bytes().size();
-  output_.expectBytes(templateBytes + templateBytes / 4);  // computed lines are a little longer
+  output_.expectBytes(template_.bytes().size());  // few templates have more computed than copied
 }
 
-void GeneratorContext::writeLine(std::string_view text) {
-  // The output holds as many lines as it holds; what comes after is lost, as ever.
-  output_.WriteLine(text);
-}
+// The output holds as many lines as it holds; what comes after is lost, as ever.
+void GeneratorContext::writeLine(std::string_view text) { output_.WriteLine(text); }
+void GeneratorContext::writeCurrentLine() { output_.CopyLine(template_); }
 
 void GeneratorContext::writeKeyword(std::string_view keyword, std::string_view value) {
   lineBuffer_.assign("  ").append(keyword).append(" = ").append(value).append(" ");
@@ -85,7 +83,7 @@ bool GeneratorContext::isAirChangeSchedule(std::string_view line) const {
 
 void GeneratorContext::copyLine() {
   if (!isAirChangeSchedule(currentLine_)) {
-    writeLine(currentLine_);
+    writeCurrentLine();
     return;
   }
   const std::string hourly = formatFinite("VALUES", 4.0F / typology().airChangesHr);
@@ -105,7 +103,7 @@ bool GeneratorContext::findNextKey(const NameList& names, LineMatch& match) {
 void GeneratorContext::copyUntilCommand(std::string_view type) {
   while (readTemplateLine()) {
     if (splitAssignment(currentLine_).value == type) return;
-    writeLine(currentLine_);
+    writeCurrentLine();
   }
   ReportFailure(ErrorLog,
                 concat("Error al generar el edificio. No se ha encontrado la clave: ", type));
@@ -120,5 +118,5 @@ void GeneratorContext::skipUntilKey(const NameList& names) {
 }
 
 void GeneratorContext::copyRest() {
-  while (readTemplateLine()) writeLine(currentLine_);
+  while (readTemplateLine()) writeCurrentLine();
 }

@@ -9,7 +9,7 @@
 
 void emitPolygon(GeneratorContext& context, std::span<const Vertex> vertices) {
   context.copyUntilCommand("POLYGON");
-  context.writeLine(context.currentLine());
+  context.writeCurrentLine();
 
   std::vector<std::string> keys;
   for (std::size_t k = 1; k <= vertices.size(); ++k) keys.push_back(concat("V", std::to_string(k)));

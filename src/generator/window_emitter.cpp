@@ -117,7 +117,7 @@ void emitWindow(GeneratorContext& context, int orientationClass, int surfaceInde
   }
 
   const long headerNumber = context.currentLineNumber();
-  context.writeLine(context.currentLine());
+  context.writeCurrentLine();
   const float templateHeight = copyForeignLines(context);
   context.writeKeyword("GLASS-TYPE", typology.ventanaVidrio);
 
