@@ -42,9 +42,8 @@ void checkInteger(const std::string& text) {
   expect(text.size() - rest.size() == static_cast<std::size_t>(length), "another length");
 }
 
-template <typename Real>
 void checkWriting(std::string_view bytes) {
-  Real value{};
+  float value = 0;
   std::memcpy(&value, bytes.data(), std::min(sizeof value, bytes.size()));
   char expected[400];
   std::snprintf(expected, sizeof expected, "%f", static_cast<double>(value));
@@ -58,7 +57,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string text(bytes.substr(0, bytes.find('\0')));
   checkReal(text);
   checkInteger(text);
-  checkWriting<float>(bytes);
-  checkWriting<double>(bytes);
+  checkWriting(bytes);
   return 0;
 }

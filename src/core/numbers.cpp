@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <limits>
 #include <system_error>
@@ -14,8 +15,8 @@ char toLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' +
 bool isHexDigit(char c) { return isDigit(c) || (toLower(c) >= 'a' && toLower(c) <= 'f'); }
 
 std::string_view skipSpace(std::string_view text) {
-  const auto* start = std::find_if_not(text.begin(), text.end(), isSpace);
-  return text.substr(static_cast<std::size_t>(start - text.begin()));
+  while (!text.empty() && isSpace(text.front())) text.remove_prefix(1);
+  return text;
 }
 
 bool startsWithWord(std::string_view text, std::string_view lowerCaseWord) {
@@ -80,15 +81,33 @@ bool isTooLarge(std::string_view digits, const RealToken& token, bool hex) {
   return exponent + token.magnitude * (hex ? 4 : 1) > 0;
 }
 
-/// Plain decimal reals, nearly all there are: what the library's own reading takes of them is what
-/// "%f" takes, unless an exponent or a hexadecimal mark follows. Moves `text` behind the number.
-bool scanPlainReal(std::string_view& text, float& number) {
-  if (text.empty() || !(isDigit(text.front()) || text.front() == '.')) return false;
-  const char* const end = text.data() + text.size();
-  const auto read = std::from_chars(text.data(), end, number);
-  if (read.ec != std::errc()) return false;
-  if (read.ptr != end && (toLower(*read.ptr) == 'e' || toLower(*read.ptr) == 'x')) return false;
-  text.remove_prefix(static_cast<std::size_t>(read.ptr - text.data()));
+/// Decimals of a few digits, such as "18.00", nearly all there are: the digits and the power of ten
+/// are whole numbers that a 32-bit real holds exactly, so one division rounds once, as it should.
+/// Moves `text` behind the number.
+bool scanShortDecimal(std::string_view& text, float& number) {
+  constexpr std::size_t kMostDigits = 9;  // 32 bits hold them
+  constexpr std::uint32_t kLargestExact = 1 << 24;
+  static constexpr float kPowersOfTen[] = {1, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F};
+  std::uint32_t digits = 0;
+  std::size_t at = 0;
+  const auto takeDigits = [&] {
+    const std::size_t from = at;
+    for (; at < text.size() && isDigit(text[at]) && at <= kMostDigits; ++at) {
+      digits = 10 * digits + static_cast<std::uint32_t>(text[at] - '0');
+    }
+    return at - from;
+  };
+  std::size_t count = takeDigits();
+  std::size_t decimals = 0;
+  if (at < text.size() && text[at] == '.') {
+    ++at;
+    count += decimals = takeDigits();
+  }
+  const char next = at < text.size() ? toLower(text[at]) : ' ';
+  const bool goesOn = isDigit(next) || next == 'e' || next == 'x';
+  if (count == 0 || count > kMostDigits || digits > kLargestExact || goesOn) return false;
+  number = static_cast<float>(digits) / kPowersOfTen[decimals];
+  text.remove_prefix(at);
   return true;
 }
 
@@ -125,7 +144,7 @@ bool scanReal(std::string_view& text, float& value) {
   if (negative || rest.starts_with('+')) rest.remove_prefix(1);
 
   float number = 0;
-  if (scanPlainReal(rest, number)) {
+  if (scanShortDecimal(rest, number)) {
     // Done.
   } else if (startsWithWord(rest, "nan")) {
     number = std::numeric_limits<float>::quiet_NaN();
@@ -156,15 +175,21 @@ bool scanReal(std::string_view& text, float& value) {
   return true;
 }
 
-void appendReal(std::string& out, double value) {
-  char buffer[328];  // the largest double has 309 digits before the point
-  const auto end =
-      std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 6).ptr;
-  out.append(buffer, end);
-}
-
-std::string formatReal(double value) {
-  std::string text;
-  appendReal(text, value);
-  return text;
+std::string formatReal(float value) {
+  char buffer[64];
+  char* const end = buffer + sizeof buffer;
+  // A 32-bit real times a million has at most 24 + 20 bits: a double holds it exactly, and the one
+  // rounding, to whole millionths, is that of "%f", ties to even.
+  const double millionths = std::abs(static_cast<double>(value) * 1e6);
+  if (!(millionths < 1e15)) {
+    return {buffer, std::to_chars(buffer, end, double{value}, std::chars_format::fixed, 6).ptr};
+  }
+  long long rest = std::llrint(millionths);
+  char* start = end;
+  for (int written = 0; written < 7 || rest > 0; rest /= 10) {
+    *--start = static_cast<char>('0' + rest % 10);
+    if (++written == 6) *--start = '.';
+  }
+  if (std::signbit(value)) *--start = '-';
+  return {start, end};
 }

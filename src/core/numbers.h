@@ -15,6 +15,5 @@ bool scanInteger(std::string_view& text, int& value);
 /// Rounded once to the nearest 32-bit real; too large gives an infinity.
 bool scanReal(std::string_view& text, float& value);
 
-/// Appends `value` as printf's "%f" writes it: six decimals, "." as decimal mark, "-0.000000".
-void appendReal(std::string& out, double value);
-std::string formatReal(double value);
+/// `value` as printf's "%f" writes it: six decimals, "." as decimal mark, "-0.000000".
+std::string formatReal(float value);

@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
+#include <cstdint>
 #include <cstdio>
 #include <cstring>
 #include <limits>
@@ -123,6 +125,17 @@ TEST(Numbers, AreReadAsSscanfReadsThemInRandomTexts) {
   }
 }
 
+TEST(Numbers, AreReadAsSscanfReadsThemInRandomDecimals) {
+  std::mt19937 random(20240607);
+  for (int round = 0; round < 200'000 && !testing::Test::HasFailure(); ++round) {
+    std::string text(1 + random() % 12, '0');
+    for (char& c : text) c = static_cast<char>('0' + random() % 10);
+    if (random() % 8 != 0) text[random() % text.size()] = '.';
+    if (random() % 4 == 0) text.insert(0, 1, "+- 0"[random() % 4]);
+    expectAsSscanf(text);
+  }
+}
+
 TEST(Numbers, FailureChangesNeitherTextNorValue) {
   std::string_view text = "  abc";
   float real = 2;
@@ -134,14 +147,39 @@ TEST(Numbers, FailureChangesNeitherTextNorValue) {
   EXPECT_EQ(2, integer);
 }
 
+namespace {
+
+void expectAsPrintf(float value) {
+  char expected[64];
+  std::snprintf(expected, sizeof expected, "%f", static_cast<double>(value));
+  EXPECT_EQ(expected, formatReal(value));
+}
+
+}  // namespace
+
 TEST(Numbers, AreWrittenAsPrintfWritesThem) {
-  for (double value : {0.0, -0.0, 1.0, -1.5, 0.1, 1e-9, 0.0000005, 2.5e-7, 123456789.123456789,
-                       static_cast<double>(std::numeric_limits<float>::max()),
-                       static_cast<double>(std::numeric_limits<float>::denorm_min()),
-                       std::numeric_limits<double>::max()}) {
-    char expected[400];
-    std::snprintf(expected, sizeof expected, "%f", value);
-    EXPECT_EQ(expected, formatReal(value));
+  using Limits = std::numeric_limits<float>;
+  for (const float value : {0.0F, 1.0F, 1.5F, 0.1F, 0.999999F, 0.9999999F, 9.9999995F, 1e-9F,
+                            0.0000005F, 2.5e-7F, 123456.789F, 999999999.0F, 1e9F, 1e10F, 1e15F,
+                            Limits::max(), Limits::min(), Limits::denorm_min()}) {
+    expectAsPrintf(value);
+    expectAsPrintf(-value);
   }
-  EXPECT_EQ("-0.000000", formatReal(-0.0F));
+}
+
+// 1/128 is 0.0078125, half-way between two numbers of six decimals.
+TEST(Numbers, AreWrittenWithTheEvenOneOfTwoNearestNumbers) {
+  EXPECT_EQ("0.007812", formatReal(1.0F / 128));
+  EXPECT_EQ("0.023438", formatReal(3.0F / 128));
+  for (int n = 1; n < 2000; n += 2) expectAsPrintf(static_cast<float>(n) / 128);
+}
+
+TEST(Numbers, OfAnyBitsAreWrittenAsPrintfWritesThem) {
+  std::mt19937 random(20240607);
+  std::uniform_real_distribution<float> lengths(0, 100);
+  for (int round = 0; round < 100'000 && !testing::Test::HasFailure(); ++round) {
+    const float anyBits = std::bit_cast<float>(static_cast<std::uint32_t>(random()));
+    if (std::isfinite(anyBits)) expectAsPrintf(anyBits);
+    expectAsPrintf(lengths(random));
+  }
 }
