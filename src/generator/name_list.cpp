@@ -19,9 +19,11 @@ constexpr int kFree = -1;
 }  // namespace
 
 std::string_view trimBlanks(std::string_view text) {
-  while (text.starts_with(' ')) text.remove_prefix(1);
-  while (text.ends_with(' ')) text.remove_suffix(1);
-  return text;
+  const char* first = text.data();
+  const char* last = first + text.size();
+  while (first != last && *first == ' ') ++first;
+  while (first != last && last[-1] == ' ') --last;
+  return {first, last};
 }
 
 Assignment splitAssignment(std::string_view line) {
