@@ -15,8 +15,6 @@ namespace {
 
 constexpr std::size_t kBlock = 1 << 16;  // bytes read or written in one go
 
-constexpr std::string_view kNotWriting = "El fichero debe ser de tipo escritura";
-
 /// The one fatal path beside ReportError: it leaves Error.log alone.
 [[noreturn]] void failReading(std::string_view message, const std::string& name) {
   Application->MessageBox(concat(message, name), kErrorCaption);
@@ -111,12 +109,10 @@ bool fichero::metTheEnd() const {
   return !text_.empty() && !text_.ends_with('\n') && last_.size() < kLongestRead;
 }
 
-bool fichero::WriteLine(std::string_view text) {
-  ReportError(ErrorLog, !reading_, kNotWriting);
+/// Counts a line of the output; false when there is no room for it.
+bool fichero::beginsLine() {
+  ReportError(ErrorLog, !reading_, "El fichero debe ser de tipo escritura");
   if (cursor_ >= kCapacity) return false;
-  text_ += text;
-  text_ += '\n';
-  runEnd_ = nullptr;
   ++cursor_;
   return true;
 }
@@ -127,9 +123,7 @@ bool fichero::CopyLine(const fichero& source) {
   // Behind a CR LF, or at a piece's end, the bytes are not those that are written.
   const bool asItStands = lineEnd + 1 == source.text_.data() + source.position_;
   if (!asItStands) return WriteLine(source.last_);
-  ReportError(ErrorLog, !reading_, kNotWriting);
-  if (cursor_ >= kCapacity) return false;
-  ++cursor_;
+  if (!beginsLine()) return false;
   if (line != runEnd_) parts_.push_back({text_.size(), {line, 0}});
   runEnd_ = lineEnd + 1;
   std::string_view& run = parts_.back().copied;

@@ -31,8 +31,16 @@ class fichero {
   /// the chain have always been read so, and generated files show it.
   bool ReadLine(std::string_view& dest);
 
-  /// Appends one line; its line end is added. False when the capacity is used up.
-  bool WriteLine(std::string_view text);
+  /// Appends one line, put together from its parts; its line end is added. False when the capacity
+  /// is used up.
+  template <typename... Parts>
+  bool WriteLine(const Parts&... parts) {
+    if (!beginsLine()) return false;
+    (text_.append(std::string_view(parts)), ...);
+    text_ += '\n';
+    runEnd_ = nullptr;
+    return true;
+  }
   /// Makes room for so many bytes of such lines; a hint that saves time.
   void expectBytes(std::size_t bytes) { text_.reserve(bytes); }
   /// The same as WriteLine for the line that `source` last handed out. Its bytes stay there until
@@ -62,6 +70,7 @@ class fichero {
     std::string_view copied;
   };
 
+  bool beginsLine();
   void readWhole();
   void rejectNul(std::size_t from) const;
   bool metTheEnd() const;

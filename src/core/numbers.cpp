@@ -12,6 +12,9 @@ namespace {
 bool isSpace(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 char toLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+bool continuesNumber(char c) {
+  return isDigit(c) || c == '.' || toLower(c) == 'e' || toLower(c) == 'x';
+}
 bool isHexDigit(char c) { return isDigit(c) || (toLower(c) >= 'a' && toLower(c) <= 'f'); }
 
 std::string_view skipSpace(std::string_view text) {
@@ -85,29 +88,30 @@ bool isTooLarge(std::string_view digits, const RealToken& token, bool hex) {
 /// are whole numbers that a 32-bit real holds exactly, so one division rounds once, as it should.
 /// Moves `text` behind the number.
 bool scanShortDecimal(std::string_view& text, float& number) {
-  constexpr std::size_t kMostDigits = 9;  // 32 bits hold them
+  constexpr std::size_t kLongest = 9;  // characters, the point included: 32 bits hold their digits
   constexpr std::uint32_t kLargestExact = 1 << 24;
-  static constexpr float kPowersOfTen[] = {1, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F, 1e9F};
+  static constexpr float kPowersOfTen[] = {1, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F};
+  const char* at = text.data();
+  const char* const end = at + std::min(text.size(), kLongest);
   std::uint32_t digits = 0;
-  std::size_t at = 0;
   const auto takeDigits = [&] {
-    const std::size_t from = at;
-    for (; at < text.size() && isDigit(text[at]) && at <= kMostDigits; ++at) {
-      digits = 10 * digits + static_cast<std::uint32_t>(text[at] - '0');
+    const char* const from = at;
+    for (; at != end && isDigit(*at); ++at) {
+      digits = 10 * digits + static_cast<std::uint32_t>(*at - '0');
     }
     return at - from;
   };
-  std::size_t count = takeDigits();
-  std::size_t decimals = 0;
-  if (at < text.size() && text[at] == '.') {
+  std::ptrdiff_t count = takeDigits();
+  std::ptrdiff_t decimals = 0;
+  if (at != end && *at == '.') {
     ++at;
     count += decimals = takeDigits();
   }
-  const char next = at < text.size() ? toLower(text[at]) : ' ';
-  const bool goesOn = isDigit(next) || next == 'e' || next == 'x';
-  if (count == 0 || count > kMostDigits || digits > kLargestExact || goesOn) return false;
+  const auto length = static_cast<std::size_t>(at - text.data());
+  const bool goesOn = length < text.size() && continuesNumber(*at);
+  if (count == 0 || digits > kLargestExact || goesOn) return false;
   number = static_cast<float>(digits) / kPowersOfTen[decimals];
-  text.remove_prefix(at);
+  text.remove_prefix(length);
   return true;
 }
 

@@ -37,8 +37,7 @@ void GeneratorContext::writeLine(std::string_view text) { output_.WriteLine(text
 void GeneratorContext::writeCurrentLine() { output_.CopyLine(template_); }
 
 void GeneratorContext::writeKeyword(std::string_view keyword, std::string_view value) {
-  lineBuffer_.assign("  ").append(keyword).append(" = ").append(value).append(" ");
-  writeLine(lineBuffer_);
+  output_.WriteLine("  ", keyword, " = ", value, " ");
 }
 
 void GeneratorContext::writeKeyword(std::string_view keyword, int value) {

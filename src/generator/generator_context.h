@@ -91,7 +91,6 @@ class GeneratorContext {
   std::string templateBaseName_;
   std::unique_ptr<TypologyRecord> typology_;
   std::string_view currentLine_;
-  std::string lineBuffer_;        // of the line about to be written
   std::string notFiniteKeyword_;  // the first keyword with a NaN or an infinity, and its value
   float notFiniteValue_ = 0;
 };

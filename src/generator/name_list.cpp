@@ -18,20 +18,6 @@ constexpr int kFree = -1;
 
 }  // namespace
 
-std::string_view trimBlanks(std::string_view text) {
-  const char* first = text.data();
-  const char* last = first + text.size();
-  while (first != last && *first == ' ') ++first;
-  while (first != last && last[-1] == ' ') --last;
-  return {first, last};
-}
-
-Assignment splitAssignment(std::string_view line) {
-  const std::size_t equals = line.find('=');
-  if (equals == std::string_view::npos) return {trimBlanks(line), {}};
-  return {trimBlanks(line.substr(0, equals)), trimBlanks(line.substr(equals + 1))};
-}
-
 NameList::NameList(std::span<const std::string_view> names)
     : places_(std::bit_ceil(2 * names.size() + 1), kFree) {
   names_.reserve(names.size());

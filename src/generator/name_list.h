@@ -14,10 +14,20 @@ struct Assignment {
   std::string_view value;
 };
 
-Assignment splitAssignment(std::string_view line);
-
 /// `text` without leading and trailing blanks; only the space counts as one, not the tab.
-std::string_view trimBlanks(std::string_view text);
+inline std::string_view trimBlanks(std::string_view text) {
+  const char* first = text.data();
+  const char* last = first + text.size();
+  while (first != last && *first == ' ') ++first;
+  while (first != last && last[-1] == ' ') --last;
+  return {first, last};
+}
+
+inline Assignment splitAssignment(std::string_view line) {
+  const std::size_t equals = line.find('=');
+  if (equals == std::string_view::npos) return {trimBlanks(line), {}};
+  return {trimBlanks(line.substr(0, equals)), trimBlanks(line.substr(equals + 1))};
+}
 
 /// What a template line matched.
 struct LineMatch {
