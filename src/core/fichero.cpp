@@ -88,16 +88,19 @@ void fichero::rejectNul(std::size_t from) const {
 
 bool fichero::ReadLine(std::string_view& dest) {
   ReportError(ErrorLog, reading_, "El fichero debe ser de tipo lectura");
+  std::string_view line = last_;
   if (position_ < text_.size()) {
     const std::string_view piece = firstPiece(std::string_view(text_).substr(position_));
     position_ += piece.size();
-    last_ = withoutLineEnd(piece);
+    line = withoutLineEnd(piece);
   } else if (repeatsLast_ && !metTheEnd()) {
     repeatsLast_ = false;
   } else {
     return false;
   }
-  dest = last_;
+  // Not from one into the other: what has just been stored in halves is slow to load as a whole.
+  last_ = line;
+  dest = line;
   ++cursor_;
   return true;
 }
