@@ -5,8 +5,7 @@
 
 void GeneratorContext::rewriteFloor() {
   enum { kFloorHeight, kSpaceHeight, kMultiplier, kEnd };
-  static constexpr std::string_view kNames[] = {"FLOOR-HEIGHT", "SPACE-HEIGHT", "MULTIPLIER", ".."};
-  static const NameList names(kNames);
+  static const NameList names({"FLOOR-HEIGHT", "SPACE-HEIGHT", "MULTIPLIER", ".."});
 
   writeCurrentLine();
   LineMatch match;
@@ -42,8 +41,7 @@ void GeneratorContext::rewriteFloor() {
 
 void GeneratorContext::rewriteSpace() {
   enum { kHeight, kMultiplier, kAirChanges, kEnd };
-  static constexpr std::string_view kNames[] = {"HEIGHT", "MULTIPLIER", "AIR-CHANGES/HR", ".."};
-  static const NameList names(kNames);
+  static const NameList names({"HEIGHT", "MULTIPLIER", "AIR-CHANGES/HR", ".."});
 
   writeCurrentLine();
   LineMatch match;

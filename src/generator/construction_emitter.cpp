@@ -32,8 +32,7 @@ const std::string& constructionFor(const TypologyRecord& typology, int orientati
 void emitConstruction(GeneratorContext& context, int orientationClass,
                       std::string_view /*surfaceName*/, int kind) {
   enum { kConstruction, kEnd };
-  static constexpr std::string_view kNames[] = {"CONSTRUCTION", ".."};
-  static const NameList names(kNames);
+  static const NameList names({"CONSTRUCTION", ".."});
 
   context.writeCurrentLine();
   context.writeKeyword("CONSTRUCTION", constructionFor(context.typology(), orientationClass, kind));

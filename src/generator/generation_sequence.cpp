@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/cp1252.h"
@@ -118,7 +119,7 @@ void rewriteCommands(GeneratorContext& context, TProgressBar& progressBar) {
   for (const Surface& surface : surfaces) entries.push_back(surface.name);
   entries.push_back(" SPACE ");
   entries.push_back(" FLOOR ");
-  const NameList names(entries);
+  const NameList names(std::move(entries));
 
   const int step = std::max(150 / (spaceEntry + 1), 1);
   LineMatch match;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <functional>
+#include <utility>
 
 #include "core/numbers.h"
 
@@ -18,14 +19,13 @@ constexpr int kFree = -1;
 
 }  // namespace
 
-NameList::NameList(std::span<const std::string_view> names)
-    : places_(std::bit_ceil(2 * names.size() + 1), kFree) {
-  names_.reserve(names.size());
-  for (const std::string_view untrimmed : names) {
-    const std::string_view name = names_.emplace_back(trimBlanks(untrimmed));
-    int& place = places_[placeOf(name)];
-    if (place == kFree) place = static_cast<int>(names_.size()) - 1;
-    glances_.set(glanceAt(name));
+NameList::NameList(std::vector<std::string_view> names)
+    : names_(std::move(names)), places_(std::bit_ceil(2 * names_.size() + 1), kFree) {
+  for (std::string_view& name : names_) name = trimBlanks(name);
+  for (std::size_t i = 0; i < names_.size(); ++i) {
+    int& place = places_[placeOf(names_[i])];
+    if (place == kFree) place = static_cast<int>(i);
+    glances_.set(glanceAt(names_[i]));
   }
 }
 

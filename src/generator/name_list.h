@@ -2,7 +2,6 @@
 
 #include <bitset>
 #include <cstddef>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,7 +41,7 @@ struct LineMatch {
 class NameList {
  public:
   /// Keeps views: the texts of `names` must live as long as the list.
-  explicit NameList(std::span<const std::string_view> names);
+  explicit NameList(std::vector<std::string_view> names);
 
   /// Index of the earliest name that equals the key or the value; -1 when none does.
   int matchKey(const Assignment& line) const;

@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/concat.h"
@@ -13,9 +14,9 @@ void emitPolygon(GeneratorContext& context, std::span<const Vertex> vertices) {
 
   std::vector<std::string> keys;
   for (std::size_t k = 1; k <= vertices.size(); ++k) keys.push_back(concat("V", std::to_string(k)));
-  std::vector<std::string_view> nameViews(keys.begin(), keys.end());
-  nameViews.push_back("..");
-  const NameList names(nameViews);
+  std::vector<std::string_view> ends(keys.begin(), keys.end());
+  ends.push_back("..");
+  const NameList names(std::move(ends));
   const int end = static_cast<int>(vertices.size());
 
   LineMatch match;

@@ -1,6 +1,7 @@
 #include "generator/window_emitter.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 
 #include "core/concat.h"
@@ -51,15 +52,14 @@ static_assert(kWindowKeywords[kEnd] == "..");
 
 /// Drops the command whose header is in the current line, its ".." included.
 void dropWindow(GeneratorContext& context) {
-  static constexpr std::string_view kNames[] = {".."};
-  static const NameList names(kNames);
+  static const NameList names({".."});
   context.skipUntilKey(names);
 }
 
 /// Reads the command to its end and returns the height that the template gives the window; 0 when
 /// it gives none. What is not a window keyword is copied.
 float copyForeignLines(GeneratorContext& context) {
-  static const NameList names(kWindowKeywords);
+  static const NameList names({std::begin(kWindowKeywords), std::end(kWindowKeywords)});
   float templateHeight = 0;
   LineMatch match;
   while (context.findNextKey(names, match) && match.index != kEnd) {

@@ -102,8 +102,7 @@ TEST(Schedule, OnALineThatMatchesIsLeftToTheCaller) {
   GeneratorRun run({kSchedule});
   run.typology().airChangesHr = 0.5F;
   LineMatch match;
-  const std::string_view names[] = {"VALUES"};
-  EXPECT_TRUE(run.context().findNextKey(NameList(names), match));
+  EXPECT_TRUE(run.context().findNextKey(NameList({"VALUES"}), match));
   EXPECT_EQ(kSchedule, run.context().currentLine());
 }
 
