@@ -14,6 +14,8 @@
 #include <random>
 #include <string>
 
+#include "support/skip_for_lack_of.h"
+
 namespace {
 
 std::string adjusted(std::string text, char separator) {
@@ -126,7 +128,7 @@ TEST_F(RegionalSettings, ALocaleThatIsNotInstalledCountsAsNone) {
 }
 
 TEST_F(RegionalSettings, ASpanishUserHasTheCommaAndReadsTheSameReals) {
-  if (!localeIsInstalled("es_ES.UTF-8")) GTEST_SKIP() << "the locale es_ES.UTF-8 is not installed";
+  if (!localeIsInstalled("es_ES.UTF-8")) SKIP_FOR_LACK_OF("the locale es_ES.UTF-8");
   EXPECT_EXIT(exitUnderLocale("es_ES.UTF-8"), testing::ExitedWithCode(0),
               "separator ,, text 1,000,5\\., reals changed 0, process locale C\n");
 }

@@ -5,6 +5,7 @@
 
 #include "support/minimal_building.h"
 #include "support/run_program.h"
+#include "support/skip_for_lack_of.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -175,7 +176,7 @@ TEST_F(ConsoleProgram, MessagesAreUtf8WhereTheLocaleSaysNothing) {
 }
 
 TEST_F(ConsoleProgram, MessagesComeInTheEncodingOfTheTerminal) {
-  if (!haveLocale("es_ES.ISO-8859-1")) GTEST_SKIP() << "localedef is missing";
+  if (!haveLocale("es_ES.ISO-8859-1")) SKIP_FOR_LACK_OF("localedef");
   std::filesystem::remove(folder_ / "defectos.inp");
   ProgramOptions options;
   options.environment = localeEnvironment("es_ES.ISO-8859-1");
@@ -186,7 +187,7 @@ TEST_F(ConsoleProgram, MessagesComeInTheEncodingOfTheTerminal) {
 }
 
 TEST_F(ConsoleProgram, TheLocaleDoesNotChangeAByte) {
-  if (!haveLocale("es_ES.UTF-8")) GTEST_SKIP() << "localedef is missing";
+  if (!haveLocale("es_ES.UTF-8")) SKIP_FOR_LACK_OF("localedef");
   ProgramOptions options;
   options.environment = {{"LC_ALL", "C"}};
   run(options);

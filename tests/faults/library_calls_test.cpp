@@ -11,6 +11,7 @@
 #include "faults/run_under.h"
 #include "faults/scenarios.h"
 #include "support/run_program.h"
+#include "support/skip_for_lack_of.h"
 
 // Every call that the program makes of the C library's fallible functions fails once, on its own:
 // the first, the second, ... until one is asked for that is never made.
@@ -105,9 +106,8 @@ class LibraryCalls : public testing::TestWithParam<std::tuple<int, Scenario>> {
     GTEST_SKIP() << "a sanitizer must be the first library of a program, before the shim";
 #endif
     const Scenario& scenario = std::get<1>(GetParam());
-    if (!std::filesystem::exists(std::string(LOCALE_FOLDER) + "/" + scenario.locale)) {
-      GTEST_SKIP() << "localedef is missing";
-    }
+    const std::string locale = std::string(LOCALE_FOLDER) + "/" + scenario.locale;
+    if (!std::filesystem::exists(locale)) SKIP_FOR_LACK_OF("localedef");
     scenario.spoil(place_);
   }
   Workplace place_;
@@ -215,7 +215,7 @@ TEST(LibraryCallsOfTheProgram, AreAllWalkedOrKnown) {
 #endif
   const ProgramResult listed =
       runProgram("/bin/sh", {"-c", std::string("nm -D --undefined-only '") + TIP2BDL_CLI + "'"});
-  if (listed.status == 127) GTEST_SKIP() << "nm is missing";
+  if (listed.status == 127) SKIP_FOR_LACK_OF("nm");
   std::set<std::string> imported;
   for (const std::string& line : linesOf(listed.out)) {
     const std::size_t name = line.find_last_of(' ') + 1;

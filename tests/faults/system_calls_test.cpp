@@ -10,6 +10,7 @@
 #include "faults/promise.h"
 #include "faults/scenarios.h"
 #include "faults/traced_run.h"
+#include "support/skip_for_lack_of.h"
 
 // Below the C library: every system call of a run fails once, on its own, and every one is once the
 // last thing that the program does before it is killed.
@@ -106,7 +107,11 @@ bool isHarmless(const SystemCall& call) {
 class SystemCalls : public testing::TestWithParam<Scenario> {
  protected:
   void SetUp() override {
-    if (!canTrace()) GTEST_SKIP() << "this machine does not let a process be traced";
+    if (!kTracesThisProcessor) GTEST_SKIP() << "written for another kind of processor";
+    const int error = traceError();
+    // Containers and hardened kernels forbid it, which no package mends.
+    if (error == EPERM) GTEST_SKIP() << "the kernel forbids tracing: ptrace gives EPERM";
+    if (error != 0) SKIP_FOR_LACK_OF(concat("tracing (", strerrorname_np(error), ")"));
     GetParam().spoil(place_);
   }
 

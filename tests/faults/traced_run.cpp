@@ -11,6 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -39,14 +40,11 @@ void setThirdArgument(pid_t child, unsigned long value) {
 void setResult(pid_t child, long value) {
   setRegister(child, offsetof(user_regs_struct, rax), static_cast<unsigned long>(value));
 }
-constexpr bool kKnownMachine = true;
-
 #else
 
 void replaceCall(pid_t, long) {}
 void setThirdArgument(pid_t, unsigned long) {}
 void setResult(pid_t, long) {}
-constexpr bool kKnownMachine = false;
 
 #endif
 
@@ -151,13 +149,13 @@ class Tracer {
 
 }  // namespace
 
-bool canTrace() {
-  if (!kKnownMachine) return false;
+int traceError() {
   const pid_t child = fork();
-  if (child == 0) _exit(ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 ? 0 : 1);
+  if (child < 0) return errno;
+  if (child == 0) _exit(ptrace(PTRACE_TRACEME, 0, nullptr, nullptr) == 0 ? 0 : errno);
   int status = 0;
   waitpid(child, &status, 0);
-  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  return WIFEXITED(status) ? WEXITSTATUS(status) : EINTR;
 }
 
 FaultedRun runTraced(const std::string& program, const std::vector<std::string>& arguments,

@@ -28,8 +28,15 @@ struct Deed {
   int error = 0;
 };
 
-/// Whether this machine lets a process be traced.
-bool canTrace();
+/// Whether calls can be changed here, which is done in the processor's own registers.
+#if defined(__x86_64__)
+inline constexpr bool kTracesThisProcessor = true;
+#else
+inline constexpr bool kTracesThisProcessor = false;
+#endif
+
+/// 0 when this machine lets a process be traced, otherwise the error that ptrace(2) gives.
+int traceError();
 
 /// Runs `program`, asking `decide` about each call from its main function on. Main begins with the
 /// question whether standard input is open; what the loader does before that is left alone.
