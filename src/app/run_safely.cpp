@@ -9,11 +9,13 @@
 #include <utility>
 
 #include "core/concat.h"
+#include "core/cp1252.h"
 #include "core/report_error.h"
 
 namespace {
 
 constexpr std::string_view kNoMemory = "No hay memoria suficiente";
+constexpr std::string_view kUnexpected = "Error inesperado: ";
 
 /// A write into a closed pipe, or beyond the largest file that is allowed, is to fail as any other
 /// does; left alone, the system would end the process.
@@ -26,32 +28,50 @@ void letWritesFail() {
 #endif
 }
 
-/// Where nothing can be caught any more: no memory is left for the exception itself, or for the
-/// message about it.
-[[noreturn]] void endWithoutException() {
+/// Reports the exception that nobody can catch. Where there is none, it is the memory for one that
+/// was missing.
+[[noreturn]] void reportException() {
+  try {
+    // cppcheck-suppress rethrowNoCurrentException
+    if (std::current_exception() != nullptr) throw;
+  } catch (const std::bad_alloc&) {
+  } catch (const std::exception& error) {
+    ReportFailure(ErrorLog, concat(kUnexpected, error.what()));
+  } catch (...) {
+    ReportFailure(ErrorLog, concat(kUnexpected, "excepción de tipo desconocido"_cp1252));
+  }
+  ReportFailure(ErrorLog, kNoMemory);
+}
+
+[[noreturn]] void endWithoutCatch() {
   static bool tried = false;
   try {
-    if (!std::exchange(tried, true)) ReportFailure(ErrorLog, kNoMemory);
+    if (!std::exchange(tried, true)) reportException();
   } catch (...) {
   }
-  // Not even a message box. This takes no memory.
-  for (const std::string_view part : {kErrorCaption, std::string_view(": "), kNoMemory}) {
-    std::fwrite(part.data(), 1, part.size(), stderr);
-  }
-  std::fputc('\n', stderr);
-  std::_Exit(kExitError);
+  // Not even a message box: no memory is left for the message.
+  endWithLastWords({kNoMemory});
 }
 
 }  // namespace
 
+void endWithLastWords(std::initializer_list<std::string_view> message) {
+  const auto say = [](std::string_view text) { std::fwrite(text.data(), 1, text.size(), stderr); };
+  say(kErrorCaption);
+  say(": ");
+  for (const std::string_view part : message) say(part);
+  say("\n");
+  std::_Exit(kExitError);
+}
+
 int runSafely(const std::function<int()>& body) {
   letWritesFail();
-  std::set_terminate(endWithoutException);
+  std::set_terminate(endWithoutCatch);
   try {
     return body();
   } catch (const std::bad_alloc&) {
     ReportFailure(ErrorLog, kNoMemory);
   } catch (const std::exception& error) {
-    ReportFailure(ErrorLog, concat("Error inesperado: ", error.what()));
+    ReportFailure(ErrorLog, concat(kUnexpected, error.what()));
   }
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <new>
 #include <stdexcept>
 
@@ -19,4 +20,47 @@ TEST(RunSafely, OutOfMemoryIsAnErrorLikeAnyOther) {
 TEST(RunSafely, TheUnexpectedIsNamed) {
   EXPECT_EQ("Error inesperado: qué raro",
             stopMessage([] { runSafely([]() -> int { throw std::runtime_error("qué raro"); }); }));
+}
+
+// What is thrown where nothing may be never reaches a catch.
+
+namespace {
+
+void runWhereNothingMayBeThrown(const std::function<int()>& body) noexcept {
+  ExitingApplication exiting;
+  runSafely([&] {
+    [&]() noexcept { body(); }();
+    return 0;
+  });
+}
+
+}  // namespace
+
+TEST(WhatNobodyCanCatch, IsNamedForWhatItIs) {
+  const struct {
+    std::function<int()> body;
+    const char* message;
+  } cases[] = {
+      {[]() -> int { throw std::bad_alloc(); }, "No hay memoria suficiente\n$"},
+      {[]() -> int { throw std::runtime_error("algo raro"); }, "Error inesperado: algo raro\n$"},
+      {[]() -> int { throw 7; }, "Error inesperado: excepción de tipo desconocido\n$"},
+      {[]() -> int { std::terminate(); }, "No hay memoria suficiente\n$"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.message);
+    EXPECT_EXIT(runWhereNothingMayBeThrown(c.body), testing::ExitedWithCode(3), c.message);
+  }
+}
+
+TEST(WhatNobodyCanCatch, MayBeNoStandardException) {
+  const auto run = []() noexcept {
+    ExitingApplication exiting;
+    runSafely([]() -> int { throw 7; });
+  };
+  EXPECT_EXIT(run(), testing::ExitedWithCode(3), "Error inesperado: excepción de tipo desconocido");
+}
+
+TEST(LastWords, AreAMessageAndTheExitCodeOfErrors) {
+  EXPECT_EXIT(endWithLastWords({"una cosa", " y otra"}), testing::ExitedWithCode(3),
+              "^Se ha producido un error: una cosa y otra\n$");
 }
