@@ -14,9 +14,6 @@
 
 namespace {
 
-constexpr std::string_view kNoMemory = "No hay memoria suficiente";
-constexpr std::string_view kUnexpected = "Error inesperado: ";
-
 /// A write into a closed pipe, or beyond the largest file that is allowed, is to fail as any other
 /// does; left alone, the system would end the process.
 void letWritesFail() {

@@ -4,6 +4,9 @@
 #include <initializer_list>
 #include <string_view>
 
+inline constexpr std::string_view kNoMemory = "No hay memoria suficiente";
+inline constexpr std::string_view kUnexpected = "Error inesperado: ";
+
 /// Runs a program's body and gives its exit status. What the body throws (out of memory, or the
 /// unexpected) ends the process as every error does: a message and exit code 3. So does what cannot
 /// be caught, because it is thrown where nothing may be or is no standard exception.

@@ -26,6 +26,7 @@ OTHER_TEXTS = {
     "VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )": "template",
     " VALUES = ( ": "output",
     "SET-DEFAULT FOR ": "pattern",
+    "QThread::start: Thread creation error": "pattern",
     " = ( ": "output",
     # What the programs show of themselves.
     "Calculando ...": "window",

@@ -5,6 +5,7 @@
 #include "app/completion_marker.h"
 #include "app/console/console_application.h"
 #include "app/qt/desktop_application.h"
+#include "app/qt/framework_faults.h"
 #include "app/qt/frm_calculo.h"
 #include "app/qt/pictures.h"
 #include "app/qt/platform_command_line.h"
@@ -24,6 +25,7 @@ int main(int argc, char* argv[]) {
   std::optional<QApplication> framework;  // outlives what may throw, so that its box can be shown
 
   return runSafely([&] {
+    endAsAnErrorOnFrameworkFaults();
     {
       const ScreenChoice choice;
       endAsAnErrorIfScreenIsLost();

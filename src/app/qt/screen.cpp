@@ -7,6 +7,7 @@
 #include <cstdlib>
 
 #include "app/console/console_application.h"
+#include "app/qt/framework_faults.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
 
@@ -19,8 +20,6 @@
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <cstdio>
 #endif
 
 namespace {
@@ -91,13 +90,9 @@ bool isSet(const char* variable) {
   return value != nullptr && *value != '\0';
 }
 
-void dropRemarks(QtMsgType type, const QMessageLogContext&, const QString& message) {
-  if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", message.toUtf8().constData());
-}
-
 void doWithoutScreen() {
   qunsetenv("QT_QPA_PLATFORMTHEME");  // a desktop's theme may insist on its screen
-  qInstallMessageHandler(dropRemarks);
+  dropFrameworkRemarks();
 }
 
 }  // namespace

@@ -1,0 +1,74 @@
+#include "app/qt/framework_faults.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+
+#include <QThread>
+#include <QtGlobal>
+#include <csignal>
+#include <cstdlib>
+#include <string>
+#include <utility>
+
+// A process of its own for each fault ends as every error does.
+
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+const auto kEndsAsAnError = testing::ExitedWithCode(3);
+
+void warn() { qWarning("una observación"); }
+
+}  // namespace
+
+TEST(FrameworkFaults, AFatalRemarkIsAnErrorOfOneLine) {
+  const auto fail = [] {
+    endAsAnErrorOnFrameworkFaults();
+    qFatal("no such plugin\nplugins: %s\n", "none");
+  };
+  EXPECT_EXIT(fail(), kEndsAsAnError,
+              "Se ha producido un error: Error inesperado: no such plugin plugins: none\n$");
+}
+
+TEST(FrameworkFaults, AThreadThatCannotBeStartedIsMissingMemory) {
+#ifdef SANITIZED
+  GTEST_SKIP() << "a sanitizer needs the memory itself";
+#endif
+  const auto start = [] {
+    endAsAnErrorOnFrameworkFaults();
+    QThread thread;
+    thread.setStackSize(1U << 30);
+    const rlimit noMore = {1, 1};  // what there is stays
+    setrlimit(RLIMIT_AS, &noMore);
+    thread.start();
+  };
+  EXPECT_EXIT(start(), kEndsAsAnError, "Se ha producido un error: No hay memoria suficiente\n$");
+}
+
+TEST(FrameworkFaults, ASignalThatWouldKillIsAnError) {
+  for (const auto& [signal, name] :
+       {std::pair{SIGABRT, "SIGABRT"}, std::pair{SIGTRAP, "SIGTRAP"}}) {
+    const auto raised = [number = signal] {
+      endAsAnErrorOnFrameworkFaults();
+      std::raise(number);
+    };
+    EXPECT_EXIT(raised(), kEndsAsAnError,
+                std::string("Se ha producido un error: Error inesperado: el programa se ha "
+                            "interrumpido .") +
+                    name + ".\n$");
+  }
+}
+
+TEST(FrameworkFaults, OtherRemarksAreWrittenUnlessTheyAreDropped) {
+  const auto remark = [](bool dropped) {
+    endAsAnErrorOnFrameworkFaults();
+    if (dropped) dropFrameworkRemarks();
+    warn();
+    std::exit(0);
+  };
+  EXPECT_EXIT(remark(false), testing::ExitedWithCode(0), "una observación");
+  EXPECT_EXIT(remark(true), testing::ExitedWithCode(0), Not(HasSubstr("una observación")));
+}
