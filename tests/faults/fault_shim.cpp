@@ -3,7 +3,8 @@
 // out of its reach; the system calls (traced_run.h) are the level below.
 //
 // Told by the environment:
-//   FAULT_CALL   name of the function (one of those at the end of this file)
+//   FAULT_CALL   name of the function (one of those at the end of this file); "main" is only
+//                reported, and nothing fails
 //   FAULT_AT     which call of it, from 1
 //   FAULT_ERRNO  number of the error
 //   FAULT_KIND   "fail", "short" (half of a read or write is done) or "sticky" (all later calls
@@ -161,6 +162,7 @@ int (*mainOfProgram)(int, char**, char**) = nullptr;
 
 int markedMain(int argc, char** argv, char** environment) {
   inMain = true;
+  strikes("main", "begins");
   return mainOfProgram(argc, argv, environment);
 }
 

@@ -9,7 +9,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <stdexcept>
+#include <string_view>
 
 namespace {
 
@@ -17,14 +19,17 @@ constexpr int kReportFile = 100;
 
 std::vector<std::string> environmentFor(const RunOptions& options) {
   std::vector<std::string> added = options.environment;
+  std::string preloaded;
+  for (const std::string& library : options.preloaded) preloaded += library + ' ';
   added.push_back("ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1");
   if (const LibraryFault* fault = options.fault) {
-    added.insert(
-        added.end(),
-        {std::string("LD_PRELOAD=") + FAULT_SHIM, "FAULT_CALL=" + fault->call,
-         "FAULT_AT=" + std::to_string(fault->at), "FAULT_ERRNO=" + std::to_string(fault->error),
-         "FAULT_KIND=" + fault->kind, "FAULT_REPORT=" + std::to_string(kReportFile)});
+    added.insert(added.end(),
+                 {"FAULT_CALL=" + fault->call, "FAULT_AT=" + std::to_string(fault->at),
+                  "FAULT_ERRNO=" + std::to_string(fault->error), "FAULT_KIND=" + fault->kind,
+                  "FAULT_REPORT=" + std::to_string(kReportFile)});
+    preloaded += FAULT_SHIM;
   }
+  if (!preloaded.empty()) added.push_back("LD_PRELOAD=" + preloaded);
   return environmentWith(added);
 }
 
@@ -51,7 +56,11 @@ StringArray::StringArray(std::vector<std::string> strings) : strings_(std::move(
 std::vector<std::string> environmentWith(const std::vector<std::string>& added) {
   std::vector<std::string> environment = added;
   for (char** variable = environ; *variable != nullptr; ++variable) {
-    environment.emplace_back(*variable);
+    const std::string_view inherited = *variable;
+    const std::string_view name = inherited.substr(0, inherited.find('=') + 1);
+    const bool replaced = std::ranges::any_of(
+        added, [name](const std::string& other) { return other.starts_with(name); });
+    if (!replaced) environment.emplace_back(inherited);
   }
   return environment;
 }
@@ -94,7 +103,7 @@ FaultedRun runUnder(const std::string& program, const std::vector<std::string>& 
     dup2(injected.number(), kReportFile);
     options.inChild();
     execve(program.c_str(), argv.data(), environment.data());
-    _exit(127);
+    _exit(kNotStarted);
   }
 
   FaultedRun run;

@@ -28,13 +28,13 @@ struct RunOptions {
   std::function<void()> inChild = [] {};  // before the program starts: limits, closed streams ...
   const LibraryFault* fault = nullptr;
   std::vector<std::string> environment;  // "NAME=value"
+  std::vector<std::string> preloaded;    // libraries
   int patienceMs = 10'000;
   int killAfterMicroseconds = -1;  // kills the run at that moment
 };
 
-/// The group and user that a test's program runs as when the tests themselves run as root, whom no
-/// permission stops.
-inline constexpr unsigned kNobody = 65534;
+/// The status of a run whose program could not be started at all.
+inline constexpr int kNotStarted = 127;
 
 /// Runs `program` with `arguments` to its end, or to the end of the patience.
 FaultedRun runUnder(const std::string& program, const std::vector<std::string>& arguments,
@@ -67,7 +67,7 @@ class StringArray {
   std::vector<char*> pointers_;
 };
 
-/// This process's environment with `added` in front of it.
+/// This process's environment with `added`, which replace variables of the same names.
 std::vector<std::string> environmentWith(const std::vector<std::string>& added);
 
 /// Waits for the child's end until the patience ends, and kills it then.
