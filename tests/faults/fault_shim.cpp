@@ -1,19 +1,6 @@
 // Preloaded into a program under test: makes the Nth call of one function of the C library fail, as
 // a full disk, a broken device or an empty memory would. What the C library calls inside itself is
 // out of its reach; the system calls (traced_run.h) are the level below.
-//
-// Told by the environment:
-//   FAULT_CALL   name of the function (one of those at the end of this file); "main" is only
-//                reported, and nothing fails
-//   FAULT_AT     which call of it, from 1
-//   FAULT_ERRNO  number of the error
-//   FAULT_KIND   "fail", "short" (half of a read or write is done) or "sticky" (all later calls
-//   fail
-//                too)
-//   FAULT_REPORT number of an open file: it gets the line "CALL SUBJECT" once the fault comes.
-//                The subject is the file's name, "stderr", or, of an allocation, who asked for it:
-//                "startup" (before main), the C library function that did, or "program". Empty: the
-//                call number was never reached.
 
 #include <dlfcn.h>
 #include <errno.h>
@@ -30,9 +17,7 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
-// Some of these are macros or have inline forms; here they are plain functions.
-#undef errno
-#define errno (*__errno_location())
+#include "fault_plan.h"
 
 extern "C" {
 void* __libc_malloc(size_t size);
@@ -42,78 +27,6 @@ void* __libc_memalign(size_t alignment, size_t size);
 }
 
 namespace {
-
-struct Plan {
-  char call[32] = "";
-  long at = 0;
-  int error = 0;
-  int report = -1;
-  bool isShort = false;
-  bool sticky = false;
-  bool armed = false;
-};
-
-Plan plan;
-long calls = 0;
-bool inMain = false;
-const char* inside = nullptr;  // the C library function that the program is in
-
-/// Names of the files behind open streams, for the report.
-struct OpenStream {
-  const FILE* stream;
-  char name[64];
-};
-OpenStream openStreams[64];
-
-const char* baseName(const char* path) {
-  const char* slash = strrchr(path, '/');
-  return slash != nullptr ? slash + 1 : path;
-}
-
-void remember(const FILE* stream, const char* path) {
-  for (OpenStream& slot : openStreams) {
-    if (slot.stream != nullptr) continue;
-    slot.stream = stream;
-    strncpy(slot.name, baseName(path), sizeof slot.name - 1);
-    return;
-  }
-}
-
-const char* nameOf(const FILE* stream) {
-  if (stream == stderr) return "stderr";
-  if (stream == stdout) return "stdout";
-  for (const OpenStream& slot : openStreams) {
-    if (slot.stream == stream) return slot.name;
-  }
-  return "?";
-}
-
-void forget(const FILE* stream) {
-  for (OpenStream& slot : openStreams) {
-    if (slot.stream == stream) slot = {};
-  }
-}
-
-const char* descriptorName(int file) { return file == 2 ? "stderr" : file == 1 ? "stdout" : "?"; }
-
-void report(const char* call, const char* subject) {
-  char line[160] = "";
-  strcat(line, call);
-  strcat(line, " ");
-  strncat(line, subject, 100);
-  strcat(line, "\n");
-  syscall(SYS_write, plan.report, line, strlen(line));
-}
-
-/// Whether this call is the one to fail.
-bool strikes(const char* call, const char* subject) {
-  if (!plan.armed || strcmp(call, plan.call) != 0) return false;
-  ++calls;
-  if (calls != plan.at && !(plan.sticky && calls > plan.at)) return false;
-  if (calls == plan.at) report(call, subject);
-  errno = plan.error;
-  return true;
-}
 
 void markError(FILE* stream) {
   constexpr int kErrorSeen = 0x20;  // the C library's own flag, what ferror looks at
@@ -126,43 +39,10 @@ Function* real(const char* name) {
   return reinterpret_cast<Function*>(dlsym(RTLD_NEXT, name));
 }
 
-/// Names the function while the program is in it, so that an allocation can say who asked for it.
-class Inside {
- public:
-  explicit Inside(const char* call) : before_(inside) { inside = call; }
-  ~Inside() { inside = before_; }
-  Inside(const Inside&) = delete;
-  Inside& operator=(const Inside&) = delete;
-
- private:
-  const char* before_;
-};
-
-const char* whoAllocates() { return !inMain ? "startup" : inside != nullptr ? inside : "program"; }
-
-__attribute__((constructor)) void readPlan() {
-  const char* call = getenv("FAULT_CALL");
-  const char* at = getenv("FAULT_AT");
-  const char* error = getenv("FAULT_ERRNO");
-  const char* kind = getenv("FAULT_KIND");
-  const char* file = getenv("FAULT_REPORT");
-  if (call == nullptr || at == nullptr || error == nullptr || kind == nullptr || file == nullptr) {
-    return;
-  }
-  strncpy(plan.call, call, sizeof plan.call - 1);
-  plan.at = atol(at);
-  plan.error = atoi(error);
-  plan.report = atoi(file);
-  plan.isShort = strcmp(kind, "short") == 0;
-  plan.sticky = strcmp(kind, "sticky") == 0;
-  plan.armed = true;
-}
-
 int (*mainOfProgram)(int, char**, char**) = nullptr;
 
 int markedMain(int argc, char** argv, char** environment) {
-  inMain = true;
-  strikes("main", "begins");
+  noteMain();
   return mainOfProgram(argc, argv, environment);
 }
 
@@ -182,27 +62,27 @@ int __libc_start_main(int (*main)(int, char**, char**), int argc, char** argv, v
 }
 
 void* malloc(size_t size) noexcept {
-  FAILS("malloc", whoAllocates(), nullptr);
+  FAILS("malloc", allocation(), nullptr);
   return __libc_malloc(size);
 }
 
 void* calloc(size_t count, size_t size) noexcept {
-  FAILS("calloc", whoAllocates(), nullptr);
+  FAILS("calloc", allocation(), nullptr);
   return __libc_calloc(count, size);
 }
 
 void* realloc(void* old, size_t size) noexcept {
-  FAILS("realloc", whoAllocates(), nullptr);
+  FAILS("realloc", allocation(), nullptr);
   return __libc_realloc(old, size);
 }
 
 void* aligned_alloc(size_t alignment, size_t size) noexcept {
-  FAILS("aligned_alloc", whoAllocates(), nullptr);
+  FAILS("aligned_alloc", allocation(), nullptr);
   return __libc_memalign(alignment, size);
 }
 
 FILE* fopen(const char* path, const char* mode) {
-  FAILS("fopen", baseName(path), nullptr);
+  FAILS("fopen", fileAt(path), nullptr);
   const Inside here("fopen");
   FILE* stream = real<decltype(fopen)>("fopen")(path, mode);
   if (stream != nullptr) remember(stream, path);
@@ -213,8 +93,8 @@ FILE* fopen64(const char* path, const char* mode) { return fopen(path, mode); }
 
 size_t fread(void* to, size_t size, size_t count, FILE* stream) {
   const Inside here("fread");
-  if (strikes("fread", nameOf(stream))) {
-    if (plan.isShort) return real<decltype(fread)>("fread")(to, size, count / 2, stream);
+  if (strikes("fread", fileOf(stream))) {
+    if (halfIsDone()) return real<decltype(fread)>("fread")(to, size, count / 2, stream);
     markError(stream);
     return 0;
   }
@@ -227,7 +107,7 @@ size_t __fread_chk(void* to, size_t, size_t size, size_t count, FILE* stream) {
 
 char* fgets(char* to, int size, FILE* stream) {
   const Inside here("fgets");
-  if (strikes("fgets", nameOf(stream))) {
+  if (strikes("fgets", fileOf(stream))) {
     markError(stream);
     return nullptr;
   }
@@ -236,7 +116,7 @@ char* fgets(char* to, int size, FILE* stream) {
 
 int fgetc(FILE* stream) {
   const Inside here("fgetc");
-  if (strikes("fgetc", nameOf(stream))) {
+  if (strikes("fgetc", fileOf(stream))) {
     markError(stream);
     return EOF;
   }
@@ -244,18 +124,18 @@ int fgetc(FILE* stream) {
 }
 
 int fseek(FILE* stream, long offset, int from) {
-  FAILS("fseek", nameOf(stream), -1);
+  FAILS("fseek", fileOf(stream), -1);
   const Inside here("fseek");
   return real<decltype(fseek)>("fseek")(stream, offset, from);
 }
 
 size_t fwrite(const void* from, size_t size, size_t count, FILE* stream) {
   const Inside here("fwrite");
-  if (strikes("fwrite", nameOf(stream))) {
+  if (strikes("fwrite", fileOf(stream))) {
     const size_t done =
-        plan.isShort ? real<decltype(fwrite)>("fwrite")(from, size, count / 2, stream) : 0;
+        halfIsDone() ? real<decltype(fwrite)>("fwrite")(from, size, count / 2, stream) : 0;
     markError(stream);
-    errno = plan.error;
+    setError();
     return done;
   }
   return real<decltype(fwrite)>("fwrite")(from, size, count, stream);
@@ -263,7 +143,7 @@ size_t fwrite(const void* from, size_t size, size_t count, FILE* stream) {
 
 int fputs(const char* text, FILE* stream) {
   const Inside here("fputs");
-  if (strikes("fputs", nameOf(stream))) {
+  if (strikes("fputs", fileOf(stream))) {
     markError(stream);
     return EOF;
   }
@@ -272,7 +152,7 @@ int fputs(const char* text, FILE* stream) {
 
 int fputc(int c, FILE* stream) {
   const Inside here("fputc");
-  if (strikes("fputc", nameOf(stream))) {
+  if (strikes("fputc", fileOf(stream))) {
     markError(stream);
     return EOF;
   }
@@ -281,7 +161,7 @@ int fputc(int c, FILE* stream) {
 
 int fflush(FILE* stream) {
   const Inside here("fflush");
-  if (strikes("fflush", stream != nullptr ? nameOf(stream) : "all")) {
+  if (strikes("fflush", stream != nullptr ? fileOf(stream) : thing("all"))) {
     if (stream != nullptr) markError(stream);
     return EOF;
   }
@@ -291,12 +171,12 @@ int fflush(FILE* stream) {
 /// A close that fails has lost what was not yet written.
 int fclose(FILE* stream) {
   const Inside here("fclose");
-  const bool lost = strikes("fclose", nameOf(stream));
+  const bool lost = strikes("fclose", fileOf(stream));
   if (lost) __fpurge(stream);
   forget(stream);
   const int result = real<decltype(fclose)>("fclose")(stream);
   if (!lost) return result;
-  errno = plan.error;
+  setError();
   return EOF;
 }
 
@@ -305,7 +185,7 @@ int open(const char* path, int flags, ...) {
   va_start(rest, flags);
   const int mode = va_arg(rest, int);
   va_end(rest);
-  FAILS("open", baseName(path), -1);
+  FAILS("open", fileAt(path), -1);
   return static_cast<int>(syscall(SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
@@ -314,31 +194,31 @@ int openat(int folder, const char* path, int flags, ...) {
   va_start(rest, flags);
   const int mode = va_arg(rest, int);
   va_end(rest);
-  FAILS("openat", baseName(path), -1);
+  FAILS("openat", fileAt(path), -1);
   return static_cast<int>(syscall(SYS_openat, folder, path, flags, mode));
 }
 
 ssize_t read(int file, void* to, size_t size) {
-  if (strikes("read", descriptorName(file))) {
-    return plan.isShort ? syscall(SYS_read, file, to, size / 2) : -1;
+  if (strikes("read", fileOf(file))) {
+    return halfIsDone() ? syscall(SYS_read, file, to, size / 2) : -1;
   }
   return syscall(SYS_read, file, to, size);
 }
 
 ssize_t write(int file, const void* from, size_t size) {
-  if (strikes("write", descriptorName(file))) {
-    return plan.isShort ? syscall(SYS_write, file, from, size / 2) : -1;
+  if (strikes("write", fileOf(file))) {
+    return halfIsDone() ? syscall(SYS_write, file, from, size / 2) : -1;
   }
   return syscall(SYS_write, file, from, size);
 }
 
 ssize_t writev(int file, const iovec* parts, int count) {
-  FAILS("writev", descriptorName(file), -1);
+  FAILS("writev", fileOf(file), -1);
   return syscall(SYS_writev, file, parts, count);
 }
 
 int close(int file) {
-  FAILS("close", descriptorName(file), -1);
+  FAILS("close", fileOf(file), -1);
   return static_cast<int>(syscall(SYS_close, file));
 }
 
@@ -347,49 +227,49 @@ int fcntl(int file, int command, ...) {
   va_start(rest, command);
   void* argument = va_arg(rest, void*);
   va_end(rest);
-  FAILS("fcntl", descriptorName(file), -1);
+  FAILS("fcntl", fileOf(file), -1);
   return static_cast<int>(syscall(SYS_fcntl, file, command, argument));
 }
 
 int stat(const char* path, struct stat* result) noexcept {
-  FAILS("stat", baseName(path), -1);
+  FAILS("stat", fileAt(path), -1);
   return real<int(const char*, struct stat*)>("stat")(path, result);
 }
 
 int truncate(const char* path, off_t length) noexcept {
-  FAILS("truncate", baseName(path), -1);
+  FAILS("truncate", fileAt(path), -1);
   return real<decltype(truncate)>("truncate")(path, length);
 }
 
 int remove(const char* path) noexcept {
-  FAILS("remove", baseName(path), -1);
+  FAILS("remove", fileAt(path), -1);
   return real<decltype(remove)>("remove")(path);
 }
 
 ssize_t readlink(const char* path, char* to, size_t size) noexcept {
-  FAILS("readlink", baseName(path), -1);
+  FAILS("readlink", fileAt(path), -1);
   return real<decltype(readlink)>("readlink")(path, to, size);
 }
 
 int isatty(int file) noexcept {
-  FAILS("isatty", descriptorName(file), 0);
+  FAILS("isatty", fileOf(file), 0);
   return real<decltype(isatty)>("isatty")(file);
 }
 
 locale_t newlocale(int mask, const char* name, locale_t base) noexcept {
-  FAILS("newlocale", name, nullptr);
+  FAILS("newlocale", thing(name), nullptr);
   const Inside here("newlocale");
   return real<decltype(newlocale)>("newlocale")(mask, name, base);
 }
 
 iconv_t iconv_open(const char* to, const char* from) {
-  FAILS("iconv_open", to, reinterpret_cast<iconv_t>(-1));
+  FAILS("iconv_open", thing(to), reinterpret_cast<iconv_t>(-1));
   const Inside here("iconv_open");
   return real<decltype(iconv_open)>("iconv_open")(to, from);
 }
 
 size_t iconv(iconv_t converter, char** from, size_t* fromLeft, char** to, size_t* toLeft) {
-  FAILS("iconv", "text", static_cast<size_t>(-1));
+  FAILS("iconv", thing("text"), static_cast<size_t>(-1));
   const Inside here("iconv");
   return real<decltype(iconv)>("iconv")(converter, from, fromLeft, to, toLeft);
 }

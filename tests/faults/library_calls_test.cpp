@@ -4,12 +4,11 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
-#include <map>
 #include <set>
 #include <string_view>
 
+#include "faults/library_walk.h"
 #include "faults/promise.h"
-#include "faults/run_under.h"
 #include "faults/scenarios.h"
 #include "support/run_program.h"
 #include "support/skip_for_lack_of.h"
@@ -18,13 +17,6 @@
 // the first, the second, ... until one is asked for that is never made.
 
 namespace {
-
-/// What is made to fail, and how.
-struct Failure {
-  const char* call;
-  int error;
-  const char* kind;
-};
 
 constexpr Failure kFailures[] = {
     {"fopen", EACCES, "fail"},   {"fopen", EMFILE, "fail"},     {"fopen", ENOMEM, "fail"},
@@ -102,63 +94,6 @@ int leastCalls(std::string_view call, std::string_view scenario) {
   return 0;
 }
 
-/// The calls whose failure may leave a run as it would have been, and why. `subject` empty: any.
-struct Harmless {
-  std::string_view call;
-  std::string_view subject;
-  std::string_view why;
-};
-
-constexpr Harmless kHarmless[] = {
-    {"fopen", "Error.log", "the log only accompanies a run; without it the message still comes"},
-    {"fclose", "Error.log", "nothing is written to it in a run"},
-    {"fclose", "casa.bdl", "an input: read to its end before it is closed"},
-    {"fclose", "casa.tbl", "the same"},
-    {"fclose", "casa.tip", "the same"},
-    {"fclose", "defectos.inp", "the same"},
-    {"fflush", "stderr", "standard error is not buffered: there is nothing to flush"},
-    {"fcntl", "", "asks whether a standard stream is open; a needless one on the null device"},
-    {"readlink", "exe", "the program's own folder, which nothing reads back"},
-    {"isatty", "stderr", "then there is no progress"},
-    {"newlocale", "", "then decimals have a point and messages are UTF-8"},
-    {"malloc", "startup", "the C++ library's reserve for exceptions, which no good run needs"},
-    {"malloc", "fopen", "of the C library's locale files, which it does without"},
-    {"malloc", "fread", "a buffer of the C library, which does without"},
-    {"malloc", "fwrite", "the same"},
-    {"malloc", "newlocale", "as newlocale itself"},
-    {"malloc", "iconv_open", "as iconv_open itself"},
-    {"realloc", "newlocale", "the same"},
-};
-
-/// Whether the run may take no notice. A file's state is asked in order to reserve room for it;
-/// where the same call asks whether an input exists, the run ends in a message.
-bool isHarmless(const std::string& call, const std::string& subject) {
-  if (call == "stat") return true;
-  for (const Harmless& row : kHarmless) {
-    if (row.call == call && (row.subject.empty() || row.subject == subject)) return true;
-  }
-  return false;
-}
-
-/// "CALL SUBJECT" of the first fault that was injected.
-std::pair<std::string, std::string> firstInjected(const FaultedRun& run) {
-  const std::string line = run.injected.substr(0, run.injected.find('\n'));
-  const std::size_t blank = line.find(' ');
-  return {line.substr(0, blank), line.substr(blank + 1)};
-}
-
-/// A read that is cut short is no fault: the rest comes with the next one.
-bool isNoFault(const Failure& failure) {
-  return std::string_view(failure.kind) == "short" &&
-         (std::string_view(failure.call) == "fread" || std::string_view(failure.call) == "read");
-}
-
-/// What a walk met: for each function the number of faults, of which ...
-struct Tally {
-  int injected = 0;
-  int untouched = 0;
-};
-
 class LibraryCalls : public testing::TestWithParam<std::tuple<int, Scenario>> {
  protected:
   void SetUp() override {
@@ -173,13 +108,9 @@ class LibraryCalls : public testing::TestWithParam<std::tuple<int, Scenario>> {
   Workplace place_;
 };
 
-std::string failureName(const Failure& failure) {
-  return std::string(failure.call) + "_" + failure.kind + "_" + strerrorname_np(failure.error);
-}
-
 std::string testName(const testing::TestParamInfo<std::tuple<int, Scenario>>& info) {
   const Failure& failure = kFailures[static_cast<std::size_t>(std::get<0>(info.param))];
-  return std::string(std::get<1>(info.param).name) + "_" + failureName(failure);
+  return std::string(std::get<1>(info.param).name) + "_" + nameOf(failure);
 }
 
 }  // namespace
@@ -187,46 +118,12 @@ std::string testName(const testing::TestParamInfo<std::tuple<int, Scenario>>& in
 TEST_P(LibraryCalls, KeepThePromiseWhicheverOneFails) {
   const Failure& failure = kFailures[static_cast<std::size_t>(std::get<0>(GetParam()))];
   const Scenario& scenario = std::get<1>(GetParam());
-  Tally tally;
   // Without any memory from some call on is the slowest walk, and its steps are much alike.
   const bool strides = std::string_view(failure.call) == "malloc" && *failure.kind == 's';
   const int step = strides && !longTests() ? 5 : 1;
-  for (int at = 1;; at += step) {
-    ASSERT_LT(at, 100'000) << "the walk does not end";
-    place_.reset();
-    const LibraryFault fault{failure.call, failure.error, failure.kind, at};
-    RunOptions options;
-    options.fault = &fault;
-    options.environment = environmentOf(scenario);
-    const FaultedRun run = runUnder(TIP2BDL_CLI, place_.arguments(), options);
-    SCOPED_TRACE("call " + std::to_string(at) + " fails: " + run.injected);
-    const bool errorStreamFailed =
-        std::string_view(failure.call) == "fwrite" &&
-        (run.injected == "fwrite stderr\n" || std::string_view(failure.kind) == "sticky");
-    // A character that cannot be converted is a question mark, also in the caption.
-    const bool converted = std::string_view(failure.call) != "iconv";
-    const Verdict verdict = judge(place_, run, errorStreamFailed || !converted);
-    ASSERT_EQ("", verdict.why);
-    const bool untouched = wentItsWay(scenario, verdict, run);
-    if (run.injected.empty()) {
-      EXPECT_TRUE(untouched) << "without a fault the run goes its way; it said: " << run.err;
-      break;
-    }
-    ++tally.injected;
-    if (untouched) ++tally.untouched;
-    if (isNoFault(failure)) {
-      EXPECT_TRUE(untouched) << run.err;
-    } else if (untouched) {
-      const auto [call, subject] = firstInjected(run);
-      EXPECT_TRUE(isHarmless(call, subject)) << "the run took no notice";
-    }
-  }
+  const Tally tally = walk(place_, {kConsole, scenario, failure, step});
   EXPECT_GE(tally.injected * step, leastCalls(failure.call, scenario.name))
       << "faults that came; the shim does not reach the program's calls any more";
-  RecordProperty("injected", tally.injected);
-  RecordProperty("untouched", tally.untouched);
-  std::printf("%s: %d faults, %d of them without effect\n", failureName(failure).c_str(),
-              tally.injected, tally.untouched);
 }
 
 INSTANTIATE_TEST_SUITE_P(Walk, LibraryCalls,

@@ -110,7 +110,8 @@ TEST_P(Limits, AMemoryLimitIsAnError) {
 #ifdef SANITIZED
   GTEST_SKIP() << "a sanitizer reserves terabytes of addresses";
 #endif
-  const LibraryFault seen = {"main"};
+  LibraryFault seen;
+  seen.call = "main";
   const Range range = memoryOf(GetParam());
   int complete = 0;
   int failed = 0;

@@ -26,7 +26,7 @@ std::vector<std::string> environmentFor(const RunOptions& options) {
     added.insert(added.end(),
                  {"FAULT_CALL=" + fault->call, "FAULT_AT=" + std::to_string(fault->at),
                   "FAULT_ERRNO=" + std::to_string(fault->error), "FAULT_KIND=" + fault->kind,
-                  "FAULT_REPORT=" + std::to_string(kReportFile)});
+                  "FAULT_FILES=" + fault->files, "FAULT_REPORT=" + std::to_string(kReportFile)});
     preloaded += FAULT_SHIM;
   }
   if (!preloaded.empty()) added.push_back("LD_PRELOAD=" + preloaded);

@@ -16,12 +16,13 @@ struct FaultedRun {
   std::string injected;  // what the preloaded library says it made fail, a line each
 };
 
-/// One call of the C library that is to fail; see fault_shim.cpp.
+/// One call of the C library that is to fail; see fault_plan.h.
 struct LibraryFault {
   std::string call;
   int error = 0;
   std::string kind = "fail";
   int at = 1;
+  std::string files;  // how the paths begin that it is about; empty: all
 };
 
 struct RunOptions {
