@@ -25,7 +25,6 @@ PROGRAM, CONSOLE, SAMPLES, LOCALES = (Path(argument).resolve() for argument in s
 HOUSE = SAMPLES / "casa-adosada"
 TEMPLATE = HOUSE / "casa-adosada.bdl"
 TYPOLOGY = HOUSE / "tipo-03.tip"
-SUPPRESSIONS = Path(__file__).resolve().parents[1] / "support" / "lsan.supp"
 
 FORM = "Calculando ..."
 BOX = "Se ha producido un error"
@@ -248,8 +247,7 @@ class DesktopTest(unittest.TestCase):
                               capture_output=True, text=True, check=True).stdout
         if mark.strip() != ",":
             self.skipTest("no Spanish locale")
-        process = self.start(self.command_line(), desktop=self.desktop(), **spanish,
-                             LSAN_OPTIONS=f"suppressions={SUPPRESSIONS}:print_suppressions=0")
+        process = self.start(self.command_line(), desktop=self.desktop(), **spanish)
         self.assertEqual(0, self.ended(process)[0])
         self.assertEqual(self.output_of_console(), self.output.read_bytes())
 

@@ -74,11 +74,12 @@ Verdict judge(const Workplace& place, const FaultedRun& run, bool silent) {
     const std::string output =
         place.folder().has("salida.bdl") ? place.folder().read("salida.bdl") : std::string();
     // A marker that cannot be made comes too late for the output, which is whole then. (Where no
-    // memory is left, the message cannot say so.)
+    // memory is left, or the framework fails in between, the message cannot say so.)
     const std::string noMarker =
         "Error al abrir fichero de escritura: " + place.folder() / "fin.txt\n";
     const bool whole = output == place.expectedOutput() &&
-                       (run.err.ends_with(noMarker) || run.err.ends_with("memoria suficiente\n"));
+                       (run.err.ends_with(noMarker) || run.err.ends_with("memoria suficiente\n") ||
+                        run.err.find("Error inesperado") != std::string::npos);
     if (!output.empty() && output != Workplace::kOldOutput && !whole) {
       broken << "half an output after an error (" << output.size() << " bytes); ";
     }

@@ -24,7 +24,7 @@ int main(int argc, char* argv[]) {
   char* frameworkArgv[] = {frameworkName, nullptr};
   std::optional<QApplication> framework;  // outlives what may throw, so that its box can be shown
 
-  return runSafely([&] {
+  return runSafely([&]() -> int {
     endAsAnErrorOnFrameworkFaults();
     {
       const ScreenChoice choice;
@@ -46,7 +46,7 @@ int main(int argc, char* argv[]) {
     QApplication::exec();
 
     createCompletionMarker(paths.markerFile);
-    screenMayGo();
-    return 0;
+    // Who sees the marker is told no other thing: taking the framework down could still fail.
+    Application->Terminate(0);
   });
 }

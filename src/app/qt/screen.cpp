@@ -30,21 +30,13 @@ bool showsNothing(const QString& platform) {
 
 }  // namespace
 
-namespace {
-bool screenIsNeeded = false;
-}
-
 void endAsAnErrorIfScreenIsLost() {
-  screenIsNeeded = true;
   std::atexit([] {
-    if (!screenIsNeeded) return;
     ConsoleApplication().MessageBox("Se ha perdido la conexión con la pantalla"_cp1252,
                                     kErrorCaption);
     std::_Exit(kExitError);
   });
 }
-
-void screenMayGo() { screenIsNeeded = false; }
 
 bool hasScreen() {
   return QCoreApplication::instance() != nullptr && !showsNothing(QGuiApplication::platformName());

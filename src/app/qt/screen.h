@@ -18,12 +18,10 @@ class ScreenChoice {
   int connection_ = -1;  // to it; the visit ends when it is closed
 };
 
-/// A screen that is lost while the program runs ends the process from inside the framework, with a
-/// status of its own. From here on it ends as every error does, with a message on standard error
-/// and exit code 3, until `screenMayGo`.
+/// A screen that is lost while the program runs makes the framework exit, with a status of its own.
+/// From here on every exit is such an end and becomes an error, with a message on standard error
+/// and exit code 3; the program's own ends (see DesktopApplication) are none.
 void endAsAnErrorIfScreenIsLost();
-/// The program has come to its own end.
-void screenMayGo();
 
 /// Whether there is a screen with somebody in front of it. False before the framework has started
 /// and on its "offscreen" and "minimal" platforms.
