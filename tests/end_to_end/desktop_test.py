@@ -144,8 +144,8 @@ class DesktopTest(unittest.TestCase):
             process.kill()
         process.communicate()
 
-    def command_line(self, template=TEMPLATE, typology=TYPOLOGY):
-        return f"programa#{template},{typology},{self.output},{self.marker}"
+    def command_line(self, template=TEMPLATE, typology=TYPOLOGY, output=None):
+        return f"programa#{template},{typology},{output or self.output},{self.marker}"
 
     def ended(self, process):
         """Waits for the end: exit code, standard output and standard error."""
@@ -224,6 +224,17 @@ class DesktopTest(unittest.TestCase):
         desktop.press(box, "Return")
         self.assertEqual(3, self.ended(process)[0])
         self.assertEqual(self.output_of_console(), self.output.read_bytes())
+
+    def test_an_output_that_cannot_be_written_has_a_box_and_no_other_message(self):
+        desktop = self.desktop()
+        for output in ("/dev/full", "no-existe/salida.bdl"):
+            with self.subTest(output):
+                process = self.start(self.command_line(output=output), desktop=desktop)
+                desktop.press(desktop.window(BOX), "Return")
+                status, out, err = self.ended(process)
+                self.assertEqual((3, b""), (status, out))
+                self.assertNotIn(BOX, err.decode())
+                self.assert_failed_run_left_no_marker()
 
     def test_looking_for_the_screen_does_not_end_it(self):
         process = self.start(self.command_line(), desktop=self.desktop(end="-terminate"))
