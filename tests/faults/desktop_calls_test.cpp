@@ -38,11 +38,6 @@ int stepOf(const Failure& failure) {
 
 class DesktopCalls : public testing::TestWithParam<Row> {
  protected:
-  void SetUp() override {
-#ifdef SANITIZED
-    GTEST_SKIP() << "a sanitizer must be the first library of a program, before the shim";
-#endif
-  }
   Workplace place_;
 };
 
@@ -67,17 +62,11 @@ INSTANTIATE_TEST_SUITE_P(Walk, DesktopCalls, testing::ValuesIn(kRows), rowName);
 
 // Taking the framework down needs memory too.
 TEST(DesktopProgram, IsNotStoppedByAnythingBehindItsMarker) {
-#ifdef SANITIZED
-  GTEST_SKIP() << "a sanitizer must be the first library of a program, before the shim";
-#endif
   const Workplace place;
   walk(place, {kDesktop, kScenarios[0], {"malloc", ENOMEM, "sticky"}, 1, "fin.txt"});
 }
 
 TEST(DesktopProgram, HasAMarkerOnlyBehindACompleteOutputWhereverItIsKilled) {
-#ifdef SANITIZED
-  GTEST_SKIP() << "a sanitizer must be the first library of a program, before the shim";
-#endif
   const Workplace place;
   int killed = 0;
   int withMarker = 0;

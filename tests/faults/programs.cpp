@@ -16,8 +16,6 @@ FaultedRun runOn(const Program& program, const std::vector<std::string>& paths,
   for (const char* unset : {"DISPLAY=", "WAYLAND_DISPLAY=", "QT_QPA_PLATFORM="}) {
     options.environment.emplace_back(unset);
   }
-#ifndef SANITIZED
   options.preloaded.emplace_back(HURRIED_CLOCK);
-#endif
   return runUnder(program.file, {commandLine(paths)}, options);
 }

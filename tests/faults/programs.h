@@ -16,7 +16,7 @@ struct Program {
 };
 
 inline constexpr Program kConsole = {"Console", TIP2BDL_CLI, false};
-#ifdef TIP2BDL
+#ifdef TIP2BDL  // not everywhere, see CMakeLists.txt
 inline constexpr Program kDesktop = {"Desktop", TIP2BDL, true};
 inline constexpr Program kPrograms[] = {kConsole, kDesktop};
 #else
@@ -26,7 +26,6 @@ inline constexpr Program kPrograms[] = {kConsole};
 inline void PrintTo(const Program& program, std::ostream* out) { *out << program.name; }
 
 /// Runs `program` on the four paths of a run. The desktop program gets no screen, so that its
-/// messages go to standard error; its clock is hurried (hurried_clock.cpp), but not in a
-/// sanitizer's build, whose library has to be the first of a program.
+/// messages go to standard error, and a hurried clock (hurried_clock.cpp).
 FaultedRun runOn(const Program& program, const std::vector<std::string>& paths,
                  RunOptions options = {});
