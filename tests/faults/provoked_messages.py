@@ -38,6 +38,9 @@ ELSEWHERE = {
     "Se ha perdido la conexión con la pantalla": "end_to_end/desktop_test.py",
     "No hay memoria suficiente": "app/run_safely_test.cpp",
     "Error inesperado: ‹descripción›": "app/run_safely_test.cpp",
+    "Error inesperado: excepción de tipo desconocido": "app/run_safely_test.cpp",
+    "Error inesperado: el programa se ha interrumpido (‹señal›)":
+        "app_qt/framework_faults_test.cpp",
     "No ha introducido algunos de los ficheros.": "app_qt/frm_calculo_test.cpp",
 }
 
