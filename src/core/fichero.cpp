@@ -68,21 +68,28 @@ fichero::~fichero() {
 void fichero::readWhole() {
   std::error_code noSize;
   const std::uintmax_t size = std::filesystem::file_size(name_, noSize);
-  if (!noSize) text_.reserve(size);
-  char block[kBlock];
+  std::size_t room = noSize ? kBlock : size + 1;  // for the end to be met within it
+  buffer_ = std::make_unique_for_overwrite<char[]>(room);
   std::size_t got = 0;
-  while ((got = std::fread(block, 1, sizeof block, stream_.get())) > 0) {
-    text_.append(block, got);
+  do {
+    if (text_.size() == room) {
+      auto larger = std::make_unique_for_overwrite<char[]>(room *= 2);
+      text_.copy(larger.get(), text_.size());
+      buffer_ = std::move(larger);
+    }
+    char* const end = buffer_.get() + text_.size();
+    got = std::fread(end, 1, std::min(kBlock, room - text_.size()), stream_.get());
+    text_ = {buffer_.get(), text_.size() + got};
     rejectNul(text_.size() - got);  // block by block: /dev/zero has no end
-  }
+  } while (got > 0);
   if (std::ferror(stream_.get()) != 0) failReading("Error al leer fichero: ", name_);
-  last_ = std::string_view(text_).substr(0, 0);
+  last_ = text_.substr(0, 0);
 }
 
 void fichero::rejectNul(std::size_t from) const {
   const std::size_t nul = text_.find('\0', from);
-  if (nul == std::string::npos) return;
-  const auto line = std::count(text_.begin(), text_.begin() + static_cast<long>(nul), '\n') + 1;
+  if (nul == std::string_view::npos) return;
+  const auto line = std::count(text_.begin(), text_.begin() + nul, '\n') + 1;
   ReportFailure(ErrorLog, errorInFile(name_, line, "contiene un carácter nulo"_cp1252));
 }
 
@@ -90,7 +97,7 @@ bool fichero::ReadLine(std::string_view& dest) {
   ReportError(ErrorLog, reading_, "El fichero debe ser de tipo lectura");
   std::string_view line = last_;
   if (position_ < text_.size()) {
-    const std::string_view piece = firstPiece(std::string_view(text_).substr(position_));
+    const std::string_view piece = firstPiece(text_.substr(position_));
     position_ += piece.size();
     line = withoutLineEnd(piece);
   } else if (repeatsLast_ && !metTheEnd()) {
@@ -127,7 +134,7 @@ bool fichero::CopyLine(const fichero& source) {
   const bool asItStands = lineEnd + 1 == source.text_.data() + source.position_;
   if (!asItStands) return WriteLine(source.last_);
   if (!beginsLine()) return false;
-  if (line != runEnd_) parts_.push_back({text_.size(), {line, 0}});
+  if (line != runEnd_) parts_.push_back({own_.size(), {line, 0}});
   runEnd_ = lineEnd + 1;
   std::string_view& run = parts_.back().copied;
   run = {run.data(), static_cast<std::size_t>(runEnd_ - run.data())};
@@ -185,7 +192,7 @@ bool fichero::writeParts() {
     }
     return true;
   };
-  const std::string_view own = text_;
+  const std::string_view own = own_;
   std::size_t at = 0;
   for (const Part& part : parts_) {
     if (!write(own.substr(at, part.ownEnd - at)) || !write(part.copied)) return false;

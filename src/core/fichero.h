@@ -36,13 +36,13 @@ class fichero {
   template <typename... Parts>
   bool WriteLine(const Parts&... parts) {
     if (!beginsLine()) return false;
-    (text_.append(std::string_view(parts)), ...);
-    text_ += '\n';
+    (own_.append(std::string_view(parts)), ...);
+    own_ += '\n';
     runEnd_ = nullptr;
     return true;
   }
   /// Makes room for so many bytes of such lines; a hint that saves time.
-  void expectBytes(std::size_t bytes) { text_.reserve(bytes); }
+  void expectBytes(std::size_t bytes) { own_.reserve(bytes); }
   /// The same as WriteLine for the line that `source` last handed out. Its bytes stay there until
   /// they are written: `source` must outlive this object.
   bool CopyLine(const fichero& source);
@@ -52,7 +52,7 @@ class fichero {
   std::string normalisedText() const;
 
   /// The file's bytes (mode "lectura").
-  const std::string& bytes() const { return text_; }
+  std::string_view bytes() const { return text_; }
   const std::string& name() const { return name_; }
   /// Number, from 1, of the line last handed out; a repeated last line has a number of its own.
   long lineNumber() const { return cursor_; }
@@ -64,9 +64,9 @@ class fichero {
     void operator()(std::FILE* file) const { std::fclose(file); }
   };
 
-  /// A part of the output: bytes of `text_`, and then lines of the file that is copied from.
+  /// A part of the output: bytes of `own_`, and then lines of the file that is copied from.
   struct Part {
-    std::size_t ownEnd;  // in text_
+    std::size_t ownEnd;  // in own_
     std::string_view copied;
   };
 
@@ -82,15 +82,16 @@ class fichero {
   int exceptionsAtBirth_;
   std::unique_ptr<std::FILE, CloseFile> stream_;
   long cursor_ = 0;  // lines handed out or collected
-  // Read: the whole file. Written: the output's own lines, each with its line feed.
-  std::string text_;
 
   // Reading.
+  std::unique_ptr<char[]> buffer_;
+  std::string_view text_;     // the whole file, in buffer_
   std::size_t position_ = 0;  // where the next line begins
   std::string_view last_;     // the line last handed out
   bool repeatsLast_ = true;   // it has not yet gone out once more
 
   // Writing.
-  std::deque<Part> parts_;        // all lines, but for those at the end of text_
+  std::string own_;               // the output's own lines, each with its line feed
+  std::deque<Part> parts_;        // all lines, but for those at the end of own_
   const char* runEnd_ = nullptr;  // end of the line copied last; null behind one of its own
 };
