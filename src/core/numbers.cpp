@@ -84,10 +84,16 @@ bool isTooLarge(std::string_view digits, const RealToken& token, bool hex) {
   return exponent + token.magnitude * (hex ? 4 : 1) > 0;
 }
 
+/// An unsigned number at the start of a text, and how many characters it takes; 0: there is none.
+struct Scanned {
+  float number = 0;
+  std::size_t length = 0;
+};
+
 /// Decimals of a few digits, such as "18.00", nearly all there are: the digits and the power of ten
 /// are whole numbers that a 32-bit real holds exactly, so one division rounds once, as it should.
-/// Moves `text` behind the number.
-bool scanShortDecimal(std::string_view& text, float& number) {
+/// Any other number is left to `scanOtherReal`.
+Scanned scanShortDecimal(std::string_view text) {
   constexpr std::size_t kLongest = 9;  // characters, the point included: 32 bits hold their digits
   constexpr std::uint32_t kLargestExact = 1 << 24;
   static constexpr float kPowersOfTen[] = {1, 1e1F, 1e2F, 1e3F, 1e4F, 1e5F, 1e6F, 1e7F, 1e8F};
@@ -109,10 +115,31 @@ bool scanShortDecimal(std::string_view& text, float& number) {
   }
   const auto length = static_cast<std::size_t>(at - text.data());
   const bool goesOn = length < text.size() && continuesNumber(*at);
-  if (count == 0 || digits > kLargestExact || goesOn) return false;
-  number = static_cast<float>(digits) / kPowersOfTen[decimals];
-  text.remove_prefix(length);
-  return true;
+  if (count == 0 || digits > kLargestExact || goesOn) return {};
+  return {static_cast<float>(digits) / kPowersOfTen[decimals], length};
+}
+
+Scanned scanOtherReal(std::string_view text) {
+  using Limits = std::numeric_limits<float>;
+  if (startsWithWord(text, "nan")) return {Limits::quiet_NaN(), 3};
+  if (startsWithWord(text, "infinity")) return {Limits::infinity(), 8};
+  if (startsWithWord(text, "infi")) return {};  // behind "inf" an "i" must go on to "infinity"
+  if (startsWithWord(text, "inf")) return {Limits::infinity(), 3};
+
+  const RealToken token = takeNumber(text);
+  const bool hex = token.prefix > 0;
+  if (token.length == token.prefix) return {};
+  const std::string_view digits = text.substr(token.prefix, token.length - token.prefix);
+  float number = 0;
+  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number,
+                                    hex ? std::chars_format::hex : std::chars_format::general);
+  if (read.ec == std::errc::result_out_of_range) {
+    number = isTooLarge(digits, token, hex) ? Limits::infinity() : 0.0F;
+  } else if (read.ec != std::errc()) {
+    if (!hex) return {};  // a lone "."
+    number = 0;           // "0x." is the number 0 in front of an "x."
+  }
+  return {number, token.length};
 }
 
 }  // namespace
@@ -147,35 +174,11 @@ bool scanReal(std::string_view& text, float& value) {
   const bool negative = rest.starts_with('-');
   if (negative || rest.starts_with('+')) rest.remove_prefix(1);
 
-  float number = 0;
-  if (scanShortDecimal(rest, number)) {
-    // Done.
-  } else if (startsWithWord(rest, "nan")) {
-    number = std::numeric_limits<float>::quiet_NaN();
-    rest.remove_prefix(3);
-  } else if (startsWithWord(rest, "inf")) {
-    // Behind "inf" an "i" must go on to "infinity".
-    const bool whole = startsWithWord(rest, "infinity");
-    if (!whole && startsWithWord(rest, "infi")) return false;
-    number = std::numeric_limits<float>::infinity();
-    rest.remove_prefix(whole ? 8 : 3);
-  } else {
-    const RealToken token = takeNumber(rest);
-    const bool hex = token.prefix > 0;
-    if (token.length == token.prefix) return false;
-    const std::string_view digits = rest.substr(token.prefix, token.length - token.prefix);
-    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), number,
-                                      hex ? std::chars_format::hex : std::chars_format::general);
-    if (read.ec == std::errc::result_out_of_range) {
-      number = isTooLarge(digits, token, hex) ? std::numeric_limits<float>::infinity() : 0.0F;
-    } else if (read.ec != std::errc()) {
-      if (!hex) return false;  // a lone "."
-      number = 0;              // "0x." is the number 0 in front of an "x."
-    }
-    rest.remove_prefix(token.length);
-  }
-  value = negative ? -number : number;
-  text = rest;
+  Scanned scanned = scanShortDecimal(rest);
+  if (scanned.length == 0) scanned = scanOtherReal(rest);
+  if (scanned.length == 0) return false;
+  value = negative ? -scanned.number : scanned.number;
+  text = rest.substr(scanned.length);
   return true;
 }
 
