@@ -13,7 +13,9 @@ namespace {
 
 /// A whole-building ventilation of 4 air changes an hour. Only this very text is recognised; the
 /// same values with other blanks between them are somebody's own schedule.
-constexpr std::string_view kAirChangeSchedule = "VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )";
+bool isAirChangeSchedule(std::string_view line) {
+  return line.find("VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )") != std::string_view::npos;
+}
 
 std::string baseNameOf(const std::string& path) {
   const std::string name = path.substr(folderOf(path).size());
@@ -76,27 +78,24 @@ bool GeneratorContext::readTemplateLine() {
   return true;
 }
 
-bool GeneratorContext::isAirChangeSchedule(std::string_view line) const {
-  return typology().airChangesHr > 0 && line.find(kAirChangeSchedule) != std::string_view::npos;
+bool GeneratorContext::findNextKey(const NameList& names, LineMatch& match) {
+  const bool rewritesSchedules = typology().airChangesHr > 0;
+  while (readTemplateLine()) {
+    if (findKey(currentLine_, names, match)) return true;
+    if (rewritesSchedules && isAirChangeSchedule(currentLine_)) {
+      writeSchedule();
+    } else {
+      writeCurrentLine();
+    }
+  }
+  return false;
 }
 
-void GeneratorContext::copyLine() {
-  if (!isAirChangeSchedule(currentLine_)) {
-    writeCurrentLine();
-    return;
-  }
+void GeneratorContext::writeSchedule() {
   const std::string hourly = formatFinite("VALUES", 4.0F / typology().airChangesHr);
   std::string line = " VALUES = ( ";
   for (int i = 0; i < 8; ++i) line.append(hourly).append(", ");
   writeLine(line.append("1 ) "));
-}
-
-bool GeneratorContext::findNextKey(const NameList& names, LineMatch& match) {
-  while (readTemplateLine()) {
-    if (findKey(currentLine_, names, match)) return true;
-    copyLine();
-  }
-  return false;
 }
 
 void GeneratorContext::copyUntilCommand(std::string_view type) {

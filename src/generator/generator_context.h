@@ -81,8 +81,7 @@ class GeneratorContext {
 
  private:
   bool readTemplateLine();
-  void copyLine();
-  bool isAirChangeSchedule(std::string_view line) const;
+  void writeSchedule();
 
   fichero template_;
   fichero tableFile_;
