@@ -54,7 +54,7 @@ std::string plainCommand(const LeerBDL& model, const std::string& type, std::siz
 std::string plainLongName(LeerBDL& model, const std::string& type, const std::string& name) {
   model.rebobinar();
   for (int left = model.contarComandos(type); left > 0; --left) {
-    const std::string candidate = model.siguienteComando(type);
+    std::string candidate = model.siguienteComando(type);
     if (plainLabel(model, type, candidate) == kNotFound) {
       ReportFailure(ErrorLog, "No se encuentra: " + candidate);
     }

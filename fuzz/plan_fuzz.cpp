@@ -81,6 +81,7 @@ void checkPlan(const Plan& plan, const PlanData& data) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Bytes bytes(data, size);
   PlanData plan;
+  // NOLINTNEXTLINE(bugprone-signed-char-misuse,cert-str34-c): a small number, no letter
   plan.tipo = bytes.take<std::int8_t>();
   const auto any = bytes.take<std::uint8_t>();
   if ((any & 64U) != 0) plan.tipo = bytes.take<std::int32_t>();

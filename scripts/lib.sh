@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Shared by the scripts; source it. Stands in the repository's root afterwards.
 set -euo pipefail
 cd "$(dirname "${BASH_SOURCE[0]}")/.."

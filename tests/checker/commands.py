@@ -18,7 +18,7 @@ REFERENCES = {
     "HEAT-TEMP-SCHEDULE": "YEAR-SCHEDULE", "COOL-TEMP-SCHEDULE": "YEAR-SCHEDULE",
 }
 
-# type: keywords that the generation replaces, takes out or puts in; all others are copied
+# By type, the keywords that the generation replaces, takes out or puts in; all others are copied
 REWRITTEN = {
     "POLYGON": r"V\d+",
     "BUILD-PARAMETERS": "AZIMUTH|TIPOLOGIA",

@@ -155,7 +155,7 @@ TEST(FicheroReading, OnlyAReadThatMeetsTheEndIsNotFollowedByTheRepeat) {
       {"the read stops short of its limit", text(19998), {19998}},
       {"the read is full at the end of the file", text(19999), {19999, 19999}},
       {"a second read meets the end", text(20000), {19999, 1}},
-      {"a second read is full", text(2 * 19999), {19999, 19999, 19999}},
+      {"a second read is full", text(std::size_t{2} * 19999), {19999, 19999, 19999}},
       {"the line end fills the read", text(19998) + "\n", {19998, 19998}},
       {"the line end comes in a read of its own", text(19999) + "\n", {19999, 0, 0}},
   };

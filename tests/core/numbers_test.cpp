@@ -18,6 +18,7 @@ void expectAsSscanf(const std::string& text) {
   SCOPED_TRACE(text);
   int used = 0;
   float expectedReal = -7;
+  // NOLINTNEXTLINE(cert-err34-c): the measure
   const bool realRead = std::sscanf(text.c_str(), "%f%n", &expectedReal, &used) == 1;
   std::string_view rest = text;
   float real = -7;
@@ -30,6 +31,7 @@ void expectAsSscanf(const std::string& text) {
   }
 
   int expectedInteger = -7;
+  // NOLINTNEXTLINE(cert-err34-c): the measure
   const bool integerRead = std::sscanf(text.c_str(), "%d%n", &expectedInteger, &used) == 1;
   rest = text;
   int integer = -7;

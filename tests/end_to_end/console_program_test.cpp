@@ -18,7 +18,7 @@ class ConsoleProgram : public testing::Test {
   ProgramResult run(const ProgramOptions& options = {}) const {
     return runProgram(kCli, building_.as<std::vector<std::string>>(), options);
   }
-  ProgramResult runWith(std::vector<std::string> arguments) const {
+  ProgramResult runWith(const std::vector<std::string>& arguments) const {
     ProgramOptions options;
     options.folder = folder_.path();
     return runProgram(kCli, arguments, options);

@@ -67,9 +67,9 @@ __attribute__((constructor)) void readPlan() {
   strncpy(plan.call, call, sizeof plan.call - 1);
   strncpy(plan.kind, kind, sizeof plan.kind - 1);
   strncpy(plan.files, files, sizeof plan.files - 1);
-  plan.at = atol(at);
-  plan.error = atoi(error);
-  plan.report = atoi(file);
+  plan.at = strtol(at, nullptr, 10);
+  plan.error = static_cast<int>(strtol(error, nullptr, 10));
+  plan.report = static_cast<int>(strtol(file, nullptr, 10));
   filesHaveBegun = *plan.files == '\0';
   plan.armed = true;
 }

@@ -57,7 +57,7 @@ void setAnyFamily(TypologyRecord& typology, int tipo) {
 /// The output behind the header's six lines and before the first POLYGON.
 Lines shadesOf(Lines output) {
   const auto end = std::find(output.begin(), output.end(), "P = POLYGON");
-  return {output.begin() + 6, end};
+  return Lines(output.begin() + 6, end);
 }
 
 std::string generated(GeneratorRun& run) {

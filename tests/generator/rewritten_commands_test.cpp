@@ -32,7 +32,7 @@ class CommandsRun : public GeneratorRun {
     if (message != kNotStopped) return {message};
     const Lines whole = finish();
     const auto first = std::find(whole.begin(), whole.end(), "$ aquí");
-    return {first + 1, whole.end() - 1};
+    return Lines(first + 1, whole.end() - 1);
   }
   Lines output() {
     RecordingBar bar;

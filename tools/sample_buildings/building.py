@@ -83,7 +83,7 @@ class Floor:
 
 @dataclass
 class Building:
-    family: "families.Family"
+    family: object  # families.Family
     plan: plan.Plan
     polygons: list  # (name, outline) in the order of the template
     floors: list
