@@ -162,6 +162,12 @@ TEST(ExtractCommand, HasNoTextWhenThereIsNone) {
   EXPECT_FALSE(LeerBDL(file.model, "DOOR", "\"M1\"").obtenerTexto());
 }
 
+TEST(ExtractCommand, HasNoTextInACommandThatWasNotFound) {
+  LoadedText file("\n\"M1\" = WALL ..");
+  LeerBDL missing(file.model, "WALL", "\"M9\"");
+  EXPECT_FALSE(LeerBDL(missing, "WALL", "\"M1\"").obtenerTexto());
+}
+
 TEST(ExtractCommand, FindsTheLabelBehindOtherUsesOfTheName) {
   EXPECT_EQ("\"M1\" = WALL ABS = 1 ",
             wall("\nCONSTRUCTION = \"M1\" A = 2\n\"M1\" = DOOR ..\n\"M1\" = WALL ABS = 1 .."));
