@@ -31,5 +31,7 @@ else()
   if(SANITIZE)
     add_compile_options(-fsanitize=${SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=${SANITIZE})
+    # What they do not see: an optional without its value, an index behind a text's end.
+    add_compile_options(-D_GLIBCXX_ASSERTIONS)
   endif()
 endif()
