@@ -1,5 +1,8 @@
 #include "app/command_line.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"

@@ -67,7 +67,8 @@ class fichero {
   /// A part of the output: bytes of `own_`, and then lines of the file that is copied from.
   struct Part {
     std::size_t ownEnd;  // in own_
-    std::string_view copied;
+    const char* copied;
+    const char* copiedEnd;
   };
 
   bool beginsLine();

@@ -1,7 +1,6 @@
 #include "generator/generator_context.h"
 
 #include <cmath>
-#include <utility>
 
 #include "core/concat.h"
 #include "core/cp1252.h"

@@ -36,6 +36,7 @@ class GeneratorContext {
   [[noreturn]] void failAtLine(long number, std::string_view what) const;
 
   void writeLine(std::string_view text);
+  /// The same for the current line, whose bytes are taken from the template at the end.
   void writeCurrentLine();
   /// Writes "  KEYWORD = value " for a text, a number ("%d") or a real ("%f").
   void writeKeyword(std::string_view keyword, std::string_view value);

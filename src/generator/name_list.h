@@ -2,7 +2,6 @@
 
 #include <bitset>
 #include <cstddef>
-#include <string>
 #include <string_view>
 #include <vector>
 

@@ -1,8 +1,6 @@
 #include "generator/window_emitter.h"
 
-#include <algorithm>
 #include <iterator>
-#include <string>
 
 #include "core/concat.h"
 #include "core/cp1252.h"
