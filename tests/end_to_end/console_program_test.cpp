@@ -244,3 +244,8 @@ TEST_F(ConsoleProgram, LinksNoGuiLibrary) {
     EXPECT_EQ(std::string::npos, result.out.find(gui)) << gui;
   }
 }
+
+#if defined(__OPTIMIZE__) && defined(NDEBUG)
+// The compilers prove all calls of the programs harmless that it checks, so that none shows it.
+TEST(Hardening, FortifiesTheCallsOfTheCLibrary) { EXPECT_GE(_FORTIFY_SOURCE, 2); }
+#endif
