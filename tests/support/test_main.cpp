@@ -2,8 +2,9 @@
 
 #include "support/recording_application.h"
 
-/// For the leak checker: the C library keeps what it reads of a locale from LOCPATH.
-extern "C" const char* __lsan_default_suppressions();
+/// For the leak checker, which must see it: the C library keeps what it reads of a locale from
+/// LOCPATH.
+extern "C" __attribute__((visibility("default"))) const char* __lsan_default_suppressions();
 extern "C" const char* __lsan_default_suppressions() {
   return "leak:newlocale\nleak:argz_add_sep\n";
 }
