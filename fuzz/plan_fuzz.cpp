@@ -2,7 +2,7 @@
 // byte whose bits say how each number is written (0: eighths, which meet the checks' limits; 1: any
 // 32-bit real; the seventh: another typology number
 // of four bytes follows), and the six numbers, four bytes each.
-#include "generator/plan/plan.h"
+#include "plan/plan.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,6 +10,7 @@
 
 #include "fuzz_support.h"
 #include "generator/window_emitter.h"
+#include "typology/tipo.h"
 
 namespace {
 
@@ -37,24 +38,25 @@ float takeNumber(Bytes& bytes, bool any) {
 }
 
 /// Vertices of each outline, in writing order.
-std::vector<std::size_t> outlineSizes(int tipo) {
-  if (tipo < 10) return {4};
-  if (tipo <= 12) return {4, 4, 4, 4, 4, 4};
+std::vector<std::size_t> outlineSizes(PlanFamily family) {
+  if (family == PlanFamily::kHouse) return {4};
+  if (family == PlanFamily::kRow) return {4, 4, 4, 4, 4, 4};
   return {4, 10, 10, 10, 10, 8};
 }
 
 void checkPlan(const Plan& plan, const PlanData& data) {
-  expect(data.tipo <= 23, "a plan of an unknown typology");
+  const PlanFamily family = tipoRow(data.tipo).family;
+  expect(family != PlanFamily::kNone, "a plan of an unknown typology");
   std::vector<std::size_t> sizes;
-  for (const Outline& outline : plan.outlines) sizes.push_back(outline.size());
-  expect(sizes == outlineSizes(data.tipo), "outlines of another shape");
+  for (const Outline& outline : plan.outlines) sizes.push_back(outline.vertices.size());
+  expect(sizes == outlineSizes(family), "outlines of another shape");
 
-  const Outline& block = plan.outlines.front();
+  const Vertices& block = plan.outlines.front().vertices;
   const float length = block[2].x;
   const float depth = block[2].y;
   expect(length == data.longitudFachada && depth > 0, "a block of another size");
   for (const Outline& outline : plan.outlines) {
-    for (const Vertex& v : outline) {
+    for (const Vertex& v : outline.vertices) {
       // The checks bound every number from both sides, so that none overflows.
       expect(std::isfinite(v.x) && std::isfinite(v.y), "a vertex that is not finite");
       const float slack = 1e-4F * (length + depth);
@@ -96,7 +98,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     checkPlan(*drawn, plan);
   } else {
     // From 26 on the text for an unknown typology is empty.
-    expect(!std::get<PlanFailure>(result).message.empty() || plan.tipo >= 26, "no message");
+    expect(!std::get<PlanFailure>(result).first().message.empty() || plan.tipo >= 26, "no message");
   }
   const auto percentage = bytes.take<float>();
   const auto area = bytes.take<float>();

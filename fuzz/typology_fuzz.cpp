@@ -1,5 +1,6 @@
 // Any typology file gives a record that keeps its promises, or a message.
 #include "fuzz_support.h"
+#include "typology/tipo.h"
 #include "typology/typology_record.h"
 
 namespace {
@@ -8,9 +9,9 @@ void check(const TypologyRecord& record, std::string_view bytes) {
   expect(record.textoTipologia == bytes, "the typology text is not the file");
   expect(record.alturaPlanta > 0 && record.longitudFachada > 0, "a length that was not checked");
   expect(record.numeroPlantas > 0, "no storey");
-  expect(record.tipo != 1 || record.numeroPlantas == 1, "a house of one storey with more");
-  expect(record.tipo < 2 || record.tipo > 9 || record.numeroPlantas == 2, "a house not of two");
-  expect(record.tipo < 10 || record.numeroPlantas > 2, "a block with too few storeys");
+  const StoreyRule& storeys = tipoRow(record.tipo).storeys;
+  expect(record.numeroPlantas >= storeys.least && record.numeroPlantas <= storeys.most,
+         "storeys that the number does not have");
   expect(record.cubierta == "PLANA" && record.atico == "NO" && record.sotano == "NO",
          "a roof, an attic or a basement of its own");
   for (const std::string* name :

@@ -13,6 +13,7 @@
 #include "generator/orientation.h"
 #include "generator/typology_geometry.h"
 #include "generator/window_emitter.h"
+#include "typology/tipo.h"
 
 namespace {
 
@@ -55,25 +56,24 @@ void writeHeader(GeneratorContext& context) {
   for (int i = 0; i < 3; ++i) context.writeLine("");
 }
 
-/// The walls of the neighbouring courtyards' sides. Typologies 15 and 21 have the first shade, 18
-/// and 21 the second; a header that is not wanted is dropped while the lines that follow it are
-/// copied, and both are looked for in any case.
+/// The neighbours' walls on the two sides of the courtyards. A header that is not wanted is dropped
+/// while the lines that follow it are copied, and both are looked for in any case.
 void writeCourtyardShades(GeneratorContext& context) {
   const TypologyRecord& typology = context.typology();
-  const int tipo = typology.tipo;
-  if (tipo != 15 && tipo != 18 && tipo != 21) return;
+  const TipoRow& row = tipoRow(typology.tipo);
+  if (row.shades == CourtyardShades::kNotLookedFor) return;
 
   const double depth =
       (static_cast<double>(typology.areaPlanta) + typology.areaPatio) / typology.longitudFachada;
   context.copyUntilCommand("BUILDING-SHADE");
-  if (contains(context.currentLine(), "Sombra001") && tipo != 18) {
+  if (contains(context.currentLine(), "Sombra001") && row.firstShade()) {
     context.writeCurrentLine();
     context.writeKeyword("X", typology.longitudFachada);
     context.writeKeyword("Y", static_cast<float>((depth - typology.profundidadPatio) * 0.5));
     context.writeKeyword("WIDTH", typology.profundidadPatio);
   }
   context.copyUntilCommand("BUILDING-SHADE");
-  if (contains(context.currentLine(), "Sombra002") && tipo != 15) {
+  if (contains(context.currentLine(), "Sombra002") && row.secondShade()) {
     context.writeCurrentLine();
     context.writeKeyword("Y", static_cast<float>((depth + typology.profundidadPatio) * 0.5));
     context.writeKeyword("WIDTH", typology.profundidadPatio);
@@ -84,7 +84,7 @@ void writeBuildingParameters(GeneratorContext& context) {
   context.copyUntilCommand("BUILD-PARAMETERS");
   context.writeCurrentLine();
   context.writeKeyword("AZIMUTH", context.typology().orientacion);
-  context.writeKeyword("TIPOLOGIA", typologyClass(context.typology().tipo));
+  context.writeKeyword("TIPOLOGIA", tipoRow(context.typology().tipo).buildingClass);
   context.writeLine(context.typology().textoPosicionSolar);
 }
 
@@ -137,17 +137,6 @@ void rewriteCommands(GeneratorContext& context, TProgressBar& progressBar) {
 }
 
 }  // namespace
-
-int typologyClass(int tipo) {
-  if (tipo == 1) return 1;
-  if (tipo < 4) return 2;  // 0 and below too
-  if (tipo <= 6) return 3;
-  if (tipo <= 9) return 4;
-  if (tipo <= 12) return 5;
-  if (tipo <= 21) return 6;
-  if (tipo == 22) return 7;
-  return 8;
-}
 
 void prepare(GeneratorContext& context, const std::string& tipPath) {
   context.setTypology(std::make_unique<TypologyRecord>(tipPath));

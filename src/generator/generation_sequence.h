@@ -13,6 +13,3 @@ void prepare(GeneratorContext& context, const std::string& tipPath);
 /// parameters, the rest of the template with its floors, spaces and listed surfaces rewritten, and
 /// the typology text. Once a context. `progressBar` moves a step for every rewritten command.
 void generate(GeneratorContext& context, TProgressBar& progressBar);
-
-/// The building class of a typology number, as the rating programs know it (TIPOLOGIA).
-int typologyClass(int tipo);

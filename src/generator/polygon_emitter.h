@@ -2,13 +2,9 @@
 
 #include <span>
 
-class GeneratorContext;
+#include "plan/plan.h"
 
-/// A point of the plan, m: x along the main façade, y across the block.
-struct Vertex {
-  float x = 0;
-  float y = 0;
-};
+class GeneratorContext;
 
 /// Copies the template up to its next POLYGON command and replaces the vertices V1 to Vn of that
 /// command by `vertices`. A template vertex with a higher number is kept.

@@ -6,6 +6,7 @@
 #include "core/concat.h"
 #include "core/fichero.h"
 #include "core/report_error.h"
+#include "typology/tipo.h"
 
 namespace {
 
@@ -47,18 +48,9 @@ constexpr NombreObligatorio kNombres[] = {
     {"VENTANA-VIDRIO", "VENTANA-VIDRIO", &R::ventanaVidrio},
 };
 
-/// The typology number fixes the storeys: 1 is a house of one, 2 to 9 are houses of two, 10 and up
-/// are blocks of three or more. Numbers below 1 go with any.
 void checkPlantas(int tipo, int plantas) {
-  require(plantas > 0,
-          "En el COMMAND VIVIENDA del fichero *.tip el NUMERO-PLANTAS debe ser mayor que 0");
-  if (tipo == 1) {
-    require(plantas == 1, "En el COMMAND VIVIENDA del fichero *.tip el NUMERO-PLANTAS debe ser 1");
-  } else if (tipo >= 2 && tipo <= 9) {
-    require(plantas == 2, "En el COMMAND VIVIENDA del fichero *.tip el NUMERO-PLANTAS debe ser 2");
-  } else if (tipo >= 10) {
-    require(plantas > 2,
-            "En el COMMAND VIVIENDA del fichero *.tip el NUMERO-PLANTAS debe ser mayor que 2");
+  for (const StoreyRule& rule : {kSomeStorey, tipoRow(tipo).storeys}) {
+    require(plantas >= rule.least && plantas <= rule.most, rule.message);
   }
 }
 

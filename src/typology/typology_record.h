@@ -1,18 +1,8 @@
 #pragma once
 
-#include <array>
 #include <string>
 
-/// The four façades, the index of every per-façade array: sides of the block's outer rectangle.
-enum Facade {
-  kSouth = 0,  // the main façade, length L, at y = 0
-  kEast = 1,   // the side at x = L
-  kNorth = 2,  // the back façade, length L
-  kWest = 3    // the side at x = 0
-};
-
-template <typename T>
-using PerFacade = std::array<T, 4>;
+#include "typology/facade.h"
 
 /// The dwelling block that a typology file (*.tip) describes: the checked values of its VIVIENDA
 /// command, and the texts that are written into the generated building as they are. A record that

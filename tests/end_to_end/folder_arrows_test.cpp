@@ -8,12 +8,12 @@
 
 namespace fs = std::filesystem;
 
-// core <- bdl <- typology <- generator <- app: a folder includes from itself and from those to its
+// core <- bdl <- typology <- plan <- generator <- app: a folder includes from itself and from those to its
 // left, and only app/qt knows Qt.
 
 namespace {
 
-const std::vector<std::string> kOrder = {"core", "bdl", "typology", "generator", "app"};
+const std::vector<std::string> kOrder = {"core", "bdl", "typology", "plan", "generator", "app"};
 
 /// The files of src/, each with the texts that it includes.
 std::map<std::string, std::vector<std::string>> includesOfSources() {

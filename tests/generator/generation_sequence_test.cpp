@@ -310,20 +310,6 @@ TEST(Generate, StoppedRunLeavesItsOutputEmpty) {
   EXPECT_EQ("", readFile(run.path("salida.bdl")));
 }
 
-TEST(TypologyClass, EveryNumberHasItsClass) {
-  const struct {
-    int tipo;
-    int expected;
-  } cases[] = {{-2147483647, 2}, {-1, 2}, {0, 2},  {1, 1},  {2, 2},  {3, 2},  {4, 3},
-               {5, 3},           {6, 3},  {7, 4},  {8, 4},  {9, 4},  {10, 5}, {11, 5},
-               {12, 5},          {13, 6}, {14, 6}, {15, 6}, {16, 6}, {17, 6}, {18, 6},
-               {19, 6},          {20, 6}, {21, 6}, {22, 7}, {23, 8}, {24, 8}, {40, 8}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.tipo);
-    EXPECT_EQ(c.expected, typologyClass(c.tipo));
-  }
-}
-
 TEST(Generate, WritesTheClassOfItsTypology) {
   const struct {
     int tipo;

@@ -7,31 +7,12 @@
 
 #include "generator/generator_context.h"
 #include "generator/generator_fixture.h"
-#include "generator/plan/plan_fixture.h"
+#include "plan/plan_fixture.h"
 #include "support/recording_application.h"
 
 namespace {
 
 using testing::ElementsAre;
-
-/// Numbers that every family accepts.
-PlanData anyFamily(int tipo) {
-  return {.tipo = tipo,
-          .areaPlanta = 632,
-          .areaPatio = 48,
-          .areaEscalera = 200,
-          .longitudFachada = 44,
-          .profundidadPatio = 2.5F,
-          .profundidadEscalera = 10};
-}
-
-void expectSamePlan(const Plan& expected, const Plan& plan) {
-  EXPECT_EQ(expected.outlines, plan.outlines);
-  EXPECT_EQ(expected.numHuecosFachada, plan.numHuecosFachada);
-  EXPECT_EQ(expected.numHuecosPatio, plan.numHuecosPatio);
-  EXPECT_EQ(expected.superficieFachada, plan.superficieFachada);
-  EXPECT_EQ(expected.superficiePatio, plan.superficiePatio);
-}
 
 void setPlanNumbers(TypologyRecord& typology, const PlanData& data) {
   typology.tipo = data.tipo;
@@ -54,69 +35,6 @@ std::vector<std::string> polygons(int count) {
 }
 
 }  // namespace
-
-TEST(PlanTipologia, EveryNumberHasItsFamily) {
-  const struct {
-    int tipo;
-    Family family;
-  } cases[] = {
-      {-2147483647, planHouse},
-      {-1, planHouse},
-      {0, planHouse},
-      {1, planHouse},
-      {2, planHouse},
-      {3, planHouse},
-      {4, planHouse},
-      {5, planHouse},
-      {6, planHouse},
-      {7, planHouse},
-      {8, planHouse},
-      {9, planHouse},
-      {10, planRow},
-      {11, planRow},
-      {12, planRow},
-      {13, planCourtyard},
-      {14, planCourtyardsInFacades},
-      {15, planCourtyardsInSides},
-      {16, planCourtyard},
-      {17, planCourtyardsInFacades},
-      {18, planCourtyardsInSides},
-      {19, planCourtyard},
-      {20, planCourtyardsInFacades},
-      {21, planCourtyardsInSides},
-      {22, planXpala},
-      {23, planStairwell},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.tipo);
-    const PlanData data = anyFamily(c.tipo);
-    expectSamePlan(drawn(c.family(data)), drawn(planTipologia(data)));
-  }
-}
-
-TEST(PlanTipologia, FamiliesGiveTheSameNumbersDifferentPlans) {
-  const Family families[] = {planHouse,     planRow,
-                             planCourtyard, planCourtyardsInFacades,
-                             planXpala,     planCourtyardsInSides,
-                             planStairwell};
-  std::vector<std::vector<Outline>> plans;
-  for (const Family family : families) {
-    const auto outlines = drawn(family(anyFamily(1))).outlines;
-    EXPECT_EQ(0, std::count(plans.begin(), plans.end(), outlines)) << plans.size();
-    plans.push_back(outlines);
-  }
-}
-
-TEST(PlanTipologia, UnknownNumberShowsWhatIsLeftOfItsMessage) {
-  const struct {
-    int tipo;
-    const char* message;
-  } cases[] = {{24, ": "}, {25, " "}, {26, ""}, {27, ""}, {1000000, ""}, {2147483647, ""}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.tipo);
-    EXPECT_EQ(c.message, messageOf(planTipologia(anyFamily(c.tipo))));
-  }
-}
 
 TEST(GeometriaTipologia, HouseOfTipo1FillsItsArraysAndWritesOneSquare) {
   GeneratorRun run({"antes", "\"P\" = POLYGON", "V1 = ( 9, 9 )", "..", "resto"});
@@ -157,17 +75,6 @@ TEST(GeometriaTipologia, WritesSixOutlinesInOrder) {
     EXPECT_TRUE(output[6 * i + 4].starts_with("V4 = ( ")) << output[6 * i + 4];
   }
   EXPECT_EQ("P7 = POLYGON", output[36]);
-}
-
-TEST(GeometriaTipologia, OutlinesOfABlockHave4Then10Then8Vertices) {
-  for (const int tipo : {13, 14, 15, 22, 23}) {
-    SCOPED_TRACE(tipo);
-    std::vector<std::size_t> sizes;
-    for (const Outline& outline : drawn(planTipologia(anyFamily(tipo))).outlines) {
-      sizes.push_back(outline.size());
-    }
-    EXPECT_THAT(sizes, ElementsAre(4, 10, 10, 10, 10, 8));
-  }
 }
 
 TEST(GeometriaTipologia, FailingPlanEndsTheRunBeforeAnyPolygon) {

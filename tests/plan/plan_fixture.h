@@ -6,9 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "generator/plan/plan.h"
+#include "plan/plan.h"
 
-bool operator==(const Vertex& a, const Vertex& b);
 void PrintTo(const Vertex& vertex, std::ostream* out);
 
 using Family = PlanResult (*)(const PlanData&);
@@ -20,10 +19,19 @@ inline constexpr std::string_view kDrawn = "(drawn)";
 /// The plan of `data`; the test fails where a check does.
 Plan drawn(const PlanResult& result);
 
+/// Numbers that every family accepts.
+PlanData anyFamily(int tipo);
+
+/// Whether the outlines are a block (a house is its own), four dwellings and then `last`.
+void expectRoles(const Plan& plan, Role last);
+
+/// L = 12, D = 24, dF = 8, dH = 3.
+void expectQuartersOf12By24(const Plan& plan);
+
 /// A limit of one plan number. The limit itself fails, so does the nearest 32-bit real on the side
 /// away from the valid one, and the nearest on the valid side gives `inside`.
 enum class Valid { kAbove, kBelow };
-struct Limit {
+struct LimitCase {
   const char* why;
   float PlanData::*number;
   float limit;
@@ -32,12 +40,15 @@ struct Limit {
   const char* message;
   std::string_view inside = kDrawn;
 };
-void expectLimits(Family family, std::span<const Limit> limits);
+void expectLimits(Family family, std::span<const LimitCase> limits);
 
 /// A plan with one fault or more, and the message that it gives.
-struct Fault {
+struct FaultCase {
   const char* why;
   PlanData data;
   const char* message;
 };
-void expectFaults(Family family, std::span<const Fault> faults);
+void expectFaults(Family family, std::span<const FaultCase> faults);
+
+/// All the keywords that the faults of `data` blame, in order.
+std::vector<PlanKeyword> blamed(const PlanResult& result);

@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "generator/plan/plan_fixture.h"
+#include "plan/plan_fixture.h"
 
 // "Datos geométricos incoherentes" cannot be met: behind the other checks D is above 3, le is
 // positive and at most 0.97 L.
@@ -28,12 +28,12 @@ TEST(PlanRow, HasFourStripsAndAStairwellAtTheEnd) {
   // D = 12, le = 4, w = 4.
   const Plan plan = drawn(planRow(row(240, 20, 48)));
   ASSERT_EQ(6U, plan.outlines.size());
-  EXPECT_EQ((Outline{{0, 0}, {20, 0}, {20, 12}, {0, 12}}), plan.outlines[0]);
-  EXPECT_EQ((Outline{{0, 0}, {4, 0}, {4, 12}, {0, 12}}), plan.outlines[1]);
-  EXPECT_EQ((Outline{{4, 0}, {8, 0}, {8, 12}, {4, 12}}), plan.outlines[2]);
-  EXPECT_EQ((Outline{{8, 0}, {12, 0}, {12, 12}, {8, 12}}), plan.outlines[3]);
-  EXPECT_EQ((Outline{{12, 0}, {16, 0}, {16, 12}, {12, 12}}), plan.outlines[4]);
-  EXPECT_EQ((Outline{{16, 0}, {20, 0}, {20, 12}, {16, 12}}), plan.outlines[5]);
+  EXPECT_EQ((Vertices{{0, 0}, {20, 0}, {20, 12}, {0, 12}}), plan.outlines[0].vertices);
+  EXPECT_EQ((Vertices{{0, 0}, {4, 0}, {4, 12}, {0, 12}}), plan.outlines[1].vertices);
+  EXPECT_EQ((Vertices{{4, 0}, {8, 0}, {8, 12}, {4, 12}}), plan.outlines[2].vertices);
+  EXPECT_EQ((Vertices{{8, 0}, {12, 0}, {12, 12}, {8, 12}}), plan.outlines[3].vertices);
+  EXPECT_EQ((Vertices{{12, 0}, {16, 0}, {16, 12}, {12, 12}}), plan.outlines[4].vertices);
+  EXPECT_EQ((Vertices{{16, 0}, {20, 0}, {20, 12}, {16, 12}}), plan.outlines[5].vertices);
 }
 
 TEST(PlanRow, HasTheseBaysAndAreas) {
@@ -45,7 +45,7 @@ TEST(PlanRow, HasTheseBaysAndAreas) {
 }
 
 TEST(PlanRow, RejectsItsLimitsThemselves) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"least area", &PlanData::areaPlanta, 126, Valid::kAbove, row(0, 20, 6.000003F), kBadArea},
       {"largest area", &PlanData::areaPlanta, 4000, Valid::kBelow, row(0, 50, 48), kBadArea},
       {"shortest façade", &PlanData::longitudFachada, 14, Valid::kAbove, row(240, 0, 48),
@@ -62,7 +62,7 @@ TEST(PlanRow, RejectsItsLimitsThemselves) {
 }
 
 TEST(PlanRow, FirstFailingCheckSpeaks) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"all wrong", row(0, 0, 0), kBadArea},
       {"the area passes", row(240, 0, 0), kBadLength},
       {"the area and the façade pass", row(240, 20, 0), kBadStair},
@@ -71,7 +71,7 @@ TEST(PlanRow, FirstFailingCheckSpeaks) {
 }
 
 TEST(PlanRow, RejectsWhatIsNotANumber) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"area", row(kNaN, 20, 48), kBadArea},
       {"façade", row(240, kNaN, 48), kBadLength},
       {"stair", row(240, 20, kNaN), kBadStair},
@@ -82,5 +82,5 @@ TEST(PlanRow, RejectsWhatIsNotANumber) {
 TEST(PlanRow, WidestStairLeavesFourThinStrips) {
   // The stair takes all but 120 of 3999 m2: even so no length vanishes.
   const Plan plan = drawn(planRow(row(3999, 14.5F, 3878)));
-  EXPECT_GT(plan.outlines[1][1].x, 0.1F);
+  EXPECT_GT(plan.outlines[1].vertices[1].x, 0.1F);
 }

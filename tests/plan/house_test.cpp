@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "generator/plan/plan_fixture.h"
+#include "plan/plan_fixture.h"
 
 namespace {
 
@@ -22,14 +22,14 @@ PlanData house(float areaPlanta, float longitudFachada, int tipo = 1) {
 TEST(PlanHouse, OfOneStoreyOnTenByTenMetres) {
   const Plan plan = drawn(planHouse(house(100, 10)));
   ASSERT_EQ(1U, plan.outlines.size());
-  EXPECT_EQ((Outline{{0, 0}, {10, 0}, {10, 10}, {0, 10}}), plan.outlines[0]);
+  EXPECT_EQ((Vertices{{0, 0}, {10, 0}, {10, 10}, {0, 10}}), plan.outlines[0].vertices);
   EXPECT_EQ((PerFacade<int>{1, 1, 1, 1}), plan.numHuecosFachada);
   EXPECT_EQ((PerFacade<float>{30, 30, 30, 30}), plan.superficieFachada);
 }
 
 TEST(PlanHouse, OfOneStoreyHasOneBayAndThreeMetresAFacade) {
   const Plan plan = drawn(planHouse(house(96, 8)));
-  EXPECT_EQ((Outline{{0, 0}, {8, 0}, {8, 12}, {0, 12}}), plan.outlines[0]);
+  EXPECT_EQ((Vertices{{0, 0}, {8, 0}, {8, 12}, {0, 12}}), plan.outlines[0].vertices);
   EXPECT_EQ((PerFacade<int>{1, 1, 1, 1}), plan.numHuecosFachada);
   EXPECT_EQ((PerFacade<float>{24, 36, 24, 36}), plan.superficieFachada);
 }
@@ -50,7 +50,7 @@ TEST(PlanHouse, HasNoCourtyard) {
 }
 
 TEST(PlanHouse, RejectsItsLimitsThemselves) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"least area", &PlanData::areaPlanta, 30, Valid::kAbove, house(0, 4), kBadArea},
       {"largest area", &PlanData::areaPlanta, 1000, Valid::kBelow, house(0, 20), kBadArea},
       {"shortest façade", &PlanData::longitudFachada, 3, Valid::kAbove, house(100, 0), kBadLength},
@@ -62,7 +62,7 @@ TEST(PlanHouse, RejectsItsLimitsThemselves) {
 }
 
 TEST(PlanHouse, FirstFailingCheckSpeaks) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"both wrong", house(30, 3), kBadArea},
       {"the area too large, the façade too short", house(1000, 3), kBadArea},
       {"only the façade", house(31, 3), kBadLength},
@@ -71,7 +71,7 @@ TEST(PlanHouse, FirstFailingCheckSpeaks) {
 }
 
 TEST(PlanHouse, RejectsWhatIsNotFinite) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"area not a number", house(kNaN, 8), kBadArea},
       {"area infinite", house(kInfinity, 8), kBadArea},
       {"façade not a number", house(96, kNaN), kBadLength},

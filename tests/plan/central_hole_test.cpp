@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "generator/plan/plan_fixture.h"
+#include "plan/plan_fixture.h"
 
 // The courtyard block and the stair-well block. Of their ten checks each, "La longitud de fachada
 // debe ser >0", "La profundidad del bloque debe ser >0", "La profundidad del patio (de la escalera)
@@ -29,43 +29,6 @@ PlanData stairwell(float A, float L, float Ae, float Pe) {
           .profundidadEscalera = Pe};
 }
 
-/// L = 12, D = 24, dF = 8, dH = 3.
-void expectQuartersOf12By24(const Plan& plan) {
-  ASSERT_EQ(6U, plan.outlines.size());
-  EXPECT_EQ((Outline{{0, 0}, {12, 0}, {12, 24}, {0, 24}}), plan.outlines[0]);
-  EXPECT_EQ(
-      (Outline{{0, 0}, {2, 0}, {4, 0}, {6, 0}, {6, 8}, {3, 8}, {3, 12}, {0, 12}, {0, 8}, {0, 4}}),
-      plan.outlines[1]);
-  EXPECT_EQ(
-      (Outline{
-          {6, 0}, {8, 0}, {10, 0}, {12, 0}, {12, 4}, {12, 8}, {12, 12}, {9, 12}, {9, 8}, {6, 8}}),
-      plan.outlines[2]);
-  EXPECT_EQ((Outline{{9, 12},
-                     {12, 12},
-                     {12, 16},
-                     {12, 20},
-                     {12, 24},
-                     {10, 24},
-                     {8, 24},
-                     {6, 24},
-                     {6, 16},
-                     {9, 16}}),
-            plan.outlines[3]);
-  EXPECT_EQ((Outline{{0, 12},
-                     {3, 12},
-                     {3, 16},
-                     {6, 16},
-                     {6, 24},
-                     {4, 24},
-                     {2, 24},
-                     {0, 24},
-                     {0, 20},
-                     {0, 16}}),
-            plan.outlines[4]);
-  EXPECT_EQ((Outline{{3, 8}, {6, 8}, {9, 8}, {9, 12}, {9, 16}, {6, 16}, {3, 16}, {3, 12}}),
-            plan.outlines[5]);
-}
-
 }  // namespace
 
 namespace courtyard_block {
@@ -89,7 +52,7 @@ TEST(PlanCourtyard, HasTheseBaysAndAreas) {
 }
 
 TEST(PlanCourtyard, RejectsItsLimitsThemselves) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"least area", &PlanData::areaPlanta, 124, Valid::kAbove,
        courtyard(0, 10, 4.000005F, 2.000001F), kBadArea},
       {"largest area", &PlanData::areaPlanta, 4000, Valid::kBelow, courtyard(0, 50, 48, 8),
@@ -121,7 +84,7 @@ TEST(PlanCourtyard, RejectsItsLimitsThemselves) {
 }
 
 TEST(PlanCourtyard, FirstFailingCheckSpeaks) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"all wrong", courtyard(0, 0, 0, 0), kBadArea},
       {"the area passes", courtyard(500, 0, 0, 0), kBadLength},
       {"the façade too", courtyard(500, 20, 0, 0), kBadHole},
@@ -135,7 +98,7 @@ TEST(PlanCourtyard, FirstFailingCheckSpeaks) {
 }
 
 TEST(PlanCourtyard, RejectsWhatIsNotANumber) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"area", courtyard(kNaN, 12, 48, 8), kBadArea},
       {"façade", courtyard(240, kNaN, 48, 8), kBadLength},
       {"courtyard", courtyard(240, 12, kNaN, 8), kBadHole},
@@ -173,7 +136,7 @@ TEST(PlanStairwell, HasTheseBaysAndAreas) {
 }
 
 TEST(PlanStairwell, RejectsItsLimitsThemselves) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"least area; then no stair is small enough", &PlanData::areaPlanta, 120, Valid::kAbove,
        stairwell(0, 12, 48, 8), kBadArea, kBadHole},
       {"largest area", &PlanData::areaPlanta, 4000, Valid::kBelow, stairwell(0, 50, 48, 8),
@@ -205,7 +168,7 @@ TEST(PlanStairwell, RejectsItsLimitsThemselves) {
 }
 
 TEST(PlanStairwell, FirstFailingCheckSpeaks) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"all wrong", stairwell(0, 0, 0, 0), kBadArea},
       {"the area passes", stairwell(500, 0, 0, 0), kBadLength},
       {"the façade too", stairwell(500, 20, 0, 0), kBadHole},
@@ -219,7 +182,7 @@ TEST(PlanStairwell, FirstFailingCheckSpeaks) {
 }
 
 TEST(PlanStairwell, RejectsWhatIsNotANumber) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"area", stairwell(kNaN, 12, 48, 8), kBadArea},
       {"façade", stairwell(240, kNaN, 48, 8), kBadLength},
       {"stair", stairwell(240, 12, kNaN, 8), kBadHole},

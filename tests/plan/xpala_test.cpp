@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "generator/plan/plan_fixture.h"
+#include "plan/plan_fixture.h"
 
 // The stair core with four wings. Of its fourteen checks "La longitud de la fachada debe ser > 3",
 // "La profundidad de la escalera debe ser > 2", "La longitud de la escalera debe ser > 2" and "La
@@ -36,53 +36,53 @@ TEST(PlanXpala, HasFourWingsAroundItsCore) {
   // le = 20, a = 12, b = 9, xp = 18, c = 14, d = 6, Db = 22, e = 7.
   const Plan plan = drawn(planXpala(core(632, 44, 200, 10)));
   ASSERT_EQ(6U, plan.outlines.size());
-  EXPECT_EQ((Outline{{0, 0}, {44, 0}, {44, 22}, {0, 22}}), plan.outlines[0]);
-  EXPECT_EQ((Outline{{21, 0},
-                     {30, 0},
-                     {30, 3},
-                     {30, 6},
-                     {32, 6},
-                     {22, 6},
-                     {12, 6},
-                     {12, 7},
-                     {12, 3.5F},
-                     {12, 0}}),
-            plan.outlines[1]);
-  EXPECT_EQ((Outline{{30, 6},
-                     {37, 6},
-                     {44, 6},
-                     {44, 10.5F},
-                     {44, 15},
-                     {38, 15},
-                     {32, 15},
-                     {32, 16},
-                     {32, 11},
-                     {32, 6}}),
-            plan.outlines[2]);
-  EXPECT_EQ((Outline{{32, 16},
-                     {32, 15},
-                     {32, 18.5F},
-                     {32, 22},
-                     {23, 22},
-                     {14, 22},
-                     {14, 19},
-                     {14, 16},
-                     {12, 16},
-                     {22, 16}}),
-            plan.outlines[3]);
-  EXPECT_EQ((Outline{{12, 7},
-                     {12, 6},
-                     {12, 11},
-                     {12, 16},
-                     {14, 16},
-                     {7, 16},
-                     {0, 16},
-                     {0, 11.5F},
-                     {0, 7},
-                     {6, 7}}),
-            plan.outlines[4]);
-  EXPECT_EQ((Outline{{22, 6}, {32, 6}, {32, 11}, {32, 16}, {22, 16}, {12, 16}, {12, 11}, {12, 6}}),
-            plan.outlines[5]);
+  EXPECT_EQ((Vertices{{0, 0}, {44, 0}, {44, 22}, {0, 22}}), plan.outlines[0].vertices);
+  EXPECT_EQ((Vertices{{21, 0},
+                      {30, 0},
+                      {30, 3},
+                      {30, 6},
+                      {32, 6},
+                      {22, 6},
+                      {12, 6},
+                      {12, 7},
+                      {12, 3.5F},
+                      {12, 0}}),
+            plan.outlines[1].vertices);
+  EXPECT_EQ((Vertices{{30, 6},
+                      {37, 6},
+                      {44, 6},
+                      {44, 10.5F},
+                      {44, 15},
+                      {38, 15},
+                      {32, 15},
+                      {32, 16},
+                      {32, 11},
+                      {32, 6}}),
+            plan.outlines[2].vertices);
+  EXPECT_EQ((Vertices{{32, 16},
+                      {32, 15},
+                      {32, 18.5F},
+                      {32, 22},
+                      {23, 22},
+                      {14, 22},
+                      {14, 19},
+                      {14, 16},
+                      {12, 16},
+                      {22, 16}}),
+            plan.outlines[3].vertices);
+  EXPECT_EQ((Vertices{{12, 7},
+                      {12, 6},
+                      {12, 11},
+                      {12, 16},
+                      {14, 16},
+                      {7, 16},
+                      {0, 16},
+                      {0, 11.5F},
+                      {0, 7},
+                      {6, 7}}),
+            plan.outlines[4].vertices);
+  EXPECT_EQ((Vertices{{22, 6}, {32, 6}, {32, 11}, {32, 16}, {22, 16}, {12, 16}, {12, 11}, {12, 6}}),
+            plan.outlines[5].vertices);
 }
 
 TEST(PlanXpala, HasTheseBaysAndAreas) {
@@ -94,7 +94,7 @@ TEST(PlanXpala, HasTheseBaysAndAreas) {
 }
 
 TEST(PlanXpala, RejectsItsLimitsThemselves) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"least area, whatever the message says; then no stair is small enough",
        &PlanData::areaPlanta, 125, Valid::kAbove, core(0, 10, 40, 4), kBadArea, kBadStair},
       {"largest area", &PlanData::areaPlanta, 4000, Valid::kBelow, core(0, 70, 400, 20), kBadArea},
@@ -121,7 +121,7 @@ TEST(PlanXpala, RejectsItsLimitsThemselves) {
 }
 
 TEST(PlanXpala, RejectsTheLimitsOfItsDerivedLengths) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"a = 2", &PlanData::longitudFachada, 13, Valid::kAbove, core(324, 0, 180, 20),
        kLongerFacade},
       {"b = 2", &PlanData::areaPlanta, 660, Valid::kAbove, core(0, 65, 500, 20), kLongerFacade},
@@ -135,7 +135,7 @@ TEST(PlanXpala, RejectsTheLimitsOfItsDerivedLengths) {
 }
 
 TEST(PlanXpala, FirstFailingCheckSpeaks) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"all wrong", core(0, 0, 0, 0), kBadArea},
       {"the area passes", core(240, 0, 0, 0), kBadLength},
       {"the façade too", core(240, 20, 0, 0), kBadStair},
@@ -149,7 +149,7 @@ TEST(PlanXpala, FirstFailingCheckSpeaks) {
 }
 
 TEST(PlanXpala, RejectsWhatIsNotANumber) {
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"area", core(kNaN, 44, 200, 10), kBadArea},
       {"façade", core(632, kNaN, 200, 10), kBadLength},
       {"stair", core(632, 44, kNaN, 10), kBadStair},

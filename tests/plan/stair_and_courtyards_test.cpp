@@ -2,7 +2,7 @@
 
 #include <limits>
 
-#include "generator/plan/plan_fixture.h"
+#include "plan/plan_fixture.h"
 
 // The two blocks with a stair-well and two courtyards. Of their sixteen checks "La longitud de
 // fachada debe ser >0", "La profundidad del bloque debe ser >0", "La profundidad de la escalera no
@@ -40,7 +40,7 @@ PlanData block(float A, float L, float Ap, float Pp, float Ae, float Pe) {
 }
 
 /// The limits that both families test on the plan numbers themselves.
-const Limit kSharedLimits[] = {
+const LimitCase kSharedLimits[] = {
     {"least area", &PlanData::areaPlanta, 124, Valid::kAbove,
      block(0, 10, 4.000005F, 2.000001F, 4.000005F, 2.000001F), kBadArea},
     {"largest area", &PlanData::areaPlanta, 4000, Valid::kBelow, block(0, 50, 48, 8, 32, 8),
@@ -78,7 +78,7 @@ const Limit kSharedLimits[] = {
 };
 
 /// In the order of the checks that both families share.
-const Fault kSharedFaults[] = {
+const FaultCase kSharedFaults[] = {
     {"all wrong", block(0, 0, 0, 0, 0, 0), kBadArea},
     {"the area passes", block(240, 0, 0, 0, 0, 0), kBadLength},
     {"the façade too", block(240, 20, 0, 0, 0, 0), kBadCourtyard},
@@ -90,7 +90,7 @@ const Fault kSharedFaults[] = {
     {"too deep for the block, as the courtyard is", block(240, 20, 60, 20, 40, 19), kNoFront},
 };
 
-const Fault kSharedNaNs[] = {
+const FaultCase kSharedNaNs[] = {
     {"area", block(kNaN, 12, 48, 4, 32, 8), kBadArea},
     {"façade", block(240, kNaN, 48, 4, 32, 8), kBadLength},
     {"courtyard", block(240, 12, kNaN, 4, 32, 8), kBadCourtyard},
@@ -105,38 +105,38 @@ TEST(PlanCourtyardsInFacades, HasFourQuartersAroundStairAndCourtyards) {
   // D = 24, lp = 6, dE = 8, dPE = 4.
   const Plan plan = drawn(planCourtyardsInFacades(block(240, 12, 48, 4, 32, 8)));
   ASSERT_EQ(6U, plan.outlines.size());
-  EXPECT_EQ((Outline{{0, 0}, {12, 0}, {12, 24}, {0, 24}}), plan.outlines[0]);
+  EXPECT_EQ((Vertices{{0, 0}, {12, 0}, {12, 24}, {0, 24}}), plan.outlines[0].vertices);
   EXPECT_EQ(
-      (Outline{{0, 0}, {3, 0}, {3, 4}, {6, 4}, {6, 8}, {4, 8}, {4, 12}, {0, 12}, {0, 8}, {0, 4}}),
-      plan.outlines[1]);
+      (Vertices{{0, 0}, {3, 0}, {3, 4}, {6, 4}, {6, 8}, {4, 8}, {4, 12}, {0, 12}, {0, 8}, {0, 4}}),
+      plan.outlines[1].vertices);
   EXPECT_EQ(
-      (Outline{
+      (Vertices{
           {6, 4}, {9, 4}, {9, 0}, {12, 0}, {12, 4}, {12, 8}, {12, 12}, {8, 12}, {8, 8}, {6, 8}}),
-      plan.outlines[2]);
-  EXPECT_EQ((Outline{{8, 12},
-                     {12, 12},
-                     {12, 16},
-                     {12, 20},
-                     {12, 24},
-                     {9, 24},
-                     {9, 20},
-                     {6, 20},
-                     {6, 16},
-                     {8, 16}}),
-            plan.outlines[3]);
-  EXPECT_EQ((Outline{{0, 12},
-                     {4, 12},
-                     {4, 16},
-                     {6, 16},
-                     {6, 20},
-                     {3, 20},
-                     {3, 24},
-                     {0, 24},
-                     {0, 20},
-                     {0, 16}}),
-            plan.outlines[4]);
-  EXPECT_EQ((Outline{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}),
-            plan.outlines[5]);
+      plan.outlines[2].vertices);
+  EXPECT_EQ((Vertices{{8, 12},
+                      {12, 12},
+                      {12, 16},
+                      {12, 20},
+                      {12, 24},
+                      {9, 24},
+                      {9, 20},
+                      {6, 20},
+                      {6, 16},
+                      {8, 16}}),
+            plan.outlines[3].vertices);
+  EXPECT_EQ((Vertices{{0, 12},
+                      {4, 12},
+                      {4, 16},
+                      {6, 16},
+                      {6, 20},
+                      {3, 20},
+                      {3, 24},
+                      {0, 24},
+                      {0, 20},
+                      {0, 16}}),
+            plan.outlines[4].vertices);
+  EXPECT_EQ((Vertices{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}),
+            plan.outlines[5].vertices);
 }
 
 TEST(PlanCourtyardsInFacades, HasTheseBaysAndAreas) {
@@ -152,7 +152,7 @@ TEST(PlanCourtyardsInFacades, RejectsItsLimitsThemselves) {
 }
 
 TEST(PlanCourtyardsInFacades, RejectsTheLimitsOfItsDerivedLengths) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"a stair as deep as the block; just below, the courtyard meets it",
        &PlanData::profundidadEscalera, 12, Valid::kBelow, block(200, 20, 40, 3, 40, 0), kNoFront,
        kMeetsStair},
@@ -168,7 +168,7 @@ TEST(PlanCourtyardsInFacades, RejectsTheLimitsOfItsDerivedLengths) {
 
 TEST(PlanCourtyardsInFacades, FirstFailingCheckSpeaks) {
   expectFaults(planCourtyardsInFacades, kSharedFaults);
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"meets the stair and is too long", block(300, 20, 150, 2.5F, 40, 18), kMeetsStair},
       {"too long, and so is the stair", block(200, 8, 64, 3.9F, 60, 6), kLongCourtyard},
       {"only the stair is too long", block(200, 8, 20, 4, 60, 6), kNoSide},
@@ -184,38 +184,38 @@ TEST(PlanCourtyardsInSides, HasFourQuartersAroundStairAndCourtyards) {
   // D = 24, lp = 2, dE = 8, dPE = 4; courtyards from y = 6 to 18.
   const Plan plan = drawn(planCourtyardsInSides(block(240, 12, 48, 12, 32, 8)));
   ASSERT_EQ(6U, plan.outlines.size());
-  EXPECT_EQ((Outline{{0, 0}, {12, 0}, {12, 24}, {0, 24}}), plan.outlines[0]);
+  EXPECT_EQ((Vertices{{0, 0}, {12, 0}, {12, 24}, {0, 24}}), plan.outlines[0].vertices);
   EXPECT_EQ(
-      (Outline{{0, 0}, {2, 0}, {4, 0}, {6, 0}, {6, 8}, {4, 8}, {4, 12}, {2, 12}, {2, 6}, {0, 6}}),
-      plan.outlines[1]);
+      (Vertices{{0, 0}, {2, 0}, {4, 0}, {6, 0}, {6, 8}, {4, 8}, {4, 12}, {2, 12}, {2, 6}, {0, 6}}),
+      plan.outlines[1].vertices);
   EXPECT_EQ(
-      (Outline{
+      (Vertices{
           {6, 0}, {8, 0}, {10, 0}, {12, 0}, {12, 6}, {10, 6}, {10, 12}, {8, 12}, {8, 8}, {6, 8}}),
-      plan.outlines[2]);
-  EXPECT_EQ((Outline{{8, 12},
-                     {10, 12},
-                     {10, 18},
-                     {12, 18},
-                     {12, 24},
-                     {10, 24},
-                     {8, 24},
-                     {6, 24},
-                     {6, 16},
-                     {8, 16}}),
-            plan.outlines[3]);
-  EXPECT_EQ((Outline{{2, 12},
-                     {4, 12},
-                     {4, 16},
-                     {6, 16},
-                     {6, 24},
-                     {4, 24},
-                     {2, 24},
-                     {0, 24},
-                     {0, 18},
-                     {2, 18}}),
-            plan.outlines[4]);
-  EXPECT_EQ((Outline{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}),
-            plan.outlines[5]);
+      plan.outlines[2].vertices);
+  EXPECT_EQ((Vertices{{8, 12},
+                      {10, 12},
+                      {10, 18},
+                      {12, 18},
+                      {12, 24},
+                      {10, 24},
+                      {8, 24},
+                      {6, 24},
+                      {6, 16},
+                      {8, 16}}),
+            plan.outlines[3].vertices);
+  EXPECT_EQ((Vertices{{2, 12},
+                      {4, 12},
+                      {4, 16},
+                      {6, 16},
+                      {6, 24},
+                      {4, 24},
+                      {2, 24},
+                      {0, 24},
+                      {0, 18},
+                      {2, 18}}),
+            plan.outlines[4].vertices);
+  EXPECT_EQ((Vertices{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}),
+            plan.outlines[5].vertices);
 }
 
 TEST(PlanCourtyardsInSides, HasTheseBaysAndAreas) {
@@ -238,7 +238,7 @@ TEST(PlanCourtyardsInSides, RejectsItsLimitsThemselves) {
 }
 
 TEST(PlanCourtyardsInSides, RejectsTheLimitsOfItsDerivedLengths) {
-  const Limit limits[] = {
+  const LimitCase limits[] = {
       {"a stair as deep as the block", &PlanData::profundidadEscalera, 12, Valid::kBelow,
        block(200, 20, 40, 3, 40, 0), kNoFront},
       {"courtyards as wide as the block is deep", &PlanData::profundidadPatio, 12, Valid::kBelow,
@@ -253,7 +253,7 @@ TEST(PlanCourtyardsInSides, RejectsTheLimitsOfItsDerivedLengths) {
 
 TEST(PlanCourtyardsInSides, FirstFailingCheckSpeaks) {
   expectFaults(planCourtyardsInSides, kSharedFaults);
-  const Fault faults[] = {
+  const FaultCase faults[] = {
       {"too wide for the block, and the stair too long", block(200, 20, 40, 13, 60, 2.5F),
        kThroughBlock},
       {"too long, and so is the stair", block(200, 16, 64, 3.9F, 70, 4), kLongCourtyard},

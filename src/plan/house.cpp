@@ -1,5 +1,6 @@
-#include "core/cp1252.h"
-#include "generator/plan/plan.h"
+#include "plan/checks.h"
+#include "plan/shapes.h"
+#include "typology/tipo.h"
 
 // A plain rectangle of one storey (typology 1) or two.
 //   y = D +---------+
@@ -9,17 +10,18 @@ PlanResult planHouse(const PlanData& data) {
   const double A = data.areaPlanta;
   const double L = data.longitudFachada;
   PlanChecks check;
-  check(A > 30 && A < 1000, "Área de planta no válida. Debe ser >30 y <1000"_cp1252);
-  check(L > 3 && A / 3 > L,
-        "Longitud de fachada no válida. Debe ser >3 al igual que la profundidad"_cp1252);
+  check("Área de planta no válida. Debe ser >30 y <1000"_cp1252, A > 30 && A < 1000, {kA});
+  check("Longitud de fachada no válida. Debe ser >3 al igual que la profundidad"_cp1252,
+        {L > 3, {kL}}, {A / 3 > L, {kL, kA}});
   if (check.failed()) return check.failure();
 
   const double D = length(A / L);
-  const int storeys = data.tipo == 1 ? 1 : 2;
+  const int storeys = tipoRow(data.tipo).planStoreys;
   const double height = 3.0 * storeys;
   Plan plan;
   plan.numHuecosFachada.fill(storeys);
   plan.superficieFachada = areas(height * L, height * D);
-  plan.outlines = {rectangle(0, 0, L, D)};
+  // The house is its own block.
+  plan.outlines = {dwelling(rectangle(0, 0, L, D))};
   return plan;
 }

@@ -5,7 +5,7 @@
 #include <functional>
 #include <random>
 
-#include "generator/plan/plan_fixture.h"
+#include "plan/plan_fixture.h"
 
 // What holds for every plan of the families that cut a rectangle into dwellings and holes, shown on
 // many random ones. (The wings of the fifth family double back along their edges on purpose.)
@@ -22,28 +22,8 @@ struct TiledFamily {
   const char* name;
   Family plan;
   PlanData (*sample)(Random&);
-  /// The courtyards that the outlines leave open; empty where the last outline is the only hole.
-  std::vector<Outline> (*courtyards)(const PlanData&, float depth);
+  std::size_t edgeCourtyards = 0;
 };
-
-std::vector<Outline> noCourtyards(const PlanData&, float) { return {}; }
-
-/// Two courtyards of half the area each, centred on the front and back façades.
-std::vector<Outline> inFacades(const PlanData& data, float depth) {
-  const double half = data.areaPatio / (4.0 * data.profundidadPatio);
-  const double middle = data.longitudFachada / 2.0;
-  return {rectangle(middle - half, 0, middle + half, data.profundidadPatio),
-          rectangle(middle - half, depth - data.profundidadPatio, middle + half, depth)};
-}
-
-/// The same, centred on the side walls.
-std::vector<Outline> inSides(const PlanData& data, float depth) {
-  const double length = data.areaPatio / (2.0 * data.profundidadPatio);
-  const double low = (depth - data.profundidadPatio) / 2.0;
-  const double high = (depth + data.profundidadPatio) / 2.0;
-  return {rectangle(0, low, length, high),
-          rectangle(data.longitudFachada - length, low, data.longitudFachada, high)};
-}
 
 /// Numbers inside the limits of every family; most give a plan.
 PlanData sampleBlock(Random& random) {
@@ -65,14 +45,15 @@ PlanData sampleSides(Random& random) {
 }
 
 const TiledFamily kFamilies[] = {
-    {"Row", planRow, sampleBlock, noCourtyards},
-    {"Courtyard", planCourtyard, sampleBlock, noCourtyards},
-    {"Stairwell", planStairwell, sampleBlock, noCourtyards},
-    {"CourtyardsInFacades", planCourtyardsInFacades, sampleBlock, inFacades},
-    {"CourtyardsInSides", planCourtyardsInSides, sampleSides, inSides},
+    {"Row", planRow, sampleBlock},
+    {"Courtyard", planCourtyard, sampleBlock},
+    {"Stairwell", planStairwell, sampleBlock},
+    {"CourtyardsInFacades", planCourtyardsInFacades, sampleBlock, 2},
+    {"CourtyardsInSides", planCourtyardsInSides, sampleSides, 2},
 };
 
-double signedArea(const Outline& outline) {
+double signedArea(const Outline& shape) {
+  const Vertices& outline = shape.vertices;
   double twice = 0;
   for (std::size_t i = 0; i < outline.size(); ++i) {
     const Vertex& a = outline[i];
@@ -82,7 +63,8 @@ double signedArea(const Outline& outline) {
   return twice / 2;
 }
 
-bool holds(const Outline& outline, double x, double y) {
+bool holds(const Outline& shape, double x, double y) {
+  const Vertices& outline = shape.vertices;
   bool inside = false;
   for (std::size_t i = 0; i < outline.size(); ++i) {
     const Vertex& a = outline[i];
@@ -116,10 +98,11 @@ class TiledPlan : public testing::TestWithParam<TiledFamily> {
                                       << c.data.longitudFachada);
       c.plan = std::get<Plan>(result);
       ASSERT_EQ(6U, c.plan.outlines.size());
-      c.L = c.plan.outlines[0][2].x;
-      c.D = c.plan.outlines[0][2].y;
+      c.L = c.plan.outlines[0].vertices[2].x;
+      c.D = c.plan.outlines[0].vertices[2].y;
       c.pieces.assign(c.plan.outlines.begin() + 1, c.plan.outlines.end());
-      for (Outline& yard : GetParam().courtyards(c.data, c.D)) c.pieces.push_back(std::move(yard));
+      ASSERT_EQ(GetParam().edgeCourtyards, c.plan.edgeCourtyards.size());
+      c.pieces.insert(c.pieces.end(), c.plan.edgeCourtyards.begin(), c.plan.edgeCourtyards.end());
       check(c);
     }
     EXPECT_TRUE(HasFailure() || valid == 400) << "too few valid plans to mean anything: " << valid;
@@ -129,7 +112,7 @@ class TiledPlan : public testing::TestWithParam<TiledFamily> {
   static double wallOf(const Case& c, const std::function<bool(const Vertex&)>& lies) {
     double sum = 0;
     for (std::size_t k = 1; k <= 4; ++k) {
-      const Outline& dwelling = c.plan.outlines[k];
+      const Vertices& dwelling = c.plan.outlines[k].vertices;
       for (std::size_t i = 0; i < dwelling.size(); ++i) {
         const Vertex& a = dwelling[i];
         const Vertex& b = dwelling[(i + 1) % dwelling.size()];
@@ -145,6 +128,7 @@ class TiledPlan : public testing::TestWithParam<TiledFamily> {
 TEST_P(TiledPlan, OutlinesRunCounterClockwise) {
   forManyPlans([](const Case& c) {
     for (const Outline& outline : c.plan.outlines) EXPECT_GT(signedArea(outline), 0);
+    for (const Outline& outline : c.plan.edgeCourtyards) EXPECT_GT(signedArea(outline), 0);
   });
 }
 
@@ -166,6 +150,18 @@ TEST_P(TiledPlan, EveryPointLiesInExactlyOnePiece) {
       const auto owners =
           std::ranges::count_if(c.pieces, [&](const Outline& piece) { return holds(piece, x, y); });
       EXPECT_EQ(1, owners) << x << ", " << y;
+    }
+  });
+}
+
+TEST_P(TiledPlan, EdgeCourtyardsShareTheCourtyardAreaAndTouchTheEdge) {
+  forManyPlans([](const Case& c) {
+    for (const Outline& yard : c.plan.edgeCourtyards) {
+      EXPECT_EQ(Role::kCourtyard, yard.role);
+      EXPECT_NEAR(c.data.areaPatio / 2, signedArea(yard), 1e-4 * c.data.areaPatio);
+      EXPECT_TRUE(std::ranges::any_of(yard.vertices, [&](const Vertex& v) {
+        return v.x == 0 || v.x == c.L || v.y == 0 || v.y == c.D;
+      }));
     }
   });
 }
@@ -199,11 +195,13 @@ TEST_P(TiledPlan, CourtyardAreasAreThoseOfTheWallsAroundTheCourtyards) {
   // The hole of a courtyard block, the stair of a row, two courtyards; a stair-well has no windows.
   const Family plan = GetParam().plan;
   forManyPlans([&](const Case& c) {
-    std::vector<Outline> yards(c.pieces.begin() + 5, c.pieces.end());
-    if (plan == planCourtyard) yards.push_back(c.pieces[4]);
+    std::vector<Vertices> yards;
+    for (const Outline& piece : c.pieces) {
+      if (piece.role == Role::kCourtyard) yards.push_back(piece.vertices);
+    }
     double along = 0;   // of the walls that face front or back
     double across = 0;  // of those that face a side
-    for (const Outline& yard : yards) {
+    for (const Vertices& yard : yards) {
       for (std::size_t i = 0; i < yard.size(); ++i) {
         const Vertex& a = yard[i];
         const Vertex& b = yard[(i + 1) % yard.size()];
@@ -215,7 +213,7 @@ TEST_P(TiledPlan, CourtyardAreasAreThoseOfTheWallsAroundTheCourtyards) {
         across += std::abs(b.y - a.y);
       }
     }
-    if (plan == planRow) along = 2.0 * (c.L - c.plan.outlines[5][0].x);
+    if (plan == planRow) along = 2.0 * (c.L - c.plan.outlines[5].vertices[0].x);
     const auto& areas = c.plan.superficiePatio;
     EXPECT_NEAR(9 * along / 2, areas[kSouth], 1e-4 * c.L);
     EXPECT_NEAR(9 * across / 2, areas[kEast], 1e-4 * c.D);

@@ -1,0 +1,69 @@
+#include "typology/tipo.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+constexpr int kLeast = std::numeric_limits<int>::min();
+constexpr int kMost = std::numeric_limits<int>::max();
+
+}  // namespace
+
+TEST(TipoRow, StoreysFollowTheNumber) {
+  const struct {
+    int from, to;
+    int least, most;
+  } cases[] = {
+      {kLeast, kLeast, 1, kMost}, {-1, 0, 1, kMost},        {1, 1, 1, 1}, {2, 9, 2, 2},
+      {10, 40, 3, kMost},         {kMost, kMost, 3, kMost},
+  };
+  for (const auto& c : cases) {
+    for (long long tipo = c.from; tipo <= c.to; ++tipo) {
+      SCOPED_TRACE(tipo);
+      const StoreyRule& rule = tipoRow(static_cast<int>(tipo)).storeys;
+      EXPECT_EQ(c.least, rule.least);
+      EXPECT_EQ(c.most, rule.most);
+    }
+  }
+}
+
+TEST(TipoRow, BuildingClassFollowsTheNumber) {
+  const struct {
+    int from, to, buildingClass;
+  } cases[] = {
+      {kLeast, kLeast, 2}, {-1, 0, 2},  {1, 1, 1},   {2, 3, 2},   {4, 6, 3},         {7, 9, 4},
+      {10, 12, 5},         {13, 21, 6}, {22, 22, 7}, {23, 40, 8}, {kMost, kMost, 8},
+  };
+  for (const auto& c : cases) {
+    for (long long tipo = c.from; tipo <= c.to; ++tipo) {
+      EXPECT_EQ(c.buildingClass, tipoRow(static_cast<int>(tipo)).buildingClass) << tipo;
+    }
+  }
+}
+
+TEST(TipoRow, OnlyThreeNumbersLookForCourtyardShades) {
+  for (int tipo = -2; tipo <= 40; ++tipo) {
+    SCOPED_TRACE(tipo);
+    const TipoRow& row = tipoRow(tipo);
+    EXPECT_EQ(tipo == 15 || tipo == 18 || tipo == 21, row.shades != CourtyardShades::kNotLookedFor);
+    EXPECT_EQ(tipo == 15 || tipo == 21, row.firstShade());
+    EXPECT_EQ(tipo == 18 || tipo == 21, row.secondShade());
+  }
+}
+
+TEST(TipoRow, PlanCountsOneTwoOrThreeStoreys) {
+  for (int tipo = -2; tipo <= 40; ++tipo) {
+    EXPECT_EQ(tipo == 1 ? 1 : tipo < 10 ? 2 : 3, tipoRow(tipo).planStoreys) << tipo;
+  }
+}
+
+TEST(TipoRow, ThereIsNoPlanAboveTheLastNumber) {
+  for (int tipo = -2; tipo <= kLastTipo; ++tipo) {
+    EXPECT_NE(PlanFamily::kNone, tipoRow(tipo).family) << tipo;
+  }
+  for (const int tipo : {kLastTipo + 1, 1000, kMost}) {
+    EXPECT_EQ(PlanFamily::kNone, tipoRow(tipo).family) << tipo;
+  }
+}
