@@ -4,15 +4,18 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
 #include "app/run_generation.h"
 #include "core/fichero.h"
+#include "core/line_reader.h"
 #include "core/numbers.h"
 #include "core/platform.h"
+#include "generator/generation_sequence.h"
 #include "generator/name_list.h"
+#include "generator/template.h"
+#include "typology/typology_record.h"
 
 namespace fs = std::filesystem;
 
@@ -66,11 +69,10 @@ std::string templateText(std::int64_t lines) {
 
 // The template line by line: the generator's outer loop without its work.
 void BM_HandOutLines(benchmark::State& state) {
-  const fs::path file = memoryFolder() / "lines.bdl";
-  std::ofstream(file, std::ios::binary) << templateText(state.range(0));
+  const std::string text = templateText(state.range(0));
   std::string_view line;
   for (auto _ : state) {
-    fichero reader(file.string(), "lectura");
+    LineReader reader(text);
     while (reader.ReadLine(line)) benchmark::DoNotOptimize(line.data());
   }
   state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -111,10 +113,28 @@ void BM_ScanReal(benchmark::State& state) {
 }
 BENCHMARK(BM_ScanReal);
 
+fs::path sampleBlock() { return fs::path(SOURCE_FOLDER) / "samples" / "bloque-patio"; }
+
+SourceText textOf(const fs::path& path) { return fichero(path.string(), "lectura").takeText(); }
+
+// One more dwelling of a template that has been read: the typology and the generation.
+void BM_GenerationWithTheTemplateRead(benchmark::State& state) {
+  const Template plantilla(textOf(sampleBlock() / "bloque-patio.bdl"),
+                           textOf(sampleBlock() / "bloque-patio.tbl"));
+  const SourceText tip = textOf(sampleBlock() / "tipo-13.tip");
+  for (auto _ : state) {
+    const TypologyRecord typology(SourceText(tip.name(), tip.bytes()));
+    OutputLines output;
+    BenchBar bar;
+    generate(plantilla, typology, output, bar);
+    benchmark::DoNotOptimize(output.count());
+  }
+}
+BENCHMARK(BM_GenerationWithTheTemplateRead)->Unit(benchmark::kMicrosecond);
+
 // A whole run on a sample block, its files in memory.
 void BM_WholeGeneration(benchmark::State& state) {
-  const fs::path building = fs::path(SOURCE_FOLDER) / "samples" / "bloque-patio";
-  const RunPaths paths = {building / "bloque-patio.bdl", building / "tipo-13.tip",
+  const RunPaths paths = {sampleBlock() / "bloque-patio.bdl", sampleBlock() / "tipo-13.tip",
                           memoryFolder() / "salida.bdl", memoryFolder() / "fin.txt"};
   for (auto _ : state) {
     BenchBar bar;

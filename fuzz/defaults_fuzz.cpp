@@ -1,5 +1,6 @@
 // Any defaults library gives its fields, or a message.
 #include "bdl/valores_por_defecto.h"
+#include "core/source_text.h"
 #include "fuzz_support.h"
 
 namespace {
@@ -27,7 +28,12 @@ void check(const ValoresPorDefecto& values) {
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string path = writeScratch("defectos.inp", textOf(data, size));
-  expectOneLine(endingOf([&] { check(ValoresPorDefecto(path)); }));
+  const std::string_view bytes = textOf(data, size);
+  if (!isText(bytes)) return 0;
+  const SourceText source("defectos.inp", bytes);
+  const Ending ending = endingOf([&] { check(ValoresPorDefecto(source)); });
+  expectOneLine(ending);
+  expect(ending.place.has_value() == ending.stopped, "a fault without its place");
+  if (ending.place) expectWithin(*ending.place, source);
   return 0;
 }

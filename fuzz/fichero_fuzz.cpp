@@ -1,8 +1,9 @@
-// Any bytes in a text file: the lines handed out are those that the C library's fgets would give
-// with a buffer of 20000 bytes, the normalised text is what its description says, and what is
-// written comes back.
+// Any bytes in a text: the lines handed out are those that the C library's fgets would give with a
+// buffer of 20000 bytes, the normalised text is what its description says and leads back to the
+// text, and what is written comes back. Of files only what is theirs is asked: their bytes.
 #include <algorithm>
 
+#include "bdl/normalised_text.h"
 #include "core/fichero.h"
 #include "fuzz_support.h"
 
@@ -39,7 +40,7 @@ Model modelOf(std::string_view bytes) {
 
 /// Runs of blanks become one blank, each line end stands between two blanks of its own, and the one
 /// behind it makes one run with the blanks that follow.
-std::string normalised(std::string_view bytes) {
+std::string plainlyNormalised(std::string_view bytes) {
   std::string text;
   for (std::size_t at = 0; at <= bytes.size();) {
     const std::size_t end = std::min(bytes.find_first_of("\r\n", at), bytes.size());
@@ -54,68 +55,106 @@ std::string normalised(std::string_view bytes) {
   return text;
 }
 
-void checkReading(const std::string& path, std::string_view bytes) {
-  fichero file(path, "lectura");
-  expect(file.bytes() == bytes, "other bytes than the file's");
-  expect(file.normalisedText() == normalised(bytes), "another normalised text");
-
+void checkLines(std::string_view bytes) {
   const Model model = modelOf(bytes);
-  expect(file.lineCount() == model.realLines, "another number of lines");
+  LineReader reader(bytes);
+  expect(reader.lineCount() == model.realLines, "another number of lines");
   std::string_view line;
   for (const std::string& expected : model.lines) {
-    expect(file.ReadLine(line), "a line is missing");
-    expect(line == expected, "another line");
+    expect(reader.ReadLine(line), "a line is missing");
+    expect(line == expected && reader.line() == expected, "another line");
+    const Span span = reader.span();
+    expect(bytes.substr(span.begin, span.end - span.begin) == expected, "a line's other place");
   }
-  expect(!file.ReadLine(line), "one line too many");
-  expect(file.lineNumber() == static_cast<long>(model.lines.size()), "another line number");
+  expect(!reader.ReadLine(line), "one line too many");
+  expect(reader.lineNumber() == static_cast<long>(model.lines.size()), "another line number");
 }
 
-void checkWriting(std::string_view bytes) {
+void checkNormalising(std::string_view bytes) {
+  const std::string text = normalised(bytes);
+  expect(text == plainlyNormalised(bytes), "another normalised text");
+  expect(offsetBeforeNormalising(bytes, text.size()) == bytes.size(), "the end leads elsewhere");
+  // All of a short text; of a long one some, since each walks from the start.
+  const std::size_t step = text.size() / 16 + 1;
+  for (std::size_t at = 0; at < text.size(); at += step) {
+    const std::size_t origin = offsetBeforeNormalising(bytes, at);
+    expect(origin < bytes.size(), "a character from behind the end");
+    const bool besideLineEnd = text[at] == ' ' && (bytes[origin] == '\n' || bytes[origin] == '\r');
+    expect(bytes[origin] == text[at] || besideLineEnd, "leads back to another character");
+  }
+}
+
+/// Adds each line of the bytes, and then an empty one, to `output`.
+std::string writeLines(OutputLines& output, std::string_view bytes) {
+  std::string expected;
+  for (std::size_t at = 0; at <= bytes.size();) {
+    const std::string_view line = bytes.substr(at, bytes.find('\n', at) - at);
+    expect(output.WriteLine(line), "a line was not taken");
+    expected.append(line).append("\n");
+    at += line.size() + 1;
+  }
+  return expected;
+}
+
+/// All lines handed on, every third with one of the copy's own behind it.
+void checkCopying(std::string_view bytes) {
+  LineReader source(bytes);
+  OutputLines output;
+  std::string expected;
+  for (const std::string& line : modelOf(bytes).lines) {
+    std::string_view ignored;
+    source.ReadLine(ignored);
+    expect(output.CopyLine(source), "a line was not taken");
+    expected.append(line).append("\n");
+    if (source.lineNumber() % 3 != 0) continue;
+    output.WriteLine("own");
+    expected.append("own\n");
+  }
+  expect(output.text() == expected, "the copy differs from what was handed out");
+}
+
+/// A file's text is its bytes; one with a NUL is not read.
+void checkReadingFiles(std::string_view bytes) {
+  const std::string path = writeScratch("fichero", bytes);
+  const Ending ending = endingOf([&] {
+    fichero file(path, "lectura");
+    const SourceText text = file.takeText();
+    expect(text.bytes() == bytes && text.name() == path, "another text than the file's");
+  });
+  expectOneLine(ending);
+  expect(ending.stopped != isText(bytes), "stopped without a NUL, or not stopped by one");
+  if (!ending.stopped) return;
+  expect(ending.place.has_value(), "a NUL without its place");
+  // All that is known of the text is what comes before.
+  const std::string_view before = bytes.substr(0, bytes.find('\0'));
+  expectWithin(*ending.place, SourceText(path, before));
+  expect(ending.place->line == std::ranges::count(before, '\n') + 1, "the NUL's line is another");
+}
+
+void checkWritingFiles(std::string_view bytes) {
   const std::string path = scratchFolder() + "escrito";
   std::string expected;
-  {
+  const Ending ending = endingOf([&] {
     fichero file(path, "escritura");
-    for (std::size_t at = 0; at <= bytes.size();) {
-      const std::string_view line = bytes.substr(at, bytes.find('\n', at) - at);
-      expect(file.WriteLine(line), "a line was not taken");
-      expected.append(line).append("\n");
-      at += line.size() + 1;
-    }
-  }
+    expected = writeLines(file.lines(), bytes);
+    file.guardar();
+  });
+  expect(!ending.stopped, "writing was stopped");
   expect(readFile(path) == expected, "the file differs from what was written");
-}
-
-/// All lines of the file at `path` handed on, every third with one of the copy's own behind it.
-void checkCopying(const std::string& path, std::string_view bytes) {
-  const std::string copy = scratchFolder() + "copiado";
-  std::string expected;
-  {
-    fichero source(path, "lectura");
-    fichero output(copy, "escritura");
-    for (const std::string& line : modelOf(bytes).lines) {
-      std::string_view ignored;
-      source.ReadLine(ignored);
-      expect(output.CopyLine(source), "a line was not taken");
-      expected.append(line).append("\n");
-      if (source.lineNumber() % 3 != 0) continue;
-      output.WriteLine("own");
-      expected.append("own\n");
-    }
-  }
-  expect(readFile(copy) == expected, "the copy differs from what was handed out");
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes = textOf(data, size);
-  const std::string path = writeScratch("fichero", bytes);
-  const Ending ending = endingOf([&] { checkReading(path, bytes); });
-  expectOneLine(ending);
-  const bool hasNul = bytes.find('\0') != std::string_view::npos;
-  expect(ending.stopped == hasNul, "stopped without a NUL, or not stopped by one");
-  if (hasNul) return 0;
-  expect(!endingOf([&] { checkWriting(bytes); }).stopped, "writing was stopped");
-  expect(!endingOf([&] { checkCopying(path, bytes); }).stopped, "copying was stopped");
+  checkReadingFiles(bytes);
+  if (!isText(bytes)) return 0;
+  checkLines(bytes);
+  checkNormalising(bytes);
+  checkCopying(bytes);
+  OutputLines output;
+  const std::string expected = writeLines(output, bytes);
+  expect(output.text() == expected, "the lines differ from what was written");
+  checkWritingFiles(bytes);
   return 0;
 }

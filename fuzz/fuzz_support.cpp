@@ -3,6 +3,7 @@
 #include <stdlib.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -32,7 +33,12 @@ class StoppingApplication : public TApplication {
     expect(caption == kCaption, "an error has another caption");
     messages.emplace_back(text);
   }
+  void ShowFault(const Fault& fault) override {
+    TApplication::ShowFault(fault);
+    place = fault.place;
+  }
   std::vector<std::string> messages;
+  std::optional<Place> place;
 
  private:
   void endProcess(int status) override { throw Stopped{status}; }
@@ -80,7 +86,7 @@ Ending endingOf(const std::function<void()>& body) {
   } catch (const Stopped& stop) {
     expect(stop.status == kExitCodeOfAnError, "stopped with another status");
     expect(application.messages.size() == 1, "stopped without exactly one message");
-    ending = {true, application.messages.front()};
+    ending = {true, application.messages.front(), application.place};
   }
   Application = nullptr;
   return ending;
@@ -89,6 +95,30 @@ Ending endingOf(const std::function<void()>& body) {
 void expectOneLine(const Ending& ending) {
   expect(ending.message.find_first_of(std::string_view("\n\0", 2)) == std::string::npos,
          "a message of more than one line");
+}
+
+void expectWithin(const Place& place, const SourceText& source) {
+  expect(place.file == source.name(), "a place in another file");
+  if (place.line == 0) {
+    expect(place.column == 0 && place.length == 0 && place.text.empty(), "a part of no line");
+    return;
+  }
+  // Lines counted in the plainest way.
+  std::string_view rest = source.bytes();
+  for (long line = 1; line < place.line; ++line) {
+    const std::size_t end = rest.find('\n');
+    expect(end != std::string_view::npos, "a line behind the last one");
+    rest.remove_prefix(end + 1);
+  }
+  const bool endsInLineFeed = rest.find('\n') != std::string_view::npos;
+  std::string_view line = rest.substr(0, rest.find('\n'));
+  if (endsInLineFeed && line.ends_with('\r')) line.remove_suffix(1);
+  expect(place.text == line, "the text of another line");
+  const std::size_t from = static_cast<std::size_t>(place.column) - 1;
+  // The line end is a place too; of CR LF the second byte as well.
+  const std::size_t last = line.size() + (endsInLineFeed ? 1 : 0);
+  expect(place.column >= 1 && from <= last, "a column behind the line");
+  expect(from + place.length <= std::max(line.size(), from), "a span beyond its line");
 }
 
 const std::string& scratchFolder() {

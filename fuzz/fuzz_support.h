@@ -3,9 +3,13 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/fault.h"
+#include "core/source_text.h"
 
 /// What the fuzz targets share. A target takes any bytes and either comes back or aborts with a
 /// finding; the library's own way to end a run, a message and an exit, is a result like any other.
@@ -24,6 +28,7 @@ void expect(bool ok, std::string_view what);
 struct Ending {
   bool stopped = false;
   std::string message;  // the one that was shown, when stopped
+  std::optional<Place> place;
 };
 
 /// Runs `body` with an application that throws where a program would exit, and checks what every
@@ -33,9 +38,14 @@ Ending endingOf(const std::function<void()>& body);
 
 /// Checks that a message is one line, as people and callers read it.
 void expectOneLine(const Ending& ending);
+/// Checks that a place is one of `source`: the line is its line, and the span lies within it.
+void expectWithin(const Place& place, const SourceText& source);
 
-/// A folder of this process, ending in "/", for readers that open paths: in TMPDIR when that is
-/// set, else in memory. Removed at the end, but not after a crash.
+/// Whether the bytes reach the readers of text at all: `fichero` lets none with a NUL through.
+inline bool isText(std::string_view bytes) { return bytes.find('\0') == std::string_view::npos; }
+
+/// A folder of this process, ending in "/", for what is about files: in TMPDIR when that is set,
+/// else in memory. Removed at the end, but not after a crash.
 const std::string& scratchFolder();
 
 /// Writes `bytes` into the file `name` of the scratch folder and returns its path.

@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "core/report_error.h"
+#include "core/source_text.h"
 #include "fuzz_support.h"
 
 namespace {
@@ -58,7 +60,7 @@ std::string plainLongName(LeerBDL& model, const std::string& type, const std::st
     if (plainLabel(model, type, candidate) == kNotFound) {
       ReportFailure(ErrorLog, "No se encuentra: " + candidate);
     }
-    const LeerBDL command(model, type, candidate);  // found by its label: the cursor stays
+    LeerBDL command(model, type, candidate);  // found by its label: the cursor stays
     std::string value;
     const bool read =
         command.leerCadena("LONG-NAME", value) == 0 || command.leerCadena("NAME ", value) == 0;
@@ -67,7 +69,7 @@ std::string plainLongName(LeerBDL& model, const std::string& type, const std::st
   return {};
 }
 
-void askGetters(const LeerBDL& model, std::string_view keyword) {
+void askGetters(LeerBDL& model, std::string_view keyword) {
   endingOf([&] {
     constexpr int kPreset = -77;
     int integer = kPreset;
@@ -102,6 +104,42 @@ void askGetters(const LeerBDL& model, std::string_view keyword) {
   });
 }
 
+/// Whether the file has, at `span`, the characters `value` of the model's text, whatever the blanks
+/// and line ends.
+bool standsAt(Span span, std::string_view value, const SourceText& source) {
+  std::string found(source.bytes().substr(span.begin, span.end - span.begin));
+  std::string expected(value);
+  for (std::string* text : {&found, &expected}) {
+    std::erase_if(*text, [](char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; });
+  }
+  return found == expected;
+}
+
+/// Where a keyword and its value stand is what is read there, unless the text is put together from
+/// two pieces, the border of which may run through either.
+void askPlaces(LeerBDL& model, std::string_view keyword, bool onePiece) {
+  const SourceText& source = model.fuente();
+  const std::optional<Span> key = model.lugarDe(keyword);
+  expect(key.has_value() == (model.buscar(keyword, 0) != kNotFound), "a place of nothing");
+  if (key) {
+    expect(!onePiece || standsAt(*key, keyword, source), "the place of another keyword");
+    expectWithin(source.placeOf(*key), source);
+  }
+  const std::optional<Span> value = model.lugarDeValor(keyword);
+  float real = 0;
+  expect(value.has_value() == (model.leerReal(keyword, real) != -1), "a place of no value");
+  if (!value) return;
+  expectWithin(source.placeOf(*value), source);
+  if (!onePiece) return;
+  endingOf([&] {
+    std::string text;
+    if (model.leerCadena(keyword, text) == -1) return;
+    // A CR is a value of its own, but a place shows what a person sees; and of a list the whole.
+    if (text.starts_with('\r') || text.starts_with('(')) return;
+    expect(standsAt(*value, text, source), "the place of another value");
+  });
+}
+
 void askCommand(LeerBDL& model, const std::string& type, const std::string& name) {
   std::size_t label = plainLabel(model, type, name);
   std::string expected;
@@ -114,20 +152,21 @@ void askCommand(LeerBDL& model, const std::string& type, const std::string& name
     }
   });
   const Ending ending = endingOf([&] {
-    const LeerBDL command(model, type, name);
+    LeerBDL command(model, type, name);
     const auto text = command.obtenerTexto();
     expect(text.has_value() == (label != kNotFound), "a command found, or not, wrongly");
     if (!text) return;
     expect(*text == plainCommand(model, type, label), "another command text");
     askGetters(command, "LONG-NAME");
+    askPlaces(command, "LONG-NAME", false);
   });
   if (plain.stopped) expect(ending.stopped && ending.message == plain.message, "another message");
 }
 
-void askBlock(const LeerBDL& model, const std::string& keyword) {
+void askBlock(LeerBDL& model, const std::string& keyword) {
   endingOf([&] {
     bool found = false;
-    const LeerBDL block(model, keyword, found);
+    LeerBDL block(model, keyword, found);
     expect(found == block.obtenerTexto().has_value(), "found without text, or not found with");
     if (!found) return;
     // A keyword may itself hold the "..", or its first point.
@@ -135,11 +174,13 @@ void askBlock(const LeerBDL& model, const std::string& keyword) {
     const std::size_t start = text.find(keyword);
     const std::string_view expected = text.substr(start, text.find("..", start) - start);
     expect(*block.obtenerTexto() == expected, "another block");
+    askPlaces(block, keyword, true);
   });
 }
 
 void askEverything(LeerBDL& model, const Question& question) {
   askGetters(model, question.keyword);
+  askPlaces(model, question.keyword, true);
   askBlock(model, question.keyword);
   askCommand(model, question.type, question.name);
 
@@ -159,15 +200,11 @@ void askEverything(LeerBDL& model, const Question& question) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   std::string_view input = textOf(data, size);
   const Question question{takeLine(input), takeLine(input), takeLine(input)};
-  const std::string path = writeScratch("modelo", input);
-  endingOf([&] {
-    LeerBDL model(path);
-    const std::string_view text = *model.obtenerTexto();
-    expect(text.find_first_of("\n\t") == std::string::npos, "a line end or a tab is left");
-  });
-  // Loaded again outside: questions end on their own.
-  if (input.find('\0') != std::string_view::npos) return 0;
-  LeerBDL model(path);
+  if (!isText(input)) return 0;
+  const SourceText source("modelo", input);
+  LeerBDL model(source);
+  const std::string_view text = *model.obtenerTexto();
+  expect(text.find_first_of("\n\t") == std::string::npos, "a line end or a tab is left");
   askEverything(model, question);
   return 0;
 }

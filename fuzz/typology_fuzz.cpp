@@ -2,11 +2,12 @@
 #include "fuzz_support.h"
 #include "typology/tipo.h"
 #include "typology/typology_record.h"
+#include "typology/vivienda_keywords.h"
 
 namespace {
 
 void check(const TypologyRecord& record, std::string_view bytes) {
-  expect(record.textoTipologia == bytes, "the typology text is not the file");
+  expect(record.textoTipologia() == bytes, "the typology text is not the file");
   expect(record.alturaPlanta > 0 && record.longitudFachada > 0, "a length that was not checked");
   expect(record.numeroPlantas > 0, "no storey");
   const StoreyRule& storeys = tipoRow(record.tipo).storeys;
@@ -19,13 +20,23 @@ void check(const TypologyRecord& record, std::string_view bytes) {
         &record.particionInteriorHorizontal, &record.cubiertas, &record.ventanaVidrio}) {
     expect(!name->empty() && name->size() < 250, "a name that is missing or too long");
   }
+  // One keyword an input: each look-up reads the text anew.
+  const auto keywords = viviendaKeywords();
+  const Place place = record.placeOf(keywords[bytes.size() % keywords.size()].name);
+  expect(place.line > 0, "a keyword without a place");
+  expectWithin(place, record.fuente());
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes = textOf(data, size);
-  const std::string path = writeScratch("tipologia.tip", bytes);
-  expectOneLine(endingOf([&] { check(TypologyRecord(path), bytes); }));
+  if (!isText(bytes)) return 0;
+  const SourceText source("tipologia.tip", bytes);
+  const Ending ending =
+      endingOf([&] { check(TypologyRecord(SourceText(source.name(), bytes)), bytes); });
+  expectOneLine(ending);
+  expect(ending.place.has_value() == ending.stopped, "a fault without its place");
+  if (ending.place) expectWithin(*ending.place, source);
   return 0;
 }

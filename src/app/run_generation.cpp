@@ -1,17 +1,19 @@
 #include "app/run_generation.h"
 
-#include <memory>
 #include <string>
+#include <utility>
 
 #include "app/executable_path.h"
 #include "bdl/valores_por_defecto.h"
 #include "core/cp1252.h"
+#include "core/fichero.h"
 #include "core/global2.h"
 #include "core/path_table.h"
 #include "core/paths.h"
 #include "core/report_error.h"
 #include "generator/generation_sequence.h"
-#include "generator/generator_context.h"
+#include "generator/template.h"
+#include "typology/typology_record.h"
 
 namespace {
 
@@ -21,7 +23,13 @@ std::string composedPath(const std::string& folder, const std::string& name) {
   return path;
 }
 
-/// Opens Error.log for the time of a run and makes it the process's error log.
+void requireFile(const std::string& path, std::string_view message) {
+  if (!fileExists(path)) ReportFailure(ErrorLog, {std::string(message), wholeFile(path)});
+}
+
+SourceText textOf(const std::string& path) { return fichero(path, "lectura").takeText(); }
+
+/// Opens Error.log for the time of a run and makes it the thread's error log.
 class ErrorLogOfRun {
  public:
   explicit ErrorLogOfRun(const std::string& path) : log_(path) { ErrorLog = &log_; }
@@ -33,7 +41,7 @@ class ErrorLogOfRun {
   Global2 log_;
 };
 
-/// The process-wide tables that live as long as a run.
+/// The thread's tables that live as long as a run. Nothing reads them.
 class SingletonsOfRun {
  public:
   SingletonsOfRun() {
@@ -69,19 +77,21 @@ int RunGeneration(TProgressBar& progressBar, const RunPaths& paths) {
   std::string tablePath = paths.dataFile;
   Global2::cambiarExtension(tablePath, "tbl");
   requirePathWithin(tablePath, kPathCapacity);
-  ReportError(ErrorLog, fileExists(paths.dataFile), "No existe el fichero de datos *.bdl");
-  ReportError(ErrorLog, fileExists(tablePath), "No existe el fichero de datos *.tbl");
-  ReportError(ErrorLog, fileExists(paths.typologyFile), "No existe el fichero de datos *.tip");
+  requireFile(paths.dataFile, "No existe el fichero de datos *.bdl");
+  requireFile(tablePath, "No existe el fichero de datos *.tbl");
+  requireFile(paths.typologyFile, "No existe el fichero de datos *.tip");
   const std::string defaultsPath = composedPath(folderOf(paths.dataFile), "defectos.inp");
-  ReportError(ErrorLog, fileExists(defaultsPath),
-              "No existe el fichero de librería defectos.inp"_cp1252);
+  requireFile(defaultsPath, "No existe el fichero de librería defectos.inp"_cp1252);
 
-  auto defaults = std::make_unique<ValoresPorDefecto>(defaultsPath);
-  {
-    GeneratorContext context(paths.dataFile, tablePath, paths.outputFile);
-    prepare(context, paths.typologyFile);
-    generate(context, progressBar);
-    defaults.reset();
-  }
+  const ValoresPorDefecto defaults(textOf(defaultsPath));
+  SourceText building = textOf(paths.dataFile);
+  SourceText table = textOf(tablePath);
+  // Opened, and emptied, before the table and the typology are looked at; behind the template,
+  // whose place it may take.
+  fichero output(paths.outputFile, "escritura");
+  const Template plantilla(std::move(building), std::move(table));
+  const TypologyRecord typology(textOf(paths.typologyFile));
+  generate(plantilla, typology, output.lines(), progressBar);
+  output.guardar();
   return 1;
 }

@@ -121,7 +121,7 @@ constexpr Numero kPersianas[] = {
 };
 
 template <std::size_t N>
-void leerNumeros(const LeerBDL& modelo, const Numero (&numeros)[N], V& valores) {
+void leerNumeros(LeerBDL& modelo, const Numero (&numeros)[N], V& valores) {
   for (const Numero& numero : numeros) {
     if (const auto* real = std::get_if<float V::*>(&numero.campo)) {
       modelo.leerReal(numero.clave, valores.**real);
@@ -133,8 +133,8 @@ void leerNumeros(const LeerBDL& modelo, const Numero (&numeros)[N], V& valores) 
 
 }  // namespace
 
-ValoresPorDefecto::ValoresPorDefecto(const std::string& ruta) {
-  LeerBDL modelo(ruta);
+ValoresPorDefecto::ValoresPorDefecto(const SourceText& fuente) {
+  LeerBDL modelo(fuente);
   leerGenerales(modelo);
   leerNumeros(modelo, kTerreno, *this);
   leerNumeros(modelo, kDiferenciasFinitas, *this);
@@ -144,13 +144,13 @@ ValoresPorDefecto::ValoresPorDefecto(const std::string& ruta) {
   leerPersianas(modelo);
 }
 
-void ValoresPorDefecto::leerGenerales(const LeerBDL& modelo) {
+void ValoresPorDefecto::leerGenerales(LeerBDL& modelo) {
   leerNumeros(modelo, kGenerales, *this);
   if (modelo.leerReal("HREXT", HREXT) == 0) hrextDado = 'S';
   modelo.leerCadena("SPACER-TYPE", SPACER_TYPE, LeerBDL::kSinLimite);
 }
 
-void ValoresPorDefecto::leerParticiones(const LeerBDL& modelo) {
+void ValoresPorDefecto::leerParticiones(LeerBDL& modelo) {
   std::string particiones;
   modelo.leerCadena("INTERNAL-PARTITIONS = ", particiones, kLargoTexto);
   particionesSobrescritas = particiones == "DEFAULT-OVERWRITTEN";
@@ -174,7 +174,7 @@ void ValoresPorDefecto::leerPuentesTermicos(LeerBDL& modelo) {
   modelo.rebobinar();
   for (int i = 0; i < numero; ++i) {
     const std::string nombre = modelo.siguienteComando("THERMAL-BRIDGE", kLargoTexto);
-    const LeerBDL comando(modelo, "THERMAL-BRIDGE", nombre);
+    LeerBDL comando(modelo, "THERMAL-BRIDGE", nombre);
     PuenteTermico& puente = puentes.emplace_back();
     puente.nombre = nombre;
     comando.leerReal("TTL =", puente.TTL);
@@ -185,7 +185,7 @@ void ValoresPorDefecto::leerPuentesTermicos(LeerBDL& modelo) {
   }
 }
 
-void ValoresPorDefecto::leerNoHabitables(const LeerBDL& modelo) {
+void ValoresPorDefecto::leerNoHabitables(LeerBDL& modelo) {
   numNoHabitables =
       modelo.leerListaCadenas("NO-HABITABLES", NO_HABITABLES, maxNoHabitables, largoNoHabitable);
   ReportError(ErrorLog, numNoHabitables != 0,
@@ -193,7 +193,7 @@ void ValoresPorDefecto::leerNoHabitables(const LeerBDL& modelo) {
   for (const std::string& nombre : NO_HABITABLES) Global2::traza(nombre);
 }
 
-void ValoresPorDefecto::leerPersianas(const LeerBDL& modelo) {
+void ValoresPorDefecto::leerPersianas(LeerBDL& modelo) {
   if (modelo.leerCadena("AUTOMATIC-SHUTTER", AUTOMATIC_SHUTTER, LeerBDL::kSinLimite) == 0) {
     leerNumeros(modelo, kPersianas, *this);
   }

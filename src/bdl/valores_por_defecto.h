@@ -4,15 +4,18 @@
 #include <vector>
 
 class LeerBDL;
+class SourceText;
 
 /// The defaults library `defectos.inp`: the physical and numerical parameters that the typology
-/// file does not give. Read once, at construction, into plain fields named as their keywords ("-"
-/// as "_"). The whole file is one text: keywords belong to no command, but for the thermal bridges.
+/// file does not give. Read and checked at the beginning of every run, which uses none of them:
+/// they are for later stages of the chain. Read once, at construction, into plain fields named as
+/// their keywords ("-" as "_"). The whole file is one text: keywords belong to no command, but for
+/// the thermal bridges.
 ///
 /// A keyword that is absent leaves its field at the value given here. Units and meaning belong to
 /// the stages that consume the fields.
 ///
-/// Errors: an unreadable file, and what LeerBDL reports of values, lists and commands.
+/// Errors: what LeerBDL reports of values, lists and commands.
 class ValoresPorDefecto {
  public:
   static constexpr std::size_t kLargoTexto = 200;       // bytes of a text, NUL included
@@ -29,8 +32,8 @@ class ValoresPorDefecto {
     std::string PARTITION = "BOTH";
   };
 
-  /// Reads the file `ruta`.
-  explicit ValoresPorDefecto(const std::string& ruta);
+  /// Reads the whole of `fuente`.
+  explicit ValoresPorDefecto(const SourceText& fuente);
   virtual ~ValoresPorDefecto() = default;
 
   float LONGITUD_DE_REFERENCIA = 15.0F;
@@ -145,9 +148,9 @@ class ValoresPorDefecto {
   float H_CR = 0;
 
  private:
-  void leerGenerales(const LeerBDL& modelo);
-  void leerParticiones(const LeerBDL& modelo);
+  void leerGenerales(LeerBDL& modelo);
+  void leerParticiones(LeerBDL& modelo);
   void leerPuentesTermicos(LeerBDL& modelo);
-  void leerNoHabitables(const LeerBDL& modelo);
-  void leerPersianas(const LeerBDL& modelo);
+  void leerNoHabitables(LeerBDL& modelo);
+  void leerPersianas(LeerBDL& modelo);
 };

@@ -24,21 +24,21 @@ void Global2::reemplazarCaracter(std::string& cadena, char de, char por) {
 }
 
 void Global2::cambiarExtension(std::string& ruta, std::string_view extension) {
-  constexpr std::size_t kOldExtension = 3;  // the length that the rule counts on
-  const std::size_t length = ruta.size();
+  constexpr std::size_t kCounted = 3;  // characters that the rule takes the old extension to have
   const std::size_t dot = ruta.rfind('.');
+  const bool withoutDot = extension.size() == kCounted;  // "tbl"; any other brings its own: ".dat"
   if (dot == std::string::npos) {
-    if (extension.size() == kOldExtension) ruta += '.';
+    if (withoutDot) ruta += '.';
     ruta += extension;
     return;
   }
-  const bool dotStays = extension.size() == kOldExtension;
-  const std::size_t start = dotStays ? dot + 1 : dot;
+  // The new characters go over the old ones; then the path is cut where it would end if the old
+  // extension had had its three.
+  const std::size_t length = ruta.size();
+  ruta.replace(withoutDot ? dot + 1 : dot, extension.size(), extension);
   const std::size_t grown = length + extension.size();
-  const std::size_t end = dotStays ? length : grown - std::min(grown, kOldExtension + 1);
-  ruta.resize(std::max(length, start + extension.size()));
-  ruta.replace(start, extension.size(), extension);
-  ruta.resize(std::min(end, ruta.size()));
+  const std::size_t end = grown > kCounted + 1 ? grown - (kCounted + 1) : 0;
+  ruta.resize(std::min(ruta.size(), withoutDot ? length : end));
 }
 
 void Global2::traza(std::string_view /*cadena*/) {}

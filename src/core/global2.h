@@ -5,9 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// The process-wide utility object: owns the Error.log stream, carries a few physical constants
-/// and offers the small text operations of the readers and the run driver. One a run, created
-/// before any input is read and reached through `ErrorLog`.
+/// The utility object of a run: owns the Error.log stream and offers the small text operations of
+/// the readers and the run driver. Created before any input is read and reached through `ErrorLog`.
 class Global2 {
  public:
   /// Opens `ruta` for writing: created or emptied. A file that cannot be opened leaves `log` null
@@ -35,8 +34,11 @@ class Global2 {
   /// Takes a name and does nothing with it; the defaults library passes its names here.
   static void traza(std::string_view cadena);
 
-  char abierto = 1;
-  std::FILE* log;
+  std::FILE* log;  // null where it could not be opened
+
+  // State that nothing reads, or nothing fills: it belongs to the unit's life, and nothing depends
+  // on it but what is said here.
+  char abierto = 1;          // 1: the destructor closes the log
   std::string tipoEdificio;  // compared with "OBJETO" by ReportError; nothing fills it
   float tolerancia = 0.01F;
   std::array<char, 48> buffer1{};

@@ -6,7 +6,7 @@
 #include "core/paths.h"
 
 namespace {
-PathTable* thePathTable = nullptr;
+constinit thread_local PathTable* thePathTable = nullptr;
 }
 
 PathTable& PathTable::Instance() {

@@ -3,8 +3,9 @@
 #include <string>
 #include <string_view>
 
-/// The process-wide table of working folders under fourteen fixed keys ("Exe", "Dat", "Lib",
-/// "Tmp", ...). The run driver fills four of them; nothing reads them back.
+/// The table of working folders under fourteen fixed keys ("Exe", "Dat", "Lib", "Tmp", ...), one a
+/// thread. State that nothing reads: the run driver fills four of them because that is part of a
+/// run, and nothing depends on it.
 class PathTable {
  public:
   /// The table, created with all folders empty on the first call.

@@ -1,3 +1,3 @@
 #include "core/platform.h"
 
-TApplication* Application = nullptr;
+constinit thread_local TApplication* Application = nullptr;

@@ -3,6 +3,8 @@
 #include <cstdlib>
 #include <string_view>
 
+#include "core/fault.h"
+
 /// The seam to the desktop: what the generation needs of a screen and of the process, and nothing
 /// more. Each program brings its own implementation (widgets, a terminal), and so do the tests.
 
@@ -26,16 +28,23 @@ class TApplication {
   /// Both are plain text; bytes as cp1252::toUtf8 reads them.
   virtual void MessageBox(std::string_view text, std::string_view caption) = 0;
 
-  /// Ends the process with `status`. Nothing is unwound: open files stay as the exit leaves them.
+  /// Shows what ends the run. A desktop shows the message alone; who has more room, or hands faults
+  /// on to others, makes use of the place.
+  virtual void ShowFault(const Fault& fault) { MessageBox(fault.message, kErrorCaption); }
+
+  /// Ends the run with `status`. In a program that is one run, it ends the process: nothing is
+  /// unwound, open files stay as the exit leaves them. Where many runs share a process it throws
+  /// (see run_ended.h).
   [[noreturn]] void Terminate(int status) {
     endProcess(status);
     std::abort();  // for an implementation that forgot to leave
   }
 
  private:
-  /// Leaves for good: exits, or throws in a test.
+  /// Leaves for good: exits or throws.
   virtual void endProcess(int status) = 0;
 };
 
-/// The running program's application. Set by its entry before anything else, never owned here.
-extern TApplication* Application;
+/// The application of the run that this thread is working on. Set before anything else, by a
+/// program's entry or by whoever starts a run in a thread; never owned here.
+extern constinit thread_local TApplication* Application;

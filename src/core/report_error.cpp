@@ -5,15 +5,19 @@
 #include "core/global2.h"
 #include "core/platform.h"
 
-Global2* ErrorLog = nullptr;
+constinit thread_local Global2* ErrorLog = nullptr;
 
-void ReportFailure(Global2* log, std::string_view message) {
-  Application->MessageBox(message, kErrorCaption);
+void ReportFailure(Global2* log, const Fault& fault) {
+  Application->ShowFault(fault);
   if (log != nullptr) {
-    if (log->tipoEdificio == "OBJETO") log->escribir(message);
+    if (log->tipoEdificio == "OBJETO") log->escribir(fault.message);
     log->cerrar();
   }
   Application->Terminate(kExitError);
+}
+
+void ReportFailure(Global2* log, std::string_view message) {
+  ReportFailure(log, Fault{std::string(message), {}});
 }
 
 std::string errorInFile(std::string_view name, long line, std::string_view what) {
@@ -23,7 +27,7 @@ std::string errorInFile(std::string_view name, long line, std::string_view what)
 }
 
 namespace {
-ErrorObject* theErrorObject = nullptr;
+constinit thread_local ErrorObject* theErrorObject = nullptr;
 }
 
 ErrorObject& ErrorObject::Instance() {

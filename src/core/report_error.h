@@ -3,21 +3,24 @@
 #include <string>
 #include <string_view>
 
+#include "core/fault.h"
+
 class Global2;
 
-/// The one way to fail. Nothing is returned upwards and nothing is caught: the first check whose
-/// outcome is false shows its message and ends the process with kExitError.
+/// The one way to fail. Nothing is returned upwards: the first check whose outcome is false shows
+/// its message and ends the run with kExitError.
 
 inline constexpr int kExitError = 3;
-inline constexpr std::string_view kErrorCaption = "Se ha producido un error";
 
-/// The error-log channel of the run, the `Global2` opened on Error.log. Null before the run driver
-/// has created it and after it has deleted it; checks that fail then only show their message.
-extern Global2* ErrorLog;
+/// The error-log channel of the run that this thread is working on, the `Global2` opened on
+/// Error.log. Null before the run driver has created it and after it has deleted it; checks that
+/// fail then only show their message.
+extern constinit thread_local Global2* ErrorLog;
 
-/// Shows `message` in a modal box, writes it to the log when the log's `tipoEdificio` is "OBJETO"
-/// (which no run sets, so Error.log stays empty), closes the log and ends the process. For a
+/// Shows the fault's message in a modal box, writes it to the log when the log's `tipoEdificio` is
+/// "OBJETO" (which no run sets, so Error.log stays empty), closes the log and ends the run. For a
 /// message that is only built once the check has failed.
+[[noreturn]] void ReportFailure(Global2* log, const Fault& fault);
 [[noreturn]] void ReportFailure(Global2* log, std::string_view message);
 
 /// Returns when `ok`; otherwise reports the failure.
@@ -29,8 +32,8 @@ inline void ReportError(Global2* log, bool ok, std::string_view message) {
 /// that breaks a limit or is malformed. Lines count from 1; 0 leaves the line out.
 std::string errorInFile(std::string_view name, long line, std::string_view what);
 
-/// The `Error` unit's singleton. Its value is 0 and stays so; the run driver creates and releases
-/// it because the unit's life is part of a run.
+/// The `Error` unit's singleton. State that nothing reads: its value is 0 and stays so; the run
+/// driver creates and releases it because the unit's life is part of a run. One a thread.
 class ErrorObject {
  public:
   static ErrorObject& Instance();

@@ -36,8 +36,6 @@ void emitConstruction(GeneratorContext& context, int orientationClass,
 
   context.writeCurrentLine();
   context.writeKeyword("CONSTRUCTION", constructionFor(context.typology(), orientationClass, kind));
-  LineMatch match;
-  while (context.findNextKey(names, match) && match.index != kEnd) {
-  }
+  context.dropKeysUntil(kEnd, names);
   context.writeLine("..");
 }

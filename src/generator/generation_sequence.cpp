@@ -1,10 +1,8 @@
 #include "generator/generation_sequence.h"
 
 #include <algorithm>
-#include <memory>
+#include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 #include "core/cp1252.h"
 #include "core/platform.h"
@@ -19,33 +17,6 @@ namespace {
 
 bool contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
-}
-
-void sumSurfaces(GeneratorContext& context) {
-  const TableFile& table = context.table();
-  context.meanSurfaceValue = 0;
-  context.wallAreaByOrientation.fill(0);
-  context.windowAreaByOrientation.fill(0);
-  context.kind2Area = 0;
-  context.kindMinus2Area = 0;
-  for (const Surface& surface : table.surfaces) {
-    context.meanSurfaceValue += surface.value * surface.area;
-    if (surface.kind == 2) {
-      context.kind2Area += surface.area;
-      continue;
-    }
-    if (surface.kind == -2) {
-      context.kindMinus2Area += surface.area;
-      continue;
-    }
-    const int orientation = classifyOrientation(surface.azimuth, surface.tilt);
-    if (orientation < 0) continue;
-    const auto sector = static_cast<std::size_t>(orientation);
-    if (surface.kind == 1) context.windowAreaByOrientation[sector] += surface.area;
-    if (surface.kind == 0) context.wallAreaByOrientation[sector] += surface.area;
-  }
-  context.meanSurfaceValue =
-      table.zoneAreaSum != 0 ? context.meanSurfaceValue / table.zoneAreaSum : 0;
 }
 
 void writeHeader(GeneratorContext& context) {
@@ -95,41 +66,32 @@ bool isSurfaceCommand(std::string_view line) {
   return std::ranges::any_of(kTypes, [&](std::string_view type) { return contains(line, type); });
 }
 
-void rewriteSurface(GeneratorContext& context, int index) {
+void rewriteSurface(GeneratorContext& context, const Plan& plan, int index) {
   if (!isSurfaceCommand(context.currentLine())) {
     context.writeCurrentLine();
     return;
   }
-  const Surface& surface = context.table().surfaces[static_cast<std::size_t>(index)];
+  const Surface& surface = context.plantilla().table().surfaces[static_cast<std::size_t>(index)];
   const int orientation = classifyOrientation(surface.azimuth, surface.tilt);
   if (surface.kind < 1) {
     emitConstruction(context, orientation, surface.name, surface.kind);
   } else {
-    emitWindow(context, orientation, index, contains(surface.name, "Med"));
+    emitWindow(context, plan, orientation, index, contains(surface.name, "Med"));
   }
 }
 
 /// Copies the template to its end with its floors, spaces and listed surfaces rewritten.
-void rewriteCommands(GeneratorContext& context, TProgressBar& progressBar) {
-  const std::vector<Surface>& surfaces = context.table().surfaces;
-  const int spaceEntry = static_cast<int>(surfaces.size());
-  const int floorEntry = spaceEntry + 1;
-  std::vector<std::string_view> entries;
-  entries.reserve(surfaces.size() + 2);
-  for (const Surface& surface : surfaces) entries.push_back(surface.name);
-  entries.push_back(" SPACE ");
-  entries.push_back(" FLOOR ");
-  const NameList names(std::move(entries));
-
-  const int step = std::max(150 / (spaceEntry + 1), 1);
+void rewriteCommands(GeneratorContext& context, const Plan& plan, TProgressBar& progressBar) {
+  const Template& plantilla = context.plantilla();
+  const int step = std::max(150 / (plantilla.spaceEntry() + 1), 1);
   LineMatch match;
-  while (context.findNextKey(names, match)) {
-    if (match.index == floorEntry) {
+  while (context.findNextKey(plantilla.commandNames(), match)) {
+    if (match.index == plantilla.floorEntry()) {
       context.rewriteFloor();
-    } else if (match.index == spaceEntry) {
+    } else if (match.index == plantilla.spaceEntry()) {
       context.rewriteSpace();
     } else {
-      rewriteSurface(context, match.index);
+      rewriteSurface(context, plan, match.index);
     }
     progressBar.SetPosition(progressBar.GetPosition() + step);
     Application->ProcessMessages();
@@ -138,18 +100,15 @@ void rewriteCommands(GeneratorContext& context, TProgressBar& progressBar) {
 
 }  // namespace
 
-void prepare(GeneratorContext& context, const std::string& tipPath) {
-  context.setTypology(std::make_unique<TypologyRecord>(tipPath));
-  sumSurfaces(context);
-}
-
-void generate(GeneratorContext& context, TProgressBar& progressBar) {
+void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
+              TProgressBar& progressBar) {
+  GeneratorContext context(plantilla, typology, output);
   writeHeader(context);
   writeCourtyardShades(context);
-  geometriaTipologia(context);
+  const Plan plan = geometriaTipologia(context);
   writeBuildingParameters(context);
-  rewriteCommands(context, progressBar);
+  rewriteCommands(context, plan, progressBar);
   context.copyRest();
-  context.writeLine(context.typology().textoTipologia);
+  context.writeLine(typology.textoTipologia());
   context.requireFiniteOutput();
 }

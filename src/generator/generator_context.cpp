@@ -1,12 +1,14 @@
 #include "generator/generator_context.h"
 
+#include <algorithm>
 #include <cmath>
+#include <variant>
 
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/numbers.h"
-#include "core/paths.h"
 #include "core/report_error.h"
+#include "typology/vivienda_keywords.h"
 
 namespace {
 
@@ -16,26 +18,35 @@ bool isAirChangeSchedule(std::string_view line) {
   return line.find("VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )") != std::string_view::npos;
 }
 
-std::string baseNameOf(const std::string& path) {
-  const std::string name = path.substr(folderOf(path).size());
-  return name.substr(0, name.rfind('.'));
+/// Where the first of the typology's numbers stands that is not finite, and comes into the output
+/// by itself or by what is computed from it.
+Place placeOfNotFinite(const TypologyRecord& typology) {
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
+    if (const auto* field = std::get_if<float TypologyRecord::*>(&keyword.field)) {
+      if (!std::isfinite(typology.*(*field))) return typology.placeOf(keyword.name);
+    } else if (const auto* list = std::get_if<PerFacade<float> TypologyRecord::*>(&keyword.field)) {
+      const auto isFinite = [](float value) { return std::isfinite(value); };
+      if (!std::ranges::all_of(typology.*(*list), isFinite)) return typology.placeOf(keyword.name);
+    }
+  }
+  return typology.placeOf({});
 }
 
 }  // namespace
 
-GeneratorContext::GeneratorContext(const std::string& templatePath, const std::string& tablePath,
-                                   const std::string& outputPath)
-    : template_(templatePath, "lectura"),
-      tableFile_(tablePath, "lectura"),
-      output_(outputPath, "escritura"),
-      table_(readTableFile(tableFile_)),
-      templateBaseName_(baseNameOf(templatePath)) {
-  output_.expectBytes(template_.bytes().size());  // few templates have more computed than copied
+GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyRecord& typology,
+                                   OutputLines& output)
+    : template_(plantilla),
+      typology_(typology),
+      output_(output),
+      reader_(plantilla.building().bytes()) {
+  // Few templates have more computed than copied.
+  output_.expectBytes(plantilla.building().bytes().size());
 }
 
 // The output holds as many lines as it holds; what comes after is lost, as ever.
 void GeneratorContext::writeLine(std::string_view text) { output_.WriteLine(text); }
-void GeneratorContext::writeCurrentLine() { output_.CopyLine(template_); }
+void GeneratorContext::writeCurrentLine() { output_.CopyLine(reader_); }
 
 void GeneratorContext::writeKeyword(std::string_view keyword, std::string_view value) {
   output_.WriteLine("  ", keyword, " = ", value, " ");
@@ -59,26 +70,28 @@ std::string GeneratorContext::formatFinite(std::string_view keyword, float value
 
 void GeneratorContext::requireFiniteOutput() const {
   if (notFiniteKeyword_.empty()) return;
-  ReportFailure(ErrorLog, errorInFile(typology().ruta, 0,
-                                      concat("el valor de ", notFiniteKeyword_,
-                                             " en la salida no es un número finito: "_cp1252,
-                                             formatReal(notFiniteValue_))));
+  const std::string what =
+      concat("el valor de ", notFiniteKeyword_, " en la salida no es un número finito: "_cp1252,
+             formatReal(notFiniteValue_));
+  ReportFailure(ErrorLog,
+                {errorInFile(typology_.fuente().name(), 0, what), placeOfNotFinite(typology_)});
 }
 
-void GeneratorContext::failAtLine(long number, std::string_view what) const {
-  ReportFailure(ErrorLog, errorInFile(template_.name(), number, what));
+void GeneratorContext::failAtLine(long number, Span span, std::string_view what) const {
+  const SourceText& building = template_.building();
+  ReportFailure(ErrorLog, {errorInFile(building.name(), number, what), building.placeOf(span)});
 }
 
 bool GeneratorContext::readTemplateLine() {
-  if (!template_.ReadLine(currentLine_)) return false;
+  if (!reader_.ReadLine(currentLine_)) return false;
   if (currentLine_.size() > kLongestLine) {
-    failAtLine(currentLineNumber(), "la línea es demasiado larga"_cp1252);
+    failAtLine(currentLineNumber(), currentSpan(), "la línea es demasiado larga"_cp1252);
   }
   return true;
 }
 
 bool GeneratorContext::findNextKey(const NameList& names, LineMatch& match) {
-  const bool rewritesSchedules = typology().airChangesHr > 0;
+  const bool rewritesSchedules = typology_.airChangesHr > 0;
   while (readTemplateLine()) {
     if (findKey(currentLine_, names, match)) return true;
     if (rewritesSchedules && isAirChangeSchedule(currentLine_)) {
@@ -91,7 +104,7 @@ bool GeneratorContext::findNextKey(const NameList& names, LineMatch& match) {
 }
 
 void GeneratorContext::writeSchedule() {
-  const std::string hourly = formatFinite("VALUES", 4.0F / typology().airChangesHr);
+  const std::string hourly = formatFinite("VALUES", 4.0F / typology_.airChangesHr);
   std::string line = " VALUES = ( ";
   for (int i = 0; i < 8; ++i) line.append(hourly).append(", ");
   writeLine(line.append("1 ) "));
@@ -103,7 +116,8 @@ void GeneratorContext::copyUntilCommand(std::string_view type) {
     writeCurrentLine();
   }
   ReportFailure(ErrorLog,
-                concat("Error al generar el edificio. No se ha encontrado la clave: ", type));
+                {concat("Error al generar el edificio. No se ha encontrado la clave: ", type),
+                 template_.building().lastLine()});
 }
 
 void GeneratorContext::skipUntilKey(const NameList& names) {

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <array>
 #include <cstddef>
-#include <memory>
 #include <string>
 #include <string_view>
 
-#include "core/fichero.h"
+#include "core/line_reader.h"
+#include "core/output_lines.h"
 #include "generator/name_list.h"
-#include "generator/table_file.h"
+#include "generator/template.h"
 #include "typology/typology_record.h"
 
 /// The generator's state: a stream editor over the template. It reads the template strictly
@@ -16,24 +15,25 @@
 /// writes computed ones instead. An operation that stops on a line leaves it in the current line,
 /// unwritten, for its caller to replace or write.
 ///
-/// One run, one context: construct, `prepare`, `generate`, destroy, which writes the output.
+/// One run, one context. What it is made of must outlive it, and the template the output too.
 class GeneratorContext {
  public:
   /// Bytes of the longest template line.
   static constexpr std::size_t kLongestLine = 3000;
 
-  /// Reads the template (*.bdl) and the table file (*.tbl) whole, opens the output, which empties
-  /// it, and then interprets the table; an output that is the template itself is fine.
-  GeneratorContext(const std::string& templatePath, const std::string& tablePath,
-                   const std::string& outputPath);
+  GeneratorContext(const Template& plantilla, const TypologyRecord& typology, OutputLines& output);
   virtual ~GeneratorContext() = default;
+
+  const Template& plantilla() const { return template_; }
+  const TypologyRecord& typology() const { return typology_; }
 
   /// The template line last read; a view into the template.
   std::string_view currentLine() const { return currentLine_; }
-  /// Its number, from 1.
-  long currentLineNumber() const { return template_.lineNumber(); }
-  /// Ends the run with a message about the template's line `number`.
-  [[noreturn]] void failAtLine(long number, std::string_view what) const;
+  /// Its number, from 1, and where it stands.
+  long currentLineNumber() const { return reader_.lineNumber(); }
+  Span currentSpan() const { return reader_.span(); }
+  /// Ends the run with a message about a line of the template.
+  [[noreturn]] void failAtLine(long number, Span span, std::string_view what) const;
 
   void writeLine(std::string_view text);
   /// The same for the current line, whose bytes are taken from the template at the end.
@@ -53,6 +53,13 @@ class GeneratorContext {
   /// `names`, which stays in the current line. False at the end of the template, with `match` as
   /// it was.
   bool findNextKey(const NameList& names, LineMatch& match);
+  /// The same until the line ".." that ends a command: what matches before it is dropped. `names`
+  /// holds the keywords to drop and, at the index `end`, "..". `seen` is shown each dropped line.
+  template <typename Seen>
+  void dropKeysUntil(int end, const NameList& names, const Seen& seen);
+  void dropKeysUntil(int end, const NameList& names) {
+    dropKeysUntil(end, names, [](const LineMatch&) {});
+  }
   /// Copies template lines up to the header of the next command of `type`, which stays in the
   /// current line. The run ends when there is none.
   void copyUntilCommand(std::string_view type);
@@ -65,32 +72,21 @@ class GeneratorContext {
   void rewriteFloor();
   void rewriteSpace();
 
-  const TableFile& table() const { return table_; }
-  const TypologyRecord& typology() const { return *typology_; }
-  TypologyRecord& typology() { return *typology_; }
-  void setTypology(std::unique_ptr<TypologyRecord> typology) { typology_ = std::move(typology); }
-
-  // Sums over the table's surfaces, computed by `prepare`. No later step reads them.
-  float meanSurfaceValue = 0;                    // per m2 of the flagged zones
-  std::array<float, 8> wallAreaByOrientation{};  // m2, index as kOrientationNames
-  std::array<float, 8> windowAreaByOrientation{};
-  float kind2Area = 0;
-  float kindMinus2Area = 0;
-
-  /// The template's file name without folder and extension.
-  const std::string& templateBaseName() const { return templateBaseName_; }
-
  private:
   bool readTemplateLine();
   void writeSchedule();
 
-  fichero template_;
-  fichero tableFile_;
-  fichero output_;
-  TableFile table_;
-  std::string templateBaseName_;
-  std::unique_ptr<TypologyRecord> typology_;
+  const Template& template_;
+  const TypologyRecord& typology_;
+  OutputLines& output_;
+  LineReader reader_;
   std::string_view currentLine_;
   std::string notFiniteKeyword_;  // the first keyword with a NaN or an infinity, and its value
   float notFiniteValue_ = 0;
 };
+
+template <typename Seen>
+void GeneratorContext::dropKeysUntil(int end, const NameList& names, const Seen& seen) {
+  LineMatch match;
+  while (findNextKey(names, match) && match.index != end) seen(match);
+}

@@ -19,9 +19,7 @@ void emitPolygon(GeneratorContext& context, std::span<const Vertex> vertices) {
   const NameList names(std::move(ends));
   const int end = static_cast<int>(vertices.size());
 
-  LineMatch match;
-  while (context.findNextKey(names, match) && match.index != end) {
-  }
+  context.dropKeysUntil(end, names);
   for (std::size_t k = 0; k < vertices.size(); ++k) {
     context.writeLine(concat(keys[k], " = ( ", context.formatFinite(keys[k], vertices[k].x), " , ",
                              context.formatFinite(keys[k], vertices[k].y), " )"));

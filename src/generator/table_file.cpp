@@ -3,43 +3,67 @@
 #include <string_view>
 
 #include "core/cp1252.h"
-#include "core/fichero.h"
+#include "core/line_reader.h"
 #include "core/numbers.h"
 #include "core/report_error.h"
+#include "core/source_text.h"
 
 namespace {
 
-void require(const fichero& file, bool ok, std::string_view what) {
-  if (!ok) ReportFailure(ErrorLog, errorInFile(file.name(), file.lineNumber(), what));
-}
+/// The lines of a table, and the one way in which they are wrong.
+class TableLines {
+ public:
+  explicit TableLines(const SourceText& text) : text_(text), reader_(text.bytes()) {}
 
-std::string_view readName(fichero& file) {
-  std::string_view line;
-  file.ReadLine(line);
-  require(file, line.size() < kTableNameCapacity, "el nombre es demasiado largo");
+  long count() const { return reader_.lineCount(); }
+  std::string_view next() {
+    std::string_view line;
+    reader_.ReadLine(line);
+    return line;
+  }
+  /// Ends the run unless `ok`: `what` is wrong with the line last handed out.
+  void require(bool ok, std::string_view what) const {
+    if (!ok) fail(reader_.lineNumber(), text_.placeOf(reader_.span()), what);
+  }
+  /// Ends the run unless the file has as many lines.
+  void requireLines(long long announced) const {
+    if (announced <= count()) return;
+    fail(count(), text_.lastLine(), "el fichero tiene menos líneas de las anunciadas"_cp1252);
+  }
+
+ private:
+  [[noreturn]] void fail(long line, const Place& place, std::string_view what) const {
+    ReportFailure(ErrorLog, {errorInFile(text_.name(), line, what), place});
+  }
+
+  const SourceText& text_;
+  LineReader reader_;
+};
+
+std::string_view readName(TableLines& lines) {
+  const std::string_view line = lines.next();
+  lines.require(line.size() < kTableNameCapacity, "el nombre es demasiado largo");
   return line;
 }
 
-Surface readSurface(fichero& file) {
+Surface readSurface(TableLines& lines) {
   Surface surface;
-  surface.name = readName(file);
-  std::string_view line;
-  file.ReadLine(line);
+  surface.name = readName(lines);
+  std::string_view line = lines.next();
   const bool complete = scanReal(line, surface.area) && scanReal(line, surface.column2) &&
                         scanReal(line, surface.value) && scanReal(line, surface.column4) &&
                         scanReal(line, surface.column5) && scanReal(line, surface.azimuth) &&
                         scanReal(line, surface.tilt) && scanInteger(line, surface.kind);
-  require(file, complete,
-          "los datos de una superficie deben ser siete números reales y su clase"_cp1252);
+  lines.require(complete,
+                "los datos de una superficie deben ser siete números reales y su clase"_cp1252);
   if (scanInteger(line, surface.pair[0])) scanInteger(line, surface.pair[1]);
   return surface;
 }
 
-Zone readZone(fichero& file) {
+Zone readZone(TableLines& lines) {
   Zone zone;
-  zone.name = readName(file);
-  std::string_view line;
-  file.ReadLine(line);
+  zone.name = readName(lines);
+  std::string_view line = lines.next();
   if (scanInteger(line, zone.number) && scanInteger(line, zone.flag) && scanReal(line, zone.area)) {
     scanReal(line, zone.value);
   }
@@ -48,32 +72,25 @@ Zone readZone(fichero& file) {
 
 }  // namespace
 
-TableFile readTableFile(fichero& file) {
-  constexpr long kHeaderLines = 3;
-  const long lines = file.lineCount();
-  const auto requireLines = [&](long long announced) {
-    if (announced <= lines) return;
-    ReportFailure(ErrorLog, errorInFile(file.name(), lines,
-                                        "el fichero tiene menos líneas de las anunciadas"_cp1252));
-  };
-
+TableFile readTableFile(const SourceText& text) {
+  constexpr int kHeaderLines = 3;
+  TableLines lines(text);
   std::string_view line;
-  requireLines(kHeaderLines);
-  for (long i = 0; i < kHeaderLines; ++i) file.ReadLine(line);
+  lines.requireLines(kHeaderLines);
+  for (int i = 0; i < kHeaderLines; ++i) line = lines.next();
   int surfaceCount = -1;
   int zoneCount = -1;
-  require(file,
-          scanInteger(line, surfaceCount) && scanInteger(line, zoneCount) && surfaceCount >= 0 &&
-              zoneCount >= 0,
-          "debe contener el número de superficies y el de zonas"_cp1252);
-  requireLines(kHeaderLines + 2LL * surfaceCount + 2LL * zoneCount);
+  const bool counted = scanInteger(line, surfaceCount) && scanInteger(line, zoneCount);
+  lines.require(counted && surfaceCount >= 0 && zoneCount >= 0,
+                "debe contener el número de superficies y el de zonas"_cp1252);
+  lines.requireLines(kHeaderLines + 2LL * surfaceCount + 2LL * zoneCount);
 
   TableFile table;
   table.surfaces.reserve(static_cast<std::size_t>(surfaceCount));
-  for (int i = 0; i < surfaceCount; ++i) table.surfaces.push_back(readSurface(file));
+  for (int i = 0; i < surfaceCount; ++i) table.surfaces.push_back(readSurface(lines));
   table.zones.reserve(static_cast<std::size_t>(zoneCount));
   for (int i = 0; i < zoneCount; ++i) {
-    const Zone& zone = table.zones.emplace_back(readZone(file));
+    const Zone& zone = table.zones.emplace_back(readZone(lines));
     if (zone.flag != 0) {
       table.zoneMean += zone.value * zone.area;
       table.zoneAreaSum += zone.area;

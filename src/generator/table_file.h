@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-class fichero;
+class SourceText;
 
 /// One surface of the template. The name is the whole line of the file, double quotes and blanks
 /// included, a view into it; it is trimmed when template lines are compared with it.
@@ -31,7 +31,7 @@ struct Zone {
 };
 
 /// The contents of a table file (*.tbl): the template's surfaces and zones, in file order. Names
-/// live as long as the file that they were read from.
+/// live as long as the text that they were read from.
 struct TableFile {
   std::vector<Surface> surfaces;
   std::vector<Zone> zones;
@@ -47,4 +47,4 @@ inline constexpr std::size_t kTableNameCapacity = 200;
 /// surface and a zone. Errors end the run with the line's number: counts that are missing or
 /// negative, fewer lines than they announce, an overlong name, a surface without its seven reals
 /// and its kind. The pair and a zone's numbers may be missing and are then 0.
-TableFile readTableFile(fichero& file);
+TableFile readTableFile(const SourceText& text);

@@ -1,11 +1,10 @@
 #include "generator/typology_geometry.h"
 
+#include <utility>
+
 #include "core/report_error.h"
 #include "generator/generator_context.h"
 #include "generator/polygon_emitter.h"
-#include "plan/plan.h"
-
-namespace {
 
 PlanData planDataOf(const TypologyRecord& typology) {
   return {.tipo = typology.tipo,
@@ -17,18 +16,34 @@ PlanData planDataOf(const TypologyRecord& typology) {
           .profundidadEscalera = typology.profundidadEscalera};
 }
 
-}  // namespace
-
-void geometriaTipologia(GeneratorContext& context) {
-  TypologyRecord& typology = context.typology();
-  const PlanResult result = planTipologia(planDataOf(typology));
-  if (const auto* failure = std::get_if<PlanFailure>(&result)) {
-    ReportFailure(ErrorLog, failure->first().message);
+std::string_view nameOf(PlanKeyword keyword) {
+  switch (keyword) {
+    case PlanKeyword::kTipo:
+      return "TIPO";
+    case PlanKeyword::kAreaPlanta:
+      return "AREA-PLANTA";
+    case PlanKeyword::kAreaPatio:
+      return "AREA-PATIO";
+    case PlanKeyword::kAreaEscalera:
+      return "AREA-ESCALERA";
+    case PlanKeyword::kLongitudFachada:
+      return "LONGITUD-FACHADA";
+    case PlanKeyword::kProfundidadPatio:
+      return "PROFUNDIDAD-PATIO";
+    case PlanKeyword::kProfundidadEscalera:
+      return "PROFUNDIDAD-ESCALERA";
   }
-  const Plan& plan = std::get<Plan>(result);
-  typology.numHuecosFachada = plan.numHuecosFachada;
-  typology.numHuecosPatio = plan.numHuecosPatio;
-  typology.superficieFachada = plan.superficieFachada;
-  typology.superficiePatio = plan.superficiePatio;
+  return {};
+}
+
+Plan geometriaTipologia(GeneratorContext& context) {
+  const TypologyRecord& typology = context.typology();
+  PlanResult result = planTipologia(planDataOf(typology));
+  if (const auto* failure = std::get_if<PlanFailure>(&result)) {
+    const PlanFault& fault = failure->first();
+    ReportFailure(ErrorLog, {fault.message, typology.placeOf(nameOf(fault.keywords.front()))});
+  }
+  Plan plan = std::get<Plan>(std::move(result));
   for (const Outline& outline : plan.outlines) emitPolygon(context, outline.vertices);
+  return plan;
 }

@@ -1,8 +1,17 @@
 #pragma once
 
-class GeneratorContext;
+#include "plan/plan.h"
 
-/// Draws the plan of the context's typology: checks its plan numbers (the first failing check ends
-/// the run, before anything is written), fills the record's four per-façade arrays and writes the
-/// outlines into the template's next POLYGON commands.
-void geometriaTipologia(GeneratorContext& context);
+class GeneratorContext;
+struct TypologyRecord;
+
+/// The plan numbers of a typology.
+PlanData planDataOf(const TypologyRecord& typology);
+
+/// The keyword of VIVIENDA that a plan number is the value of.
+std::string_view nameOf(PlanKeyword keyword);
+
+/// Draws the plan of the context's typology, writes its outlines into the template's next POLYGON
+/// commands and gives it to those who need its bays. The first limit that it breaks ends the run
+/// before anything is written.
+Plan geometriaTipologia(GeneratorContext& context);

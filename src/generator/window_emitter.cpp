@@ -7,6 +7,7 @@
 #include "core/report_error.h"
 #include "generator/generator_context.h"
 #include "generator/orientation.h"
+#include "plan/plan.h"
 
 namespace {
 
@@ -59,10 +60,9 @@ void dropWindow(GeneratorContext& context) {
 float copyForeignLines(GeneratorContext& context) {
   static const NameList names({std::begin(kWindowKeywords), std::end(kWindowKeywords)});
   float templateHeight = 0;
-  LineMatch match;
-  while (context.findNextKey(names, match) && match.index != kEnd) {
-    if (match.height > 0) templateHeight = match.height;
-  }
+  context.dropKeysUntil(kEnd, names, [&](const LineMatch& line) {
+    if (line.height > 0) templateHeight = line.height;
+  });
   return templateHeight;
 }
 
@@ -102,9 +102,14 @@ WindowSize sizeWindow(float percentage, float bayArea, float templateHeight) {
   return size;
 }
 
-void emitWindow(GeneratorContext& context, int orientationClass, int surfaceIndex, bool courtyard) {
-  ReportError(ErrorLog, orientationClass >= 0,
-              "La versión actual del ZELTA no contempla ventanas en cubiertas o suelos"_cp1252);
+void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClass, int surfaceIndex,
+                bool courtyard) {
+  if (orientationClass < 0) {
+    ReportFailure(ErrorLog,
+                  {std::string("La versión actual del ZELTA no contempla ventanas en cubiertas o "
+                               "suelos"_cp1252),
+                   context.plantilla().building().placeOf(context.currentSpan())});
+  }
   const TypologyRecord& typology = context.typology();
   const Facade facade = facadeIndex(orientationClass);
   const float glazing =
@@ -115,22 +120,22 @@ void emitWindow(GeneratorContext& context, int orientationClass, int surfaceInde
   }
 
   const long headerNumber = context.currentLineNumber();
+  const Span header = context.currentSpan();
   context.writeCurrentLine();
   const float templateHeight = copyForeignLines(context);
   context.writeKeyword("GLASS-TYPE", typology.ventanaVidrio);
 
   // Kept on purpose: a street window as tall as the storey takes the courtyard's data.
   const bool streetSide = !courtyard && templateHeight < kBayHeight;
-  const Bays bays =
-      streetSide ? Bays{typology.superficieFachada[facade], typology.numHuecosFachada[facade],
-                        typology.porcentajeFachada[facade]}
-                 : Bays{typology.superficiePatio[facade], typology.numHuecosPatio[facade],
-                        typology.porcentajePatio[facade]};
+  const Bays bays = streetSide ? Bays{plan.superficieFachada[facade], plan.numHuecosFachada[facade],
+                                      typology.porcentajeFachada[facade]}
+                               : Bays{plan.superficiePatio[facade], plan.numHuecosPatio[facade],
+                                      typology.porcentajePatio[facade]};
   if (bays.count == 0) {
     const std::string_view name =
-        context.table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
+        context.plantilla().table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
     context.failAtLine(
-        headerNumber,
+        headerNumber, header,
         concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, facadeName(facade),
                streetSide ? "" : " del patio", ", que no tiene huecos en esta tipología"_cp1252));
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 class GeneratorContext;
+struct Plan;
 
 /// Size and place of a window in its bay, m.
 struct WindowSize {
@@ -16,9 +17,9 @@ struct WindowSize {
 /// throughout.
 WindowSize sizeWindow(float percentage, float bayArea, float templateHeight);
 
-/// Rewrites a WINDOW command, or removes it where its façade has no glazing. Called with the
-/// header in the current line. `surfaceIndex` is its row in the table; `courtyard` says that the
-/// window looks into the courtyard.
-/// Errors: a window in a roof or floor; a façade without bays, with the number of the header's
-/// line.
-void emitWindow(GeneratorContext& context, int orientationClass, int surfaceIndex, bool courtyard);
+/// Rewrites a WINDOW command, sized for the bays of `plan`, or removes it where its façade has no
+/// glazing. Called with the header in the current line. `surfaceIndex` is its row in the table;
+/// `courtyard` says that the window looks into the courtyard. Errors: a window in a roof or floor;
+/// a façade without bays, with the number of the header's line.
+void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClass, int surfaceIndex,
+                bool courtyard);

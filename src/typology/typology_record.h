@@ -1,21 +1,22 @@
 #pragma once
 
+#include <memory>
 #include <string>
+#include <string_view>
 
+#include "core/source_text.h"
 #include "typology/facade.h"
 
 /// The dwelling block that a typology file (*.tip) describes: the checked values of its VIVIENDA
-/// command, and the texts that are written into the generated building as they are. A record that
-/// exists has passed every check; the first one that fails ends the run.
+/// command (see vivienda_keywords.h), and the texts that are written into the generated building as
+/// they are. A record that exists has passed every check; the first one that fails ends the run.
 ///
 /// Names of constructions and glass keep the double quotes of the file, since they are written back
 /// with them. Lengths in m, areas in m2, angles in degrees.
 struct TypologyRecord {
-  /// Reads and checks the file `ruta`.
-  explicit TypologyRecord(const std::string& ruta);
+  /// Reads and checks the text of a typology file.
+  explicit TypologyRecord(SourceText tip);
   virtual ~TypologyRecord() = default;
-
-  std::string ruta;  // the file, for messages
 
   int tipo = 0;
   int numeroPlantas = 0;
@@ -32,12 +33,6 @@ struct TypologyRecord {
   std::string atico = "NO";
   std::string sotano = "NO";
 
-  // Filled by the plan geometry, read by the window emitter.
-  PerFacade<int> numHuecosFachada{};     // window bays, street side
-  PerFacade<int> numHuecosPatio{};       // window bays, courtyard and stair-well side
-  PerFacade<float> superficieFachada{};  // m2, wall that the street bays share, all storeys
-  PerFacade<float> superficiePatio{};    // m2, wall that the courtyard bays share
-
   PerFacade<float> porcentajeFachada{};  // glazing, percent of the wall
   PerFacade<float> porcentajePatio{};
   float orientacion = 0;  // degrees
@@ -52,10 +47,19 @@ struct TypologyRecord {
   std::string ventanaMarco;   // empty: none
   std::string ventanaSombra;  // empty: none
 
-  std::string textoTipologia;      // the file, byte for byte
   std::string textoMarco;          // the NAME-FRAME command that ventanaMarco names, or empty
   std::string textoSombra;         // the VENTANA-SOMBRA command that ventanaSombra names, or empty
   std::string textoPosicionSolar;  // the SOLAR-POSITION command, or empty
 
   float airChangesHr = 1.0F;  // air changes per hour
+
+  /// The file, byte for byte.
+  std::string_view textoTipologia() const { return fuente_->bytes(); }
+  const SourceText& fuente() const { return *fuente_; }
+  /// Where the value of a keyword of VIVIENDA stands, searched for as it was read; the command's
+  /// type word where the file does not give the keyword.
+  Place placeOf(std::string_view keyword) const;
+
+ private:
+  std::shared_ptr<const SourceText> fuente_;
 };

@@ -3,40 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <string>
 
-#include "app/completion_marker.h"
+#include "app/run_generation_fixture.h"
 #include "core/path_table.h"
 #include "core/report_error.h"
-#include "support/minimal_building.h"
-#include "support/recording_application.h"
-#include "support/temporary_folder.h"
-
-namespace {
-
-class NoBar : public TProgressBar {
- public:
-  int GetPosition() const override { return position_; }
-  void SetPosition(int position) override { position_ = position; }
-
- private:
-  int position_ = 0;
-};
-
-int run(const RunPaths& paths) {
-  NoBar bar;
-  return RunGeneration(bar, paths);
-}
-
-class RunGenerationTest : public testing::Test {
- protected:
-  std::string messageOf(const RunPaths& paths) {
-    return stopMessage([&] { run(paths); });
-  }
-  TemporaryFolder folder_;
-  MinimalBuilding building_{folder_};
-};
-
-}  // namespace
 
 TEST_F(RunGenerationTest, ReturnsOneAndWritesTheBuilding) {
   EXPECT_EQ(1, run(building_.as<RunPaths>()));
@@ -56,6 +27,15 @@ TEST_F(RunGenerationTest, ReleasesWhatBelongsToTheRun) {
   PathTable::Release();
 }
 
+TEST_F(RunGenerationTest, ReleasesItWhenItIsStoppedToo) {
+  folder_.write("casa.tip", "");
+  messageOf(building_.as<RunPaths>());
+  EXPECT_EQ(nullptr, ErrorLog);
+  EXPECT_EQ("", PathTable::Instance().Get("Dat"));
+  PathTable::Release();
+  EXPECT_EQ(1, runAgain());
+}
+
 TEST_F(RunGenerationTest, MissingInputsAreReportedInTheirOrder) {
   const struct {
     const char* missing;
@@ -68,7 +48,9 @@ TEST_F(RunGenerationTest, MissingInputsAreReportedInTheirOrder) {
   };
   for (const auto& c : lastFirst) {
     std::filesystem::remove(folder_ / c.missing);
-    EXPECT_EQ(c.message, messageOf(building_.as<RunPaths>()));
+    const Fault fault = stopOf(building_.as<RunPaths>());
+    EXPECT_EQ(c.message, fault.message);
+    EXPECT_EQ(folder_ / c.missing, marked(fault.place));
   }
 }
 
@@ -160,15 +142,22 @@ TEST_F(RunGenerationTest, AnOutputThatIsTheTypologyHasEmptiedItBeforeItIsRead) {
   RunPaths paths = building_.as<RunPaths>();
   paths.outputFile = paths.typologyFile;
   EXPECT_EQ("En el fichero *.tip debe existir un COMMAND VIVIENDA", messageOf(paths));
+  EXPECT_EQ("", folder_.read("casa.tip"));
 }
 
-TEST_F(RunGenerationTest, AnOutputThatIsTheTemplateWorks) {
+TEST_F(RunGenerationTest, AnOutputThatIsAnInputReadBeforeItWorks) {
   run(building_.as<RunPaths>());
-  RunPaths paths = building_.as<RunPaths>();
-  paths.outputFile = paths.dataFile;
-  EXPECT_EQ(1, run(paths));
-  EXPECT_EQ(folder_.read("salida.bdl"), folder_.read("casa.bdl"));
+  for (const char* input : {"casa.bdl", "casa.tbl", "defectos.inp"}) {
+    SCOPED_TRACE(input);
+    const MinimalBuilding whole(folder_);
+    RunPaths paths = whole.as<RunPaths>();
+    paths.outputFile = folder_ / input;
+    EXPECT_EQ(1, run(paths));
+    EXPECT_EQ(folder_.read("salida.bdl"), folder_.read(input));
+  }
 }
+
+// A fault that is met before the output is opened leaves the one of an earlier run.
 
 TEST_F(RunGenerationTest, ATemplateWithCrLfGivesTheSameOutput) {
   run(building_.as<RunPaths>());
@@ -225,18 +214,4 @@ TEST_F(RunGenerationTest, AFaultyTypologyLeavesAnEmptyOutputAndNoMarker) {
   EXPECT_EQ("", folder_.read("salida.bdl"));
   EXPECT_EQ("", folder_.read("Error.log"));
   EXPECT_FALSE(folder_.has("fin.txt"));
-}
-
-TEST(CompletionMarker, IsAnEmptyFile) {
-  TemporaryFolder folder;
-  folder.write("fin.txt", "de antes");
-  createCompletionMarker(folder / "fin.txt");
-  EXPECT_EQ("", folder.read("fin.txt"));
-}
-
-TEST(CompletionMarker, ThatCannotBeCreatedIsAnError) {
-  EXPECT_EQ("Error al abrir fichero de escritura: /no/existe/fin.txt",
-            stopMessage([] { createCompletionMarker("/no/existe/fin.txt"); }));
-  EXPECT_EQ("Error al abrir fichero de escritura: ",
-            stopMessage([] { createCompletionMarker(""); }));
 }

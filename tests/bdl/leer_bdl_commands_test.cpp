@@ -153,7 +153,7 @@ TEST(ExtractCommand, EndsAtTheFirstTwoOfManyDots) {
 
 TEST(ExtractCommand, KnowsItsFile) {
   LoadedText file("\n\"M1\" = WALL ..");
-  EXPECT_EQ(file.path, LeerBDL(file.model, "WALL", "\"M1\"").ruta());
+  EXPECT_EQ(&file.model.fuente(), &LeerBDL(file.model, "WALL", "\"M1\"").fuente());
 }
 
 TEST(ExtractCommand, HasNoTextWhenThereIsNone) {
@@ -236,7 +236,7 @@ TEST(ExtractBlock, IsTheTextFromTheWordToTheClosingDots) {
   const LeerBDL block(file.model, "HOUSE", found);
   EXPECT_TRUE(found);
   EXPECT_EQ("HOUSE   TIPO = 1   ", textOf(block));
-  EXPECT_EQ(file.path, block.ruta());
+  EXPECT_EQ(&file.model.fuente(), &block.fuente());
 }
 
 TEST(ExtractBlock, BeginsAtTheFirstOccurrenceOfTheWordEvenInsideAnother) {

@@ -42,7 +42,7 @@ Words wordsIn(std::string_view text) {
 }
 
 void expectFault(std::string_view fault, std::string_view text) {
-  const LoadedText file(text);
+  LoadedText file(text);
   std::vector<std::string> words;
   EXPECT_EQ(file.message(fault),
             stopMessage([&] { file.model.leerListaCadenas("KEY", words, 100, 100); }));
@@ -95,14 +95,14 @@ TEST(LeerListaReales, AMissingKeywordIsMinus1AndLeavesTheDestination) {
 }
 
 TEST(LeerListaReales, MoreValuesThanThereIsRoomForEndTheRun) {
-  const LoadedText file("\nKEY = ( 1, 2, 3, 4, 5 )");
+  LoadedText file("\nKEY = ( 1, 2, 3, 4, 5 )");
   Reals read;
   EXPECT_EQ(file.message("KEY: la lista debe tener como máximo 4 valores"),
             stopMessage([&] { file.model.leerListaReales("KEY", read.values); }));
 }
 
 TEST(LeerListaReales, WithoutABracketTheRunEnds) {
-  const LoadedText file("\nKEY = 1, 2");
+  LoadedText file("\nKEY = 1, 2");
   Reals read;
   EXPECT_EQ(file.message("KEY: falta la lista de valores entre paréntesis"),
             stopMessage([&] { file.model.leerListaReales("KEY", read.values); }));

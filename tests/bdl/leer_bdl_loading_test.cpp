@@ -4,8 +4,6 @@
 
 #include "bdl/leer_bdl.h"
 #include "bdl/loaded_text.h"
-#include "support/recording_application.h"
-#include "support/temporary_folder.h"
 
 namespace {
 
@@ -38,23 +36,9 @@ TEST(LeerBDLLoading, TheWholeFileIsOneLine) {
   }
 }
 
-TEST(LeerBDLLoading, AFileThatCannotBeOpenedEndsTheRun) {
-  const TemporaryFolder folder;
-  const std::string path = folder / "no-existe.tip";
-  EXPECT_EQ("Error al abrir fichero de lectura: " + path,
-            stopMessage([&] { LeerBDL model(path); }));
-}
-
-TEST(LeerBDLLoading, ANulByteEndsTheRun) {
-  const TemporaryFolder folder;
-  const std::string path = folder.write("a.tip", std::string("a\nb\0c", 5));
-  EXPECT_EQ("Error en el fichero " + path + ", línea 2: contiene un carácter nulo",
-            stopMessage([&] { LeerBDL model(path); }));
-}
-
 TEST(LeerBDLLoading, KnowsItsFile) {
-  const LoadedText text("a");
-  EXPECT_EQ(text.path, text.model.ruta());
+  const SourceText source("obra/casa.tip", "a");
+  EXPECT_EQ(&source, &LeerBDL(source).fuente());
 }
 
 TEST(LeerBDLLoading, ALineHasNoLongestLength) {
@@ -63,21 +47,21 @@ TEST(LeerBDLLoading, ALineHasNoLongestLength) {
 }
 
 TEST(LeerBDLSearch, GivesThePositionFromTheStartOfTheText) {
-  const LoadedText text("0123 KEY 90 KEY");
+  LoadedText text("0123 KEY 90 KEY");
   EXPECT_EQ(5U, text.model.buscar("KEY", 0));
   EXPECT_EQ(5U, text.model.buscar("KEY", 5));
   EXPECT_EQ(12U, text.model.buscar("KEY", 6));
 }
 
 TEST(LeerBDLSearch, AnAbsentPatternIs0) {
-  const LoadedText text("0123 KEY");
+  LoadedText text("0123 KEY");
   EXPECT_EQ(0U, text.model.buscar("OTHER", 0));
   EXPECT_EQ(0U, text.model.buscar("KEY", 6));
   EXPECT_EQ(0U, text.model.buscar("KEY", 1000));
 }
 
 TEST(LeerBDLSearch, APatternAtTheVeryFirstCharacterIsNotFound) {
-  const LoadedText text("KEY = 1");
+  LoadedText text("KEY = 1");
   EXPECT_EQ(0U, text.model.buscar("KEY", 0));
   int value = -7;
   EXPECT_EQ(-1, text.model.leerEntero("KEY", value));
@@ -85,23 +69,23 @@ TEST(LeerBDLSearch, APatternAtTheVeryFirstCharacterIsNotFound) {
 }
 
 TEST(LeerBDLSearch, APatternAtTheVeryFirstCharacterHidesLaterOnes) {
-  const LoadedText text("KEY = 1 KEY = 2");
+  LoadedText text("KEY = 1 KEY = 2");
   int value = -7;
   EXPECT_EQ(-1, text.model.leerEntero("KEY", value));
 }
 
 TEST(LeerBDLSearch, TheSecondCharacterIsFound) {
-  const LoadedText text(" KEY = 1");
+  LoadedText text(" KEY = 1");
   EXPECT_EQ(1U, text.model.buscar("KEY", 0));
 }
 
 TEST(LeerBDLSearch, ALineEndInFrontPutsBlanksInFront) {
-  const LoadedText text("\nKEY = 1");
+  LoadedText text("\nKEY = 1");
   EXPECT_EQ(3U, text.model.buscar("KEY", 0));
 }
 
 TEST(LeerBDLSearch, KnowsNoWordBoundaries) {
-  const LoadedText text("x GROUND-REFLECTANCE = 0.2 GROUND-R = 0.5");
+  LoadedText text("x GROUND-REFLECTANCE = 0.2 GROUND-R = 0.5");
   EXPECT_EQ(2U, text.model.buscar("GROUND-R", 0));
   float value = 0;
   EXPECT_EQ(0, text.model.leerReal("GROUND-R", value));
@@ -130,9 +114,9 @@ TEST(LeerBDLSearch, IsCaseSensitive) {
 }
 
 TEST(LeerBDLSearch, OfAMissingPieceFindsNothing) {
-  const LoadedText text("x KEY = 1 ..");
+  LoadedText text("x KEY = 1 ..");
   bool found = true;
-  const LeerBDL missing(text.model, "OTHER", found);
+  LeerBDL missing(text.model, "OTHER", found);
   float real = -7;
   std::string word = "antes";
   std::vector<std::string> words = {"antes"};

@@ -90,7 +90,7 @@ TEST(LeerReal, TabsReadTheSameAsBlanks) {
 }
 
 TEST(NumberGetters, AMissingKeywordIsMinus1AndLeavesTheDestination) {
-  const LoadedText text("\nOTHER = 1");
+  LoadedText text("\nOTHER = 1");
   int integer = kIntegerBefore;
   float real = kRealBefore;
   EXPECT_EQ(-1, text.model.leerEntero("KEY", integer));
@@ -115,7 +115,7 @@ TEST(NumberGetters, TheValueStandsBehindTheNextEqualsSignAnywhere) {
 }
 
 TEST(NumberGetters, WithoutAnyEqualsSignBehindTheKeywordItIsAbsent) {
-  const LoadedText text("x = 1 KEY 2");
+  LoadedText text("x = 1 KEY 2");
   int integer = kIntegerBefore;
   float real = kRealBefore;
   EXPECT_EQ(-1, text.model.leerEntero("KEY", integer));
@@ -124,7 +124,7 @@ TEST(NumberGetters, WithoutAnyEqualsSignBehindTheKeywordItIsAbsent) {
 }
 
 TEST(NumberGetters, AKeywordMayCarryItsOwnBlankOrEqualsSign) {
-  const LoadedText text("\nKEY-LONG = 1\nKEY = 2");
+  LoadedText text("\nKEY-LONG = 1\nKEY = 2");
   int value = 0;
   EXPECT_EQ(0, text.model.leerEntero("KEY", value));
   EXPECT_EQ(1, value);
@@ -146,7 +146,7 @@ TEST(NumberGetters, TheFirstOccurrenceCountsEvenWithoutANumber) {
 
 TEST(Consultar, TellsAMissingKeywordFromAMissingNumber) {
   using Lectura = LeerBDL::Lectura;
-  const LoadedText text("\nGOOD = 1\nBAD = abc\nLAST");
+  LoadedText text("\nGOOD = 1\nBAD = abc\nLAST");
   const struct {
     const char* keyword;
     Lectura outcome;

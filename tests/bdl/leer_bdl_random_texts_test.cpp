@@ -11,7 +11,6 @@
 #include "bdl/leer_bdl.h"
 #include "bdl/loaded_text.h"
 #include "support/recording_application.h"
-#include "support/temporary_folder.h"
 
 // The search for commands, written again in the plainest way and compared over many small texts.
 
@@ -125,23 +124,23 @@ class PlainText {
 };
 
 /// What `ask` returns, or the message that it ends with, without the file.
-std::string answer(const LeerBDL& model, const std::function<std::string()>& ask) {
+std::string answer(const std::function<std::string()>& ask) {
   std::string text;
   const std::string message = stopMessage([&] { text = ask(); });
   if (message == kNotStopped) return text;
-  const std::string prefix = "Error en el fichero " + model.ruta() + ": ";
+  const std::string prefix = LoadedText::message("");
   return message.starts_with(prefix) ? message.substr(prefix.size()) : message;
 }
 
 std::string extracted(LeerBDL& model, const std::string& type, const std::string& name) {
-  return answer(model, [&] { return textOf(LeerBDL(model, type, name)); });
+  return answer([&] { return textOf(LeerBDL(model, type, name)); });
 }
 
 const std::string kAbsent = "(absent)";
 
 std::string valueIn(LeerBDL& model, const std::string& type, const std::string& name,
                     const std::string& keyword) {
-  return answer(model, [&] {
+  return answer([&] {
     std::string value;
     const bool present = LeerBDL(model, type, name).leerCadena(keyword, value) == 0;
     return present ? value : kAbsent;
@@ -162,7 +161,6 @@ const std::vector<std::string> kNames = {"\"A\"", "\"B\"", "\"A B\"", "A", "\"A=
 /// Compares both searches over texts put together from `pieces`; returns how many commands the
 /// plain one found.
 int compareOver(const std::vector<std::string>& pieces, std::size_t longest) {
-  const TemporaryFolder folder;  // one for all: making folders takes longer than the searches
   std::mt19937 random(20240607);
   int found = 0;
   for (int round = 0; round < 600 && !testing::Test::HasFailure(); ++round) {
@@ -170,7 +168,8 @@ int compareOver(const std::vector<std::string>& pieces, std::size_t longest) {
     for (std::size_t left = random() % longest; left > 0; --left) {
       bytes += pieces[random() % pieces.size()];
     }
-    LeerBDL model(folder.write("modelo.inp", bytes));
+    LoadedText file(bytes);
+    LeerBDL& model = file.model;
     const PlainText plain(textOf(model));
     SCOPED_TRACE(testing::PrintToString(bytes));
     for (const char* type : {"WALL", "WALLS"}) {

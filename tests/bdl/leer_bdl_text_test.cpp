@@ -18,7 +18,7 @@ std::string valueIn(std::string_view text) {
 /// The fault that reading KEY meets in `text`, without the file in front.
 void expectFault(std::string_view fault, std::string_view text,
                  std::size_t capacity = LeerBDL::kLargoValor) {
-  const LoadedText file(text);
+  LoadedText file(text);
   std::string value;
   EXPECT_EQ(file.message(fault),
             stopMessage([&] { file.model.leerCadena("KEY", value, capacity); }));
@@ -134,7 +134,7 @@ TEST(LeerCadena, AQuotedTextHasLessThan250BytesWithItsQuotes) {
 
 TEST(LeerCadena, TheCallersCapacityHolds) {
   std::string value;
-  const LoadedText fits("\nKEY = " + std::string(199, 'x'));
+  LoadedText fits("\nKEY = " + std::string(199, 'x'));
   EXPECT_EQ(0, fits.model.leerCadena("KEY", value, 200));
   EXPECT_EQ(199U, value.size());
   expectFault("KEY: el valor es demasiado largo", "\nKEY = " + std::string(200, 'x'), 200);
@@ -142,13 +142,13 @@ TEST(LeerCadena, TheCallersCapacityHolds) {
 
 TEST(LeerCadena, WithoutALimitAnyLengthIsKept) {
   std::string value;
-  const LoadedText text("\nKEY = " + std::string(5000, 'x'));
+  LoadedText text("\nKEY = " + std::string(5000, 'x'));
   EXPECT_EQ(0, text.model.leerCadena("KEY", value, LeerBDL::kSinLimite));
   EXPECT_EQ(5000U, value.size());
 }
 
 TEST(LeerCadena, TheMessageNamesTheKeywordWithoutTheBlanksAndTheEqualsOfItsSearch) {
-  const LoadedText file("\n MUROS-FACHADA = ");
+  LoadedText file("\n MUROS-FACHADA = ");
   for (const char* key : {" MUROS-FACHADA ", "MUROS-FACHADA =", "MUROS-FACHADA = "}) {
     SCOPED_TRACE(key);
     std::string value;
@@ -158,7 +158,7 @@ TEST(LeerCadena, TheMessageNamesTheKeywordWithoutTheBlanksAndTheEqualsOfItsSearc
 }
 
 TEST(LeerCadena, TheMessageAboutAKeyOfBlanksAndEqualsNamesNone) {
-  const LoadedText file("\nKEY = ");
+  LoadedText file("\nKEY = ");
   std::string value;
   EXPECT_EQ(file.message(": falta el valor"),
             stopMessage([&] { file.model.leerCadena(" = ", value); }));

@@ -4,24 +4,22 @@
 #include <string_view>
 
 #include "bdl/leer_bdl.h"
-#include "support/temporary_folder.h"
+#include "core/source_text.h"
 
-/// A building description text in a file of its own, loaded.
+/// A building description text, as if loaded from "modelo.inp".
 class LoadedText {
  public:
-  explicit LoadedText(std::string_view text)
-      : path(folder_.write("modelo.inp", text)), model(path) {}
+  explicit LoadedText(std::string_view text) : source_("modelo.inp", text), model(source_) {}
 
-  /// The message of a fault in this file.
-  std::string message(std::string_view fault) const {
-    return "Error en el fichero " + path + ": " + std::string(fault);
+  /// The message of a fault in this text.
+  static std::string message(std::string_view fault) {
+    return "Error en el fichero modelo.inp: " + std::string(fault);
   }
 
  private:
-  TemporaryFolder folder_;
+  SourceText source_;
 
  public:
-  const std::string path;
   LeerBDL model;
 };
 

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "bdl/valores_por_defecto.h"
+#include "core/source_text.h"
 #include "support/recording_application.h"
-#include "support/temporary_folder.h"
 
 using testing::ElementsAre;
 
@@ -16,10 +16,9 @@ namespace {
 using V = ValoresPorDefecto;
 using Puente = V::PuenteTermico;
 
-std::vector<Puente> bridges(std::string_view text) {
-  const TemporaryFolder folder;
-  return V(folder.write("defectos.inp", text)).puentes;
-}
+V library(std::string_view text) { return V(SourceText("defectos.inp", text)); }
+
+std::vector<Puente> bridges(std::string_view text) { return library(text).puentes; }
 
 /// The one bridge of a library.
 Puente bridge(std::string_view text) {
@@ -35,20 +34,15 @@ std::vector<std::string> namesOf(const std::vector<Puente>& all) {
 }
 
 std::string stopIn(std::string_view text) {
-  const TemporaryFolder folder;
-  const std::string path = folder.write("defectos.inp", text);
-  std::string message = stopMessage([&] { V values(path); });
-  const std::string file = "Error en el fichero " + path + ": ";
+  std::string message = stopMessage([&] { library(text); });
+  const std::string file = "Error en el fichero defectos.inp: ";
   if (message.starts_with(file)) message.replace(0, file.size(), "(file): ");
   return message;
 }
 
 }  // namespace
 
-TEST(ThermalBridges, ALibraryMayHaveNone) {
-  const TemporaryFolder folder;
-  EXPECT_EQ(0, V(folder.write("defectos.inp", "\nx")).numPuentes());
-}
+TEST(ThermalBridges, ALibraryMayHaveNone) { EXPECT_EQ(0, library("\nx").numPuentes()); }
 
 // Walked anew for each bridge, a library of this size would take minutes.
 TEST(ThermalBridges, ThousandsMayShareOneEndAndTheValuesThatFollow) {
@@ -70,10 +64,9 @@ TEST(ThermalBridges, ThousandsMayShareOneEndAndTheValuesThatFollow) {
 }
 
 TEST(ThermalBridges, AreListedInFileOrderWithTheirNamesInQuotes) {
-  const TemporaryFolder folder;
-  const V values(folder.write("defectos.inp",
-                              "\n\"Pilar\" = THERMAL-BRIDGE ..\n\"M\" = WALL .."
-                              "\n\"Frente de forjado\" = THERMAL-BRIDGE ..\n"));
+  const V values = library(
+      "\n\"Pilar\" = THERMAL-BRIDGE ..\n\"M\" = WALL .."
+      "\n\"Frente de forjado\" = THERMAL-BRIDGE ..\n");
   EXPECT_EQ(2, values.numPuentes());
   EXPECT_THAT(namesOf(values.puentes), ElementsAre("\"Pilar\"", "\"Frente de forjado\""));
 }

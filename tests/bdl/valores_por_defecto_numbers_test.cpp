@@ -5,7 +5,7 @@
 #include <variant>
 
 #include "bdl/valores_por_defecto.h"
-#include "support/temporary_folder.h"
+#include "core/source_text.h"
 
 namespace {
 
@@ -108,10 +108,7 @@ constexpr Keyword kKeywords[] = {
     {"H-CR", &V::H_CR, 0},
 };
 
-V library(std::string_view text) {
-  const TemporaryFolder folder;
-  return V(folder.write("defectos.inp", text));
-}
+V library(std::string_view text) { return V(SourceText("defectos.inp", text)); }
 
 float valueOf(const V& values, const Keyword& keyword) {
   if (const auto* real = std::get_if<float V::*>(&keyword.field)) return values.**real;

@@ -6,8 +6,8 @@
 #include <tuple>
 
 #include "bdl/valores_por_defecto.h"
+#include "core/source_text.h"
 #include "support/recording_application.h"
-#include "support/temporary_folder.h"
 
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -16,16 +16,11 @@ namespace {
 
 using V = ValoresPorDefecto;
 
-V library(std::string_view text) {
-  const TemporaryFolder folder;
-  return V(folder.write("defectos.inp", text));
-}
+V library(std::string_view text) { return V(SourceText("defectos.inp", text)); }
 
 void expectFault(std::string_view fault, std::string_view text) {
-  const TemporaryFolder folder;
-  const std::string path = folder.write("defectos.inp", text);
-  EXPECT_EQ("Error en el fichero " + path + ": " + std::string(fault),
-            stopMessage([&] { V values(path); }));
+  EXPECT_EQ("Error en el fichero defectos.inp: " + std::string(fault),
+            stopMessage([&] { library(text); }));
 }
 
 std::string text(std::size_t size) { return std::string(size, 'x'); }
@@ -42,12 +37,6 @@ constexpr const char* kMultipliers =
     "\nSHUTTER-CONDUCTANCE-MULTIPLIER-WINTER = 0.75";
 
 }  // namespace
-
-TEST(DefaultsLibrary, AFileThatIsMissingEndsTheRun) {
-  const TemporaryFolder folder;
-  const std::string path = folder / "defectos.inp";
-  EXPECT_EQ("Error al abrir fichero de lectura: " + path, stopMessage([&] { V values(path); }));
-}
 
 TEST(InternalPartitions, SaysWhichOfTheThreeHolds) {
   const struct {

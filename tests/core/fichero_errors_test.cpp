@@ -93,11 +93,15 @@ TEST_F(FicheroErrors, AFileForWritingIsNotRead) {
   fichero file(folder_ / "salida.bdl", "escritura");
   std::string_view line;
   EXPECT_EQ("El fichero debe ser de tipo lectura", stopMessage([&] { file.ReadLine(line); }));
+  EXPECT_EQ("El fichero debe ser de tipo lectura", stopMessage([&] { file.takeText(); }));
 }
 
 TEST_F(FicheroErrors, AFileForReadingIsNotWritten) {
   fichero file(folder_.write("casa.bdl", "A\n"), "lectura");
   EXPECT_EQ("El fichero debe ser de tipo escritura", stopMessage([&] { file.WriteLine("B"); }));
+  EXPECT_EQ("El fichero debe ser de tipo escritura", stopMessage([&] { file.lines(); }));
+  EXPECT_EQ("El fichero debe ser de tipo escritura", stopMessage([&] { file.guardar(); }));
+  EXPECT_EQ("A\n", folder_.read("casa.bdl"));
 }
 
 TEST_F(FicheroErrors, AWrongUseIsReportedAtTheEndOfTheLinesToo) {
@@ -113,19 +117,41 @@ TEST_F(FicheroErrors, ANulByteIsReportedWithItsLine) {
     const char* why;
     std::string_view bytes;
     const char* line;
+    const char* place;
   } cases[] = {
-      {"the first byte", {"\0", 1}, "1"},
-      {"the first line", {"A\0B\nC", 5}, "1"},
-      {"the first byte of the second line", {"A\n\0", 3}, "2"},
-      {"the last byte, CR LF", {"A\r\nB\r\nC\0", 8}, "3"},
-      {"two: the first one counts", {"A\n\0\n\0", 5}, "2"},
+      {"the first byte", {"\0", 1}, "1", "1: []"},
+      {"the first line", {"A\0B\nC", 5}, "1", "1: A[]"},
+      {"the first byte of the second line", {"A\n\0", 3}, "2", "2: []"},
+      {"the last byte, CR LF", {"A\r\nB\r\nC\0", 8}, "3", "3: C[]"},
+      {"two: the first one counts", {"A\n\0\n\0", 5}, "2", "2: []"},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);
     const std::string path = folder_.write("casa.bdl", c.bytes);
     EXPECT_EQ("Error en el fichero " + path + ", línea " + c.line + ": contiene un carácter nulo",
               openedIn(path, "lectura"));
+    EXPECT_EQ(path + ":" + c.place, stopPlace([&] { const fichero file(path, "lectura"); }));
   }
+}
+
+TEST_F(FicheroErrors, AFileThatCannotBeOpenedOrReadIsThePlaceAsAWhole) {
+  const struct {
+    const char* why;
+    std::string path;
+    const char* mode;
+  } cases[] = {
+      {"not there", folder_ / "no-existe.bdl", "lectura"},
+      {"opened, but not read", folder_.path(), "lectura"},
+      {"not to be created", folder_ / "no-such-folder/salida.bdl", "escritura"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    EXPECT_EQ(c.path, stopPlace([&] { const fichero file(c.path, c.mode); }));
+  }
+}
+
+TEST_F(FicheroErrors, AWrongUseHasNoPlace) {
+  EXPECT_EQ("(no place)", stopPlace([&] { const fichero file(folder_ / "x", "r"); }));
 }
 
 TEST_F(FicheroErrors, ANulByteIsFoundFarBehindTheStart) {
@@ -161,21 +187,22 @@ TEST_F(FicheroErrors, NamesAreShownAsUtf8OrWindows1252) {
 }
 
 TEST(FicheroEndOfProcess, EachErrorExitsWithCode3) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "no/casa.bdl";
   const struct {
-    const char* path;
     const char* mode;
-    const char* message;
+    std::string message;
   } cases[] = {
-      {"/no/casa.bdl", "lectura", "Error al abrir fichero de lectura: /no/casa.bdl"},
-      {"/no/casa.bdl", "escritura", "Error al abrir fichero de escritura: /no/casa.bdl"},
-      {"/no/casa.bdl", "Lectura", kWrongMode},
+      {"lectura", "Error al abrir fichero de lectura: " + path},
+      {"escritura", "Error al abrir fichero de escritura: " + path},
+      {"Lectura", kWrongMode},
   };
   for (const auto& c : cases) {
     EXPECT_EXIT(
         {
           ExitingApplication exiting;
-          const fichero file(c.path, c.mode);
+          const fichero file(path, c.mode);
         },
-        testing::ExitedWithCode(3), std::string("^Se ha producido un error: ") + c.message + "\n$");
+        testing::ExitedWithCode(3), "^Se ha producido un error: " + c.message + "\n$");
   }
 }

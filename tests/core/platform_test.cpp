@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <csignal>
+#include <string>
 
 #include "support/recording_application.h"
 
@@ -27,4 +28,17 @@ TEST(Platform, TerminateEndsTheProcessWithItsStatus) {
 
 TEST(Platform, TerminateNeverReturnsFromAnApplicationThatForgetsToLeave) {
   EXPECT_EXIT(StayingApplication().Terminate(3), testing::KilledBySignal(SIGABRT), "");
+}
+
+TEST(Platform, AFaultIsAMessageBoxWhereAnApplicationKnowsNothingMore) {
+  class BoxesOnly : public StayingApplication {
+   public:
+    void MessageBox(std::string_view text, std::string_view caption) override {
+      shown.append(caption).append("|").append(text);
+    }
+    std::string shown;
+  };
+  BoxesOnly application;
+  application.ShowFault({"No existe", Place{.file = "casa.tip", .text = {}}});
+  EXPECT_EQ("Se ha producido un error|No existe", application.shown);
 }

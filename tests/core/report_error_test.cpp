@@ -97,6 +97,18 @@ TEST(ReportError, WorksWithoutALogThatCouldBeOpened) {
   EXPECT_EQ("No existe", stopMessage([&] { ReportError(&log, false, "No existe"); }));
 }
 
+TEST(ReportFailure, HandsOnTheFaultWithItsPlace) {
+  const Place place{.file = "casa.tip", .line = 5, .column = 1, .length = 1, .text = "A = 1"};
+  const Fault fault = stopFault([&] { ReportFailure(nullptr, Fault{"No vale", place}); });
+  EXPECT_EQ("No vale", fault.message);
+  EXPECT_EQ("casa.tip:5: [A] = 1", marked(fault.place));
+}
+
+TEST(ReportFailure, AMessageAloneHasNoPlace) {
+  EXPECT_EQ("(no place)", stopPlace([] { ReportFailure(nullptr, "No vale"); }));
+  EXPECT_EQ("(no place)", stopPlace([] { ReportError(nullptr, false, "No vale"); }));
+}
+
 TEST(ReportFailure, IsTheSameEnd) {
   EXPECT_EXIT(
       {

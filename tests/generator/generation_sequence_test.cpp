@@ -7,8 +7,8 @@
 #include <limits>
 
 #include "generator/generator_fixture.h"
-#include "support/minimal_building.h"
 #include "support/recording_application.h"
+#include "support/temporary_folder.h"
 
 namespace {
 
@@ -62,7 +62,7 @@ Lines shadesOf(Lines output) {
 
 std::string generated(GeneratorRun& run) {
   RecordingBar bar;
-  return stopMessage([&] { generate(run.context(), bar); });
+  return stopMessage([&] { run.generate(bar); });
 }
 
 constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
@@ -227,28 +227,29 @@ TEST(Generate, MissingPolygonEndsTheRun) {
 }
 
 TEST(Generate, TypologyTextIsTheLastLine) {
-  GeneratorRun run(plans() + Lines{"END .."});
-  run.typology().textoTipologia = "primera\r\nsegunda";
+  GeneratorRun run(plans() + Lines{"END .."}, kEmptyTable,
+                   std::string(MinimalBuilding::kTypology) + "primera\r\nsegunda");
   EXPECT_EQ(kNotStopped, generated(run));
   const Lines output = run.finish();
-  EXPECT_THAT(Lines(output.end() - 3, output.end()), ElementsAre("END ..", "primera\r", "segunda"));
+  EXPECT_THAT(Lines(output.end() - 3, output.end()), ElementsAre("..", "primera\r", "segunda"));
 }
 
 TEST(Generate, TypologyTextIsTheWholeFile) {
   GeneratorRun run(plans());
   EXPECT_EQ(kNotStopped, generated(run));
-  run.finish();
-  // The file ends in a line end, and the last line of the output has its own.
-  EXPECT_TRUE(readFile(run.path("salida.bdl"))
-                  .ends_with("\n" + std::string(MinimalBuilding::kTypology) + "\n"));
+  // The text ends in a line end, and the last line of the output has its own.
+  const Lines typology = linesOf(std::string(MinimalBuilding::kTypology) + "\n");
+  Lines output = run.finish();
+  ASSERT_GT(output.size(), typology.size());
+  output.erase(output.begin(), output.end() - static_cast<std::ptrdiff_t>(typology.size()));
+  EXPECT_EQ(typology, output);
 }
 
 TEST(Generate, LastLineOfATemplateThatEndsInALineEndComesTwice) {
   GeneratorRun run(plans() + Lines{"END ..", ""});
-  run.typology().textoTipologia = "tip";
   EXPECT_EQ(kNotStopped, generated(run));
-  const Lines output = run.finish();
-  EXPECT_THAT(Lines(output.end() - 3, output.end()), ElementsAre("END ..", "END ..", "tip"));
+  const Lines output = run.finishWithoutTypology();
+  EXPECT_THAT(Lines(output.end() - 3, output.end()), ElementsAre("..", "END ..", "END .."));
 }
 
 TEST(Generate, RealThatIsNotFiniteEndsTheRun) {
@@ -271,8 +272,7 @@ TEST(Generate, RealThatIsNotFiniteEndsTheRun) {
     SCOPED_TRACE(c.why);
     GeneratorRun run(plans() + Lines{"E = SPACE", "HEIGHT = 1", "AIR-CHANGES/HR = 1", ".."});
     run.typology().*c.field = c.value;
-    EXPECT_EQ("Error en el fichero " + run.path("casa.tip") + ": el valor de " + c.where,
-              generated(run));
+    EXPECT_EQ(std::string("Error en el fichero casa.tip: el valor de ") + c.where, generated(run));
   }
 }
 
@@ -295,19 +295,6 @@ TEST(Generate, MissingCommandSpeaksBeforeARealThatIsNotFinite) {
   run.typology().orientacion = kNaN;
   EXPECT_EQ("Error al generar el edificio. No se ha encontrado la clave: BUILD-PARAMETERS",
             generated(run));
-}
-
-TEST(Generate, StoppedRunLeavesItsOutputEmpty) {
-  GTEST_FLAG_SET(death_test_style, "fast");  // in this process's folder
-  GeneratorRun run({"\"D\" = BUILD-PARAMETERS", ".."});
-  RecordingBar bar;
-  EXPECT_EXIT(
-      {
-        ExitingApplication exiting;
-        generate(run.context(), bar);
-      },
-      testing::ExitedWithCode(3), "No se ha encontrado la clave: POLYGON");
-  EXPECT_EQ("", readFile(run.path("salida.bdl")));
 }
 
 TEST(Generate, WritesTheClassOfItsTypology) {

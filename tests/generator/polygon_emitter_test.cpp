@@ -86,7 +86,6 @@ TEST(EmitPolygon, VertexThatIsNotFiniteIsNamedByItsKey) {
   GeneratorRun run({"\"P\" = POLYGON", ".."});
   const std::vector<Vertex> vertices = {{0, 0}, {1, std::numeric_limits<float>::infinity()}};
   emitPolygon(run.context(), vertices);
-  EXPECT_EQ("Error en el fichero " + run.path("casa.tip") +
-                ": el valor de V2 en la salida no es un número finito: inf",
+  EXPECT_EQ("Error en el fichero casa.tip: el valor de V2 en la salida no es un número finito: inf",
             stopMessage([&] { run.context().requireFiniteOutput(); }));
 }

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 
-#include "generator/generation_sequence.h"
 #include "generator/generator_fixture.h"
 #include "support/recording_application.h"
 
@@ -22,17 +21,15 @@ const std::string kWindow = "1 0 0 0 0 180 90 1";
 class CommandsRun : public GeneratorRun {
  public:
   explicit CommandsRun(const Lines& lines, std::string_view table = kEmptyTable)
-      : GeneratorRun(behindTheParameters(lines), table) {
-    typology().textoTipologia = "tip";
-  }
+      : GeneratorRun(behindTheParameters(lines), table) {}
 
   /// The output behind the building parameters and before the typology text.
   Lines output(RecordingBar& bar) {
-    const std::string message = stopMessage([&] { generate(context(), bar); });
+    const std::string message = stopMessage([&] { generate(bar); });
     if (message != kNotStopped) return {message};
-    const Lines whole = finish();
+    const Lines whole = finishWithoutTypology();
     const auto first = std::find(whole.begin(), whole.end(), "$ aquí");
-    return Lines(first + 1, whole.end() - 1);
+    return Lines(first + 1, whole.end());
   }
   Lines output() {
     RecordingBar bar;
@@ -188,7 +185,7 @@ TEST(GenerateCommands, EastWindowOfTheCourtyardTakesItsPercentageAndArrays) {
   typology.porcentajeFachada = {0, 0, 0, 0};
   typology.porcentajePatio = {0, 20, 0, 0};
   RecordingBar bar;
-  generate(run.context(), bar);
+  run.generate(bar);
   const Lines output = run.finish();
   const auto header = std::find(output.begin(), output.end(), "\"V_Med\" = WINDOW");
   ASSERT_GT(output.end() - header, 6);

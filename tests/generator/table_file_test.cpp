@@ -5,31 +5,20 @@
 #include <list>
 #include <string>
 
-#include "core/fichero.h"
+#include "core/source_text.h"
 #include "support/recording_application.h"
-#include "support/temporary_folder.h"
 
 namespace {
 
-/// The table of `text`. Its names are views into the file, which is kept until the tests end.
+/// The table of `text`. Its names are views into the text, which is kept until the tests end.
 TableFile tableFrom(std::string_view text) {
-  static std::list<fichero> files;
-  const TemporaryFolder folder;
-  return readTableFile(files.emplace_back(folder.write("casa.tbl", text), "lectura"));
+  static std::list<SourceText> texts;
+  return readTableFile(texts.emplace_back("casa.tbl", text));
 }
 
-/// The message that ends the reading of `text`, with the file's name alone for its path.
+/// The message that ends the reading of `text`.
 std::string tableError(std::string_view text) {
-  const TemporaryFolder folder;
-  const std::string path = folder.write("casa.tbl", text);
-  std::string message = stopMessage([&] {
-    fichero file(path, "lectura");
-    readTableFile(file);
-  });
-  if (const std::size_t at = message.find(path); at != std::string::npos) {
-    message.replace(at, path.size(), "casa.tbl");
-  }
-  return message;
+  return stopMessage([&] { readTableFile(SourceText("casa.tbl", text)); });
 }
 
 const std::string kOneSurface = "Tabla\nde superficies\n1 0\n\"Muro\"\n";

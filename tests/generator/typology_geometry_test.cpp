@@ -36,11 +36,11 @@ std::vector<std::string> polygons(int count) {
 
 }  // namespace
 
-TEST(GeometriaTipologia, HouseOfTipo1FillsItsArraysAndWritesOneSquare) {
+TEST(GeometriaTipologia, HouseOfTipo1HasItsArraysAndWritesOneSquare) {
   GeneratorRun run({"antes", "\"P\" = POLYGON", "V1 = ( 9, 9 )", "..", "resto"});
-  geometriaTipologia(run.context());
-  EXPECT_EQ((PerFacade<int>{1, 1, 1, 1}), run.typology().numHuecosFachada);
-  EXPECT_EQ((PerFacade<float>{30, 30, 30, 30}), run.typology().superficieFachada);
+  const Plan plan = geometriaTipologia(run.context());
+  EXPECT_EQ((PerFacade<int>{1, 1, 1, 1}), plan.numHuecosFachada);
+  EXPECT_EQ((PerFacade<float>{30, 30, 30, 30}), plan.superficieFachada);
   run.context().copyRest();
   EXPECT_THAT(run.finish(),
               ElementsAre("antes", "\"P\" = POLYGON", "V1 = ( 0.000000 , 0.000000 )",
@@ -48,17 +48,18 @@ TEST(GeometriaTipologia, HouseOfTipo1FillsItsArraysAndWritesOneSquare) {
                           "V4 = ( 0.000000 , 10.000000 )", "..", "resto"));
 }
 
-TEST(GeometriaTipologia, FillsTheFourArraysOfTheRecord) {
+TEST(GeometriaTipologia, GivesThePlanWithItsFourArrays) {
   for (const int tipo : {2, 12, 13, 14, 15, 22, 23}) {
     SCOPED_TRACE(tipo);
     GeneratorRun run(polygons(6));
     setPlanNumbers(run.typology(), anyFamily(tipo));
-    const Plan plan = drawn(planTipologia(anyFamily(tipo)));
-    geometriaTipologia(run.context());
-    EXPECT_EQ(plan.numHuecosFachada, run.typology().numHuecosFachada);
-    EXPECT_EQ(plan.numHuecosPatio, run.typology().numHuecosPatio);
-    EXPECT_EQ(plan.superficieFachada, run.typology().superficieFachada);
-    EXPECT_EQ(plan.superficiePatio, run.typology().superficiePatio);
+    const Plan expected = drawn(planTipologia(anyFamily(tipo)));
+    const Plan plan = geometriaTipologia(run.context());
+    EXPECT_EQ(expected.outlines, plan.outlines);
+    EXPECT_EQ(expected.numHuecosFachada, plan.numHuecosFachada);
+    EXPECT_EQ(expected.numHuecosPatio, plan.numHuecosPatio);
+    EXPECT_EQ(expected.superficieFachada, plan.superficieFachada);
+    EXPECT_EQ(expected.superficiePatio, plan.superficiePatio);
   }
 }
 
@@ -109,6 +110,6 @@ TEST(GeometriaTipologia, StoreysAndTheirHeightAreNoMatter) {
   GeneratorRun run(polygons(1));
   run.typology().alturaPlanta = 5;
   run.typology().numeroPlantas = 40;
-  geometriaTipologia(run.context());
-  EXPECT_EQ((PerFacade<float>{30, 30, 30, 30}), run.typology().superficieFachada);
+  EXPECT_EQ((PerFacade<float>{30, 30, 30, 30}),
+            geometriaTipologia(run.context()).superficieFachada);
 }

@@ -8,6 +8,7 @@
 
 #include "generator/generator_context.h"
 #include "generator/generator_fixture.h"
+#include "plan/plan.h"
 #include "support/recording_application.h"
 
 namespace {
@@ -16,32 +17,40 @@ using testing::ElementsAre;
 using Lines = std::vector<std::string>;
 
 enum { kNorte = 0, kEste = 2, kSureste = 3, kSur = 4, kSuroeste = 5, kOeste = 6 };
-using Change = std::function<void(TypologyRecord&)>;
+using Change = std::function<void(TypologyRecord&, Plan&)>;
 
 /// Bays of 12 m2 on the street and of 15 m2 in the courtyard.
-void fillFacades(TypologyRecord& typology) {
-  typology.porcentajeFachada = {30, 30, 30, 30};
-  typology.porcentajePatio = {50, 50, 50, 50};
-  typology.numHuecosFachada = {2, 2, 2, 2};
-  typology.numHuecosPatio = {4, 4, 4, 4};
-  typology.superficieFachada = {24, 24, 24, 24};
-  typology.superficiePatio = {60, 60, 60, 60};
+Plan planOfBays() {
+  Plan plan;
+  plan.numHuecosFachada = {2, 2, 2, 2};
+  plan.numHuecosPatio = {4, 4, 4, 4};
+  plan.superficieFachada = {24, 24, 24, 24};
+  plan.superficiePatio = {60, 60, 60, 60};
+  return plan;
 }
 
-struct WindowRun : GeneratorRun {
+class WindowRun : public GeneratorRun {
+ public:
   explicit WindowRun(const Lines& lines, const Change& change = {})
       : GeneratorRun(lines, tableOf({" \"V\" ", "1 1 1 1 1 180 90 1"})) {
-    fillFacades(typology());
-    if (change) change(typology());
+    typology().porcentajeFachada = {30, 30, 30, 30};
+    typology().porcentajePatio = {50, 50, 50, 50};
+    if (change) change(typology(), plan_);
     context().copyUntilCommand("WINDOW");
   }
+  void emit(int orientationClass, bool courtyard) {
+    emitWindow(context(), plan_, orientationClass, 0, courtyard);
+  }
+
+ private:
+  Plan plan_ = planOfBays();
 };
 
 /// The output for a template that begins with a WINDOW command.
 Lines windowOutput(const Lines& lines, const Change& change = {}, int orientationClass = kSur,
                    bool courtyard = false) {
   WindowRun run(lines, change);
-  emitWindow(run.context(), orientationClass, 0, courtyard);
+  run.emit(orientationClass, courtyard);
   run.context().copyRest();
   return run.finish();
 }
@@ -66,7 +75,7 @@ const Lines kTallCourtyardSize = {"  X = 1.250000 ", "  Y = 0.000000 ", "  WIDTH
 }  // namespace
 
 TEST(EmitWindow, SouthWindowOfThirtyPercentIsWrittenWhole) {
-  const auto change = [](TypologyRecord& typology) {
+  const auto change = [](TypologyRecord& typology, Plan&) {
     typology.porcentajeFachada = {30, 0, 0, 0};
     typology.textoMarco = "FRAME-WIDTH = 0.1";
     typology.textoSombra = "SETBACK = 0.2";
@@ -146,7 +155,7 @@ TEST(EmitWindow, OnAFacadeWithoutGlazingDisappearsWithAllItsLines) {
   const Lines lines = {"antes", "\"V\" = WINDOW", "  X = 1", "  NOTA = 1", "  ..", "resto"};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);
-    const auto setPercentage = [&](TypologyRecord& typology) {
+    const auto setPercentage = [&](TypologyRecord& typology, Plan&) {
       typology.porcentajeFachada[0] = c.percentage;
     };
     EXPECT_THAT(windowOutput(lines, setPercentage), ElementsAre("antes", "resto"));
@@ -154,7 +163,7 @@ TEST(EmitWindow, OnAFacadeWithoutGlazingDisappearsWithAllItsLines) {
 }
 
 TEST(EmitWindow, LeastGlazingIsEnoughToExist) {
-  const auto change = [](TypologyRecord& typology) {
+  const auto change = [](TypologyRecord& typology, Plan&) {
     typology.porcentajeFachada[0] = std::numeric_limits<float>::denorm_min();
   };
   EXPECT_THAT(sizeOf({}, change), ElementsAre("  X = 2.000000 ", "  Y = 0.900000 ",
@@ -162,8 +171,10 @@ TEST(EmitWindow, LeastGlazingIsEnoughToExist) {
 }
 
 TEST(EmitWindow, InTheCourtyardExistsByTheCourtyardsGlazing) {
-  const auto noStreet = [](TypologyRecord& typology) { typology.porcentajeFachada.fill(0); };
-  const auto noCourtyard = [](TypologyRecord& typology) { typology.porcentajePatio.fill(0); };
+  const auto noStreet = [](TypologyRecord& typology, Plan&) { typology.porcentajeFachada.fill(0); };
+  const auto noCourtyard = [](TypologyRecord& typology, Plan&) {
+    typology.porcentajePatio.fill(0);
+  };
   const Lines lines = {"\"V\" = WINDOW", ".."};
   EXPECT_EQ(9U, windowOutput(lines, noStreet, kEste, true).size());
   EXPECT_EQ(0U, windowOutput(lines, noCourtyard, kEste, true).size());
@@ -172,20 +183,20 @@ TEST(EmitWindow, InTheCourtyardExistsByTheCourtyardsGlazing) {
 }
 
 TEST(EmitWindow, RemovalStopsAtALineOfDashesAndTheRestIsCopied) {
-  const auto change = [](TypologyRecord& typology) { typology.porcentajeFachada.fill(0); };
+  const auto change = [](TypologyRecord& typology, Plan&) { typology.porcentajeFachada.fill(0); };
   EXPECT_THAT(
       windowOutput({"\"V\" = WINDOW", "X = 1", "$ ------------", "Y = 1", "..", "resto"}, change),
       ElementsAre("Y = 1", "..", "resto"));
 }
 
 TEST(EmitWindow, RemovalEndsWithTheTemplate) {
-  const auto change = [](TypologyRecord& typology) { typology.porcentajeFachada.fill(0); };
+  const auto change = [](TypologyRecord& typology, Plan&) { typology.porcentajeFachada.fill(0); };
   EXPECT_THAT(windowOutput({"antes", "\"V\" = WINDOW", "X = 1"}, change), ElementsAre("antes"));
 }
 
 TEST(EmitWindow, WiderThanItsBayIsCutAndGrowsButNeverBeyondTheStorey) {
   const auto percent = [](float percentage) {
-    return [=](TypologyRecord& typology) { typology.porcentajeFachada[0] = percentage; };
+    return [=](TypologyRecord& typology, Plan&) { typology.porcentajeFachada[0] = percentage; };
   };
   EXPECT_THAT(sizeOf({}, percent(50)), ElementsAre("  X = 0.000000 ", "  Y = 0.750000 ",
                                                    "  WIDTH = 4.000000 ", "  HEIGHT = 1.500000 "));
@@ -222,7 +233,7 @@ TEST(EmitWindow, StreetWindowAsTallAsAStoreyTakesTheCourtyardsData) {
 
 TEST(EmitWindow, TallStreetWindowOfACourtyardWithoutGlazingIsWrittenWithoutWidth) {
   const auto percent = [](float percentage) {
-    return [=](TypologyRecord& typology) { typology.porcentajePatio.fill(percentage); };
+    return [=](TypologyRecord& typology, Plan&) { typology.porcentajePatio.fill(percentage); };
   };
   EXPECT_EQ("  WIDTH = 0.000000 ", sizeOf({"HEIGHT = 3"}, percent(0)).at(2));
   EXPECT_EQ("  WIDTH = -0.000000 ", sizeOf({"HEIGHT = 3"}, percent(-0.0F)).at(2));
@@ -237,9 +248,9 @@ TEST(EmitWindow, CourtyardWindowTakesTheCourtyardsDataWhateverItsHeight) {
 }
 
 TEST(EmitWindow, EveryFacadeHasItsOwnEntryOfTheStreetArrays) {
-  const auto change = [](TypologyRecord& typology) {
-    typology.numHuecosFachada = {1, 2, 3, 4};
-    typology.superficieFachada = {6, 24, 54, 96};  // bays of 6, 12, 18 and 24 m2
+  const auto change = [](TypologyRecord& typology, Plan& plan) {
+    plan.numHuecosFachada = {1, 2, 3, 4};
+    plan.superficieFachada = {6, 24, 54, 96};  // bays of 6, 12, 18 and 24 m2
     typology.porcentajeFachada = {10, 15, 20, 25};
   };
   const struct {
@@ -255,9 +266,9 @@ TEST(EmitWindow, EveryFacadeHasItsOwnEntryOfTheStreetArrays) {
 }
 
 TEST(EmitWindow, EveryFacadeHasItsOwnEntryOfTheCourtyardArrays) {
-  const auto change = [](TypologyRecord& typology) {
-    typology.numHuecosPatio = {1, 2, 3, 4};
-    typology.superficiePatio = {6, 24, 54, 96};
+  const auto change = [](TypologyRecord& typology, Plan& plan) {
+    plan.numHuecosPatio = {1, 2, 3, 4};
+    plan.superficiePatio = {6, 24, 54, 96};
     typology.porcentajePatio = {10, 15, 20, 25};
   };
   const struct {
@@ -282,17 +293,19 @@ TEST(EmitWindow, EndsWithTheTemplateAndIsWrittenNonetheless) {
 TEST(EmitWindow, InARoofOrAFloorEndsTheRun) {
   for (const int orientationClass : {-1, -2}) {
     SCOPED_TRACE(orientationClass);
-    const auto noGlazing = [](TypologyRecord& typology) { typology.porcentajeFachada.fill(0); };
+    const auto noGlazing = [](TypologyRecord& typology, Plan&) {
+      typology.porcentajeFachada.fill(0);
+    };
     WindowRun run({"\"V\" = WINDOW", ".."}, noGlazing);
     EXPECT_EQ("La versión actual del ZELTA no contempla ventanas en cubiertas o suelos",
-              stopMessage([&] { emitWindow(run.context(), orientationClass, 0, false); }));
+              stopMessage([&] { run.emit(orientationClass, false); }));
   }
 }
 
 TEST(EmitWindow, OnAFacadeWithoutBaysEndsTheRun) {
-  const auto noBays = [](TypologyRecord& typology) {
-    typology.numHuecosFachada.fill(0);
-    typology.numHuecosPatio.fill(0);
+  const auto noBays = [](TypologyRecord&, Plan& plan) {
+    plan.numHuecosFachada.fill(0);
+    plan.numHuecosPatio.fill(0);
   };
   const struct {
     const char* why;
@@ -319,15 +332,15 @@ TEST(EmitWindow, OnAFacadeWithoutBaysEndsTheRun) {
     SCOPED_TRACE(c.why);
     // The line is the command's header, not the end that the reading has come to.
     WindowRun run({"$ casa", "\"V\" = WINDOW", c.height, ".."}, noBays);
-    EXPECT_EQ("Error en el fichero " + run.path("casa.bdl") + ", línea 2: " + c.problem,
-              stopMessage([&] { emitWindow(run.context(), c.orientationClass, 0, c.courtyard); }));
+    EXPECT_EQ(std::string("Error en el fichero casa.bdl, línea 2: ") + c.problem,
+              stopMessage([&] { run.emit(c.orientationClass, c.courtyard); }));
   }
 }
 
 TEST(EmitWindow, RemovedWindowOnAFacadeWithoutBaysIsNoFault) {
-  const auto change = [](TypologyRecord& typology) {
+  const auto change = [](TypologyRecord& typology, Plan& plan) {
     typology.porcentajeFachada.fill(0);
-    typology.numHuecosFachada.fill(0);
+    plan.numHuecosFachada.fill(0);
   };
   EXPECT_THAT(windowOutput({"\"V\" = WINDOW", "..", "resto"}, change), ElementsAre("resto"));
 }

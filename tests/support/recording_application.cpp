@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <tuple>
 
 #include "core/cp1252.h"
 
@@ -12,13 +13,36 @@ RecordingApplication& recordingApplication() {
   return application;
 }
 
-std::string messageOfStop(int status, std::size_t boxesBefore) {
+Fault faultOfStop(int status, std::size_t boxesBefore) {
   EXPECT_EQ(3, status);
-  const auto& boxes = recordingApplication().boxes;
-  EXPECT_EQ(boxesBefore + 1, boxes.size()) << "one message for one stop";
-  if (boxes.size() == boxesBefore) return "(no message)";
-  EXPECT_EQ("Se ha producido un error", boxes.back().caption);
-  return cp1252::toUtf8(boxes.back().text);
+  const RecordingApplication& application = recordingApplication();
+  EXPECT_EQ(boxesBefore + 1, application.boxes.size()) << "one message for one stop";
+  EXPECT_TRUE(application.lastFault.has_value()) << "every stop has its fault";
+  if (application.boxes.size() == boxesBefore || !application.lastFault) {
+    return {"(no message)", {}};
+  }
+  EXPECT_EQ("Se ha producido un error", application.boxes.back().caption);
+  EXPECT_EQ(application.lastFault->message, application.boxes.back().text);
+  return {cp1252::toUtf8(application.lastFault->message), application.lastFault->place};
+}
+
+std::string marked(const std::optional<Place>& place) {
+  if (!place) return "(no place)";
+  if (place->line == 0) {
+    EXPECT_EQ(std::tuple(0L, std::size_t{0}, std::string()),
+              std::tuple(place->column, place->length, place->text))
+        << "a file as a whole has no line";
+    return place->file;
+  }
+  std::string line = place->text;
+  const auto begin = static_cast<std::size_t>(place->column - 1);
+  if (place->column < 1 || begin > line.size() || place->length > line.size() - begin) {
+    ADD_FAILURE() << "the span " << place->column << "+" << place->length
+                  << " is not in its line: " << line;
+    return place->file;
+  }
+  line.insert(begin + place->length, "]").insert(begin, "[");
+  return place->file + ":" + std::to_string(place->line) + ": " + cp1252::toUtf8(line);
 }
 
 void ExitingApplication::MessageBox(std::string_view text, std::string_view caption) {

@@ -5,12 +5,12 @@
 #include <utility>
 #include <vector>
 
+#include "core/source_text.h"
 #include "support/recording_application.h"
-#include "support/temporary_folder.h"
 #include "typology/typology_record.h"
 
-/// A typology file with a VIVIENDA command that passes every check, to be changed for a test:
-/// TypologyFile().with("TIPO", "5").without("ATICO").record().
+/// A typology file "casa.tip" with a VIVIENDA command that passes every check, to be changed for a
+/// test: TypologyFile().with("TIPO", "5").without("ATICO").record().
 class TypologyFile {
  public:
   /// Gives `keyword` another value; one that the file lacks is added at the end.
@@ -52,23 +52,20 @@ class TypologyFile {
     return text + ".." + lineEnd_ + behind_;
   }
 
-  TypologyRecord record() const {
-    const TemporaryFolder folder;
-    return TypologyRecord(folder.write("casa.tip", text()));
+  TypologyRecord record() const { return recordOf(text()); }
+  static TypologyRecord recordOf(std::string_view text) {
+    return TypologyRecord(SourceText("casa.tip", text));
   }
 
-  /// The message that reading the file ends with; a fault that names the file has "casa.tip" for
-  /// its path.
+  /// The message that reading the file ends with, and its place as `marked` writes it.
   std::string stop() const { return stopOf(text()); }
+  std::string place() const { return placeOf(text()); }
 
   static std::string stopOf(std::string_view text) {
-    const TemporaryFolder folder;
-    const std::string path = folder.write("casa.tip", text);
-    std::string message = stopMessage([&] { TypologyRecord record(path); });
-    if (const std::size_t at = message.find(path); at != std::string::npos) {
-      message.replace(at, path.size(), "casa.tip");
-    }
-    return message;
+    return stopMessage([&] { recordOf(text); });
+  }
+  static std::string placeOf(std::string_view text) {
+    return stopPlace([&] { recordOf(text); });
   }
 
  private:

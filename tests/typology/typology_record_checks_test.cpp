@@ -53,13 +53,13 @@ constexpr std::pair<const char*, const char*> kRequired[] = {
 };
 
 /// Every fault that a check meets, in the order of the checks.
-struct Fault {
+struct CheckFault {
   std::vector<std::pair<const char*, const char*>> lines;  // null: the keyword is missing
   const char* message;
 };
 
-std::vector<Fault> faultsInOrder() {
-  std::vector<Fault> faults;
+std::vector<CheckFault> faultsInOrder() {
+  std::vector<CheckFault> faults;
   for (const auto& [keyword, message] : kRequired) {
     if (std::string_view(keyword) == "AREA-PLANTA") {
       faults.push_back({{{"NUMERO-PLANTAS", "0"}}, kStoreys0});
@@ -74,7 +74,7 @@ std::vector<Fault> faultsInOrder() {
   return faults;
 }
 
-void apply(const Fault& fault, TypologyFile& file) {
+void apply(const CheckFault& fault, TypologyFile& file) {
   for (const auto& [keyword, value] : fault.lines) {
     value == nullptr ? file.without(keyword) : file.with(keyword, value);
   }
@@ -93,13 +93,6 @@ std::string exactly(float value) {
 }  // namespace
 
 TEST(TypologyChecks, TheFileOfTheseTestsPasses) { EXPECT_EQ(kNotStopped, TypologyFile().stop()); }
-
-TEST(TypologyChecks, AFileThatCannotBeOpenedEndsTheRun) {
-  const TemporaryFolder folder;
-  const std::string path = folder / "casa.tip";
-  EXPECT_EQ("Error al abrir fichero de lectura: " + path,
-            stopMessage([&] { TypologyRecord record(path); }));
-}
 
 TEST(TypologyChecks, AFileWithoutViviendaEndsTheRunBeforeAnyKeywordIsRead) {
   const struct {
@@ -138,7 +131,7 @@ TEST(TypologyChecks, ARequiredKeywordThatIsMissingIsNamed) {
 }
 
 TEST(TypologyChecks, OfTwoFaultsTheFirstIsReported) {
-  const std::vector<Fault> faults = faultsInOrder();
+  const std::vector<CheckFault> faults = faultsInOrder();
   for (std::size_t first = 0; first < faults.size(); ++first) {
     for (std::size_t second = first + 1; second < faults.size(); ++second) {
       // The first fault is applied last: both may be about one keyword.
@@ -294,12 +287,10 @@ TEST(TypologyChecks, ATextHasLessThan250Bytes) {
 }
 
 TEST(TypologyChecks, EndTheProcessWithExitCode3) {
-  const TemporaryFolder folder;
-  const std::string path = folder.write("casa.tip", "\n\"C\" = VIVIENDA\n..\n");
   EXPECT_EXIT(
       {
         ExitingApplication exiting;
-        const TypologyRecord record(path);
+        TypologyFile::recordOf("\n\"C\" = VIVIENDA\n..\n");
       },
       testing::ExitedWithCode(3), "^Se ha producido un error: En el COMMAND VIVIENDA del fichero ");
 }

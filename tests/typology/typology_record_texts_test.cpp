@@ -25,7 +25,7 @@ TEST(TypologyTexts, TheWholeFileIsKeptByteForByte) {
                                       "\n$ Peque\xF1"
                                       "a  \t casa\n")
                                   .behind("sin final de l\xEDnea");
-    EXPECT_EQ(file.text(), file.record().textoTipologia);
+    EXPECT_EQ(file.text(), file.record().textoTipologia());
   }
 }
 

@@ -99,9 +99,9 @@ TEST(TypologyRecord, ReadsTheFirstOfTwoViviendas) {
 }
 
 TEST(TypologyRecord, KnowsItsFile) {
-  const TemporaryFolder folder;
-  const std::string path = folder.write("casa.tip", TypologyFile().text());
-  EXPECT_EQ(path, TypologyRecord(path).ruta);
+  const R record(SourceText("obra/casa.tip", TypologyFile().text()));
+  EXPECT_EQ("obra/casa.tip", record.fuente().name());
+  EXPECT_EQ(TypologyFile().text(), record.fuente().bytes());
 }
 
 TEST(TypologyRecord, AnOptionalRealThatIsAbsentHasItsDefault) {
@@ -271,10 +271,7 @@ TEST(TypologyRecord, TipoIsFoundInTheNameOfTheCommandWhereThatHoldsVivienda) {
 TEST(TypologyRecord, TipoIsFoundInALongerWordThatComesBeforeIt) {
   const std::string text = TypologyFile().text();
   const std::string rest = text.substr(text.find("TIPO"));
-  const TemporaryFolder folder;
-  EXPECT_EQ(
-      -4,
-      TypologyRecord(folder.write("casa.tip", "\n\"C\" = VIVIENDA\nSUBTIPO-2 = -4\n" + rest)).tipo);
+  EXPECT_EQ(-4, TypologyFile::recordOf("\n\"C\" = VIVIENDA\nSUBTIPO-2 = -4\n" + rest).tipo);
 }
 
 TEST(TypologyRecord, ViviendaIsFoundInACommentThatComesBeforeIt) {

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <utility>
+
+/// A text that is searched over and over for the same patterns, mostly ever further on. It keeps
+/// the last search of each pattern, so that many searches which end at the same place, or nowhere,
+/// cost one walk: a library's thousands of commands may share one "..", or lack one keyword.
+class SearchedText {
+ public:
+  explicit SearchedText(std::string bytes) : bytes_(std::move(bytes)) {}
+
+  std::string_view bytes() const { return bytes_; }
+
+  /// Position of the first `pattern` at or after `from`; npos when there is none.
+  std::size_t find(std::string_view pattern, std::size_t from) {
+    auto last = searches_.find(pattern);
+    if (last == searches_.end()) last = searches_.try_emplace(std::string(pattern)).first;
+    Search& search = last->second;
+    if (from < search.from || from > search.position) {
+      search = {from, bytes().find(pattern, from)};
+    }
+    return search.position;
+  }
+
+ private:
+  struct Search {
+    std::size_t from = 1;
+    std::size_t position = 0;
+  };
+
+  std::string bytes_;
+  std::map<std::string, Search, std::less<>> searches_;
+};

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <cstdio>
+#include <deque>
+#include <string>
+#include <string_view>
+
+#include "core/line_reader.h"
+
+/// The lines of an output, collected until somebody wants them. Most are copied from one input,
+/// whose bytes stay where they are: that input must outlive this object.
+class OutputLines {
+ public:
+  /// Lines that it holds; those beyond are lost without a message.
+  static constexpr int kCapacity = 100000;
+
+  /// Appends one line, put together from its parts; its line end is added. False when the capacity
+  /// is used up.
+  template <typename... Parts>
+  bool WriteLine(const Parts&... parts) {
+    if (!takesOneMore()) return false;
+    (own_.append(std::string_view(parts)), ...);
+    own_ += '\n';
+    runEnd_ = nullptr;
+    return true;
+  }
+  /// The same for the line that `source` last handed out.
+  bool CopyLine(const LineReader& source);
+  /// Makes room for so many bytes of lines that are not copied; a hint that saves time.
+  void expectBytes(std::size_t bytes) { own_.reserve(bytes); }
+
+  int count() const { return count_; }
+  /// All lines, each with its line feed.
+  std::string text() const;
+  /// Writes them all; false when `file` does not take them.
+  bool writeTo(std::FILE* file) const;
+
+ private:
+  /// A part of the output: bytes of `own_`, and behind them a run of lines of the input.
+  struct Part {
+    std::size_t ownEnd;  // in own_
+    const char* copied;
+    const char* copiedEnd;
+  };
+
+  bool takesOneMore();
+  template <typename Sink>
+  bool handOver(const Sink& sink) const;
+
+  int count_ = 0;
+  std::string own_;               // the output's own lines, each with its line feed
+  std::deque<Part> parts_;        // all lines, but for those at the end of own_
+  const char* runEnd_ = nullptr;  // end of the run that a copied line may go on; null: of none
+};

@@ -1,0 +1,42 @@
+#include "core/run_ended.h"
+
+#include <utility>
+
+#include "core/report_error.h"
+
+void SilentApplication::MessageBox(std::string_view text, std::string_view /*caption*/) {
+  fault_ = Fault{std::string(text), {}};
+}
+
+namespace {
+
+/// Gives the thread an application and no log for a while, and then what it had before.
+class ThreadOfARun {
+ public:
+  explicit ThreadOfARun(TApplication& application)
+      : application_(std::exchange(Application, &application)),
+        log_(std::exchange(ErrorLog, nullptr)) {}
+  ~ThreadOfARun() {
+    Application = application_;
+    ErrorLog = log_;
+  }
+  ThreadOfARun(const ThreadOfARun&) = delete;
+  ThreadOfARun& operator=(const ThreadOfARun&) = delete;
+
+ private:
+  TApplication* application_;
+  Global2* log_;
+};
+
+}  // namespace
+
+std::optional<Fault> faultOf(const std::function<void()>& body) {
+  SilentApplication application;
+  const ThreadOfARun thread(application);
+  try {
+    body();
+    return {};
+  } catch (const RunEnded&) {
+    return application.fault();
+  }
+}
