@@ -238,9 +238,7 @@ class FailingApplication : public RecordingApplication {
   void ProcessMessages() override {
     if (++processed == 3) throw exception_;
   }
-  void MessageBox(std::string_view text, std::string_view caption) override {
-    recordingApplication().MessageBox(text, caption);
-  }
+  void ShowFault(const Fault& fault) override { recordingApplication().ShowFault(fault); }
 
  private:
   Exception exception_;

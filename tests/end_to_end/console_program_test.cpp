@@ -118,11 +118,12 @@ TEST_F(ConsoleProgram, HelpAndVersionGoToStandardOutput) {
   EXPECT_TRUE(version.out.starts_with("tip2bdl-cli 0."));
 }
 
-TEST_F(ConsoleProgram, AFaultEndsWithThreeOneLineAnEmptyOutputAndNoMarker) {
+TEST_F(ConsoleProgram, AFaultEndsWithThreeItsPlaceAnEmptyOutputAndNoMarker) {
   folder_.write("casa.tip", "\"T\" = VIVIENDA\n..\n");
   const ProgramResult result = run();
   EXPECT_EQ(3, result.status);
-  EXPECT_EQ(kError + "En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD TIPO\n",
+  EXPECT_EQ(kError + "En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD TIPO\n  " +
+                folder_ / "casa.tip:1:7: \"T\" = VIVIENDA\n",
             result.err);
   EXPECT_EQ("", folder_.read("salida.bdl"));
   EXPECT_EQ("", folder_.read("Error.log"));
@@ -136,9 +137,10 @@ TEST_F(ConsoleProgram, AFaultInTheMiddleOfTheGenerationLeavesAnEmptyOutputToo) {
   folder_.write("salida.bdl", "de antes");
   const ProgramResult result = run();
   EXPECT_EQ(3, result.status);
-  EXPECT_EQ(
-      kError + "Error al generar el edificio. No se ha encontrado la clave: BUILD-PARAMETERS\n",
-      result.err);
+  EXPECT_EQ(kError +
+                "Error al generar el edificio. No se ha encontrado la clave: BUILD-PARAMETERS\n  " +
+                folder_ / "casa.bdl:22:1: END ..\n",
+            result.err);
   EXPECT_EQ("", folder_.read("salida.bdl"));
   EXPECT_FALSE(folder_.has("fin.txt"));
 }

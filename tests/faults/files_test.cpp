@@ -149,7 +149,8 @@ TEST_P(Files, AnInputThatNeverEndsIsAnError) {
     const FaultedRun result = run();
     EXPECT_FALSE(result.timedOut);
     EXPECT_EQ(3, result.status);
-    EXPECT_EQ(error("Error en el fichero " + path(name) + ", línea 1: contiene un carácter nulo"),
+    EXPECT_EQ(error("Error en el fichero " + path(name) + ", línea 1: contiene un carácter nulo") +
+                  "  " + path(name) + ":1:1:\n",
               result.err);
     EXPECT_FALSE(place_.hasMarker());
     fs::remove(path(name));
@@ -191,7 +192,7 @@ TEST_P(Files, AFileLargerThanTheMemoryIsAnError) {
   EXPECT_FALSE(result.timedOut);
   EXPECT_EQ(3, result.status);
   EXPECT_TRUE(result.err == error("No hay memoria suficiente") ||
-              result.err.ends_with("contiene un carácter nulo\n"))
+              messageLine(result.err).ends_with("contiene un carácter nulo\n"))
       << result.err;
   EXPECT_FALSE(place_.hasMarker());
 }

@@ -13,14 +13,21 @@ const fs::path kSample = fs::path(SOURCE_FOLDER) / "samples" / "casa-una-planta"
 const fs::path kGolden =
     fs::path(SOURCE_FOLDER) / "tests" / "golden" / "casa-una-planta" / "tipo-01.bdl";
 
-/// One line, with the caption and something behind it.
+/// One line, with the caption and something behind it; where the message has a place, that in a
+/// second line, two blanks in.
 bool isOneMessage(const std::string& err) {
   const std::string caption = kErrorCaption;
-  return err.starts_with(caption) && err.size() > caption.size() + 1 && err.ends_with('\n') &&
-         std::count(err.begin(), err.end(), '\n') == 1;
+  const std::string message = messageLine(err);
+  const std::string place = err.substr(message.size());
+  return message.starts_with(caption) && message.size() > caption.size() + 1 &&
+         message.ends_with('\n') &&
+         (place.empty() || (place.starts_with("  ") && place.ends_with('\n') &&
+                            std::count(place.begin(), place.end(), '\n') == 1));
 }
 
 }  // namespace
+
+std::string messageLine(const std::string& err) { return err.substr(0, err.find('\n') + 1); }
 
 Workplace::Workplace() {
   inputs_["casa.bdl"] = readFile(kSample / "casa-una-planta.bdl");

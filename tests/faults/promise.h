@@ -47,6 +47,9 @@ class Workplace {
   std::string expected_;
 };
 
+/// The first line of what a run said, with its line end: the message.
+std::string messageLine(const std::string& err);
+
 enum class Ending { kComplete, kMessage, kBroken };
 
 struct Verdict {

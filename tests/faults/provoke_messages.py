@@ -45,6 +45,11 @@ def sample_kind(tipo):
     return tipo if tipo > 21 else 13 + (tipo - 13) % 3
 
 
+def message_of(error):
+    """What was said, without the line that shows the place, which begins with two blanks."""
+    return re.sub(r"\n  [^\n]+:\d+:\d+:[^\n]*\n\Z", "\n", error)
+
+
 class Provoker:
     def __init__(self, program, document, samples, tests):
         self.program = Path(program).resolve()
@@ -78,7 +83,7 @@ class Provoker:
             if row.message.startswith("tip2bdl-cli: "):
                 said, status = run.error.split("\n")[0], self.number["usage"]
             else:
-                said, status = run.error, self.number["error"]
+                said, status = message_of(run.error), self.number["error"]
                 expected = f"{CAPTION}{expected}\n"
             if said != expected or run.status != status or run.has_marker():
                 return f"not with {status} and without a marker: {expected!r}"
@@ -89,7 +94,7 @@ class Provoker:
         """Inside a limit another check may speak, but not this row's."""
         says = re.compile(re.escape(CAPTION) + ".+".join(map(re.escape, row.pieces())) + "\n")
         self.run(spoil, tipo, lambda run: f"inside the limit of {row.cause!r}, and still"
-                 if says.fullmatch(run.error) or run.status not in (0, self.number["error"])
+                 if says.fullmatch(message_of(run.error)) or run.status not in (0, self.number["error"])
                  else None)
 
     def expect_complete(self, row, spoil, tipo):

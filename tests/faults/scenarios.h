@@ -45,9 +45,11 @@ inline std::vector<std::string> environmentOf(const Scenario& scenario) {
   return {std::string("LOCPATH=") + LOCALE_FOLDER, std::string("LC_ALL=") + scenario.locale};
 }
 
-/// Whether a run with a fault went as if there had been none.
+/// Whether a run with a fault went as if there had been none. (What the terminal's encoding lacks,
+/// or cannot be converted, would be a question mark.)
 inline bool wentItsWay(const Scenario& scenario, const Verdict& verdict, const FaultedRun& run) {
   if (*scenario.ownMessage == '\0') return verdict.ending == Ending::kComplete;
   return verdict.ending == Ending::kMessage &&
-         run.err == kErrorCaption + std::string(scenario.ownMessage) + "\n";
+         messageLine(run.err) == kErrorCaption + std::string(scenario.ownMessage) + "\n" &&
+         run.err.find('?') == std::string::npos;
 }

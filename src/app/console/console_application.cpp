@@ -26,11 +26,24 @@ void writeToStandardError(std::string_view text) {
 }
 
 ConsoleProgressBar* visibleBar = nullptr;
+
+/// Says lines of messages, in the terminal's encoding, in the place of the bar.
+void say(std::string_view lines) {
+  const std::string text = forTerminal(cp1252::toUtf8(lines));
+  if (visibleBar != nullptr) visibleBar->clear();
+  writeToStandardError(text);
+}
 }  // namespace
 
 void ConsoleApplication::MessageBox(std::string_view text, std::string_view caption) {
-  if (visibleBar != nullptr) visibleBar->clear();
-  writeToStandardError(forTerminal(cp1252::toUtf8(concat(caption, ": ", text, "\n"))));
+  say(concat(caption, ": ", text, "\n"));
+}
+
+void ConsoleApplication::ShowFault(const Fault& fault) {
+  const std::string place = fault.place ? asOneLine(*fault.place) : std::string();
+  // In one go: nothing may come between the two lines, nor fail there.
+  say(concat(kErrorCaption, ": ", fault.message, place.empty() ? "\n" : "\n  ", place,
+             place.empty() ? "" : "\n"));
 }
 
 void ConsoleApplication::endProcess(int status) { std::exit(status); }

@@ -5,11 +5,13 @@
 #include "core/platform.h"
 
 /// The desktop of a program without one. Messages are lines on standard error:
-/// "Se ha producido un error: " and the text.
+/// "Se ha producido un error: " and the text; a second line, two blanks in, shows the place of a
+/// fault that has one.
 class ConsoleApplication : public TApplication {
  public:
   void ProcessMessages() override {}
   void MessageBox(std::string_view text, std::string_view caption) override;
+  void ShowFault(const Fault& fault) override;
 
  private:
   void endProcess(int status) override;

@@ -17,6 +17,14 @@ void DesktopApplication::MessageBox(std::string_view text, std::string_view capt
   }
 }
 
+void DesktopApplication::ShowFault(const Fault& fault) {
+  if (hasScreen()) {
+    MessageBox(fault.message, kErrorCaption);
+  } else {
+    ConsoleApplication::ShowFault(fault);
+  }
+}
+
 void DesktopApplication::endProcess(int status) {
   std::fflush(nullptr);
   std::_Exit(status);

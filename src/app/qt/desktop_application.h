@@ -9,6 +9,7 @@ class DesktopApplication : public ConsoleApplication {
  public:
   void ProcessMessages() override;
   void MessageBox(std::string_view text, std::string_view caption) override;
+  void ShowFault(const Fault& fault) override;
 
  private:
   /// Leaves at once, from however deep inside event handlers: streams are flushed, but nothing is
