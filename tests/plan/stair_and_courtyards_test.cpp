@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <ostream>
 
 #include "plan/plan_fixture.h"
 
@@ -99,131 +100,162 @@ const FaultCase kSharedNaNs[] = {
     {"stair depth", block(240, 12, 48, 4, 32, kNaN), kBadStairDepth},
 };
 
+// What tells the families apart.
+
+const LimitCase kLimitsInFacades[] = {
+    {"a stair as deep as the block; just below, the courtyard meets it",
+     &PlanData::profundidadEscalera, 12, Valid::kBelow, block(200, 20, 40, 3, 40, 0), kNoFront,
+     kMeetsStair},
+    {"a courtyard that meets the stair", &PlanData::profundidadPatio, 3, Valid::kBelow,
+     block(200, 20, 40, 0, 20, 6), kMeetsStair},
+    {"a courtyard as long as the façade", &PlanData::profundidadPatio, 4, Valid::kAbove,
+     block(200, 8, 64, 0, 20, 6), kLongCourtyard},
+    {"a stair as long as the façade", &PlanData::profundidadEscalera, 6, Valid::kAbove,
+     block(200, 8, 20, 4, 48, 0), kNoSide},
+};
+const LimitCase kLimitsInSides[] = {
+    {"a stair as deep as the block", &PlanData::profundidadEscalera, 12, Valid::kBelow,
+     block(200, 20, 40, 3, 40, 0), kNoFront},
+    {"courtyards as wide as the block is deep", &PlanData::profundidadPatio, 12, Valid::kBelow,
+     block(200, 20, 40, 0, 20, 6), kThroughBlock},
+    {"courtyards that meet; just apart, they meet the stair", &PlanData::profundidadPatio, 4,
+     Valid::kAbove, block(200, 16, 64, 0, 20, 6), kLongCourtyard, kNoSide},
+    {"courtyards that meet the stair: 6 m from the side", &PlanData::profundidadPatio, 4,
+     Valid::kAbove, block(200, 16, 48, 0, 24, 6), kNoSide},
+};
+
+const FaultCase kFaultsInFacades[] = {
+    {"meets the stair and is too long", block(300, 20, 150, 2.5F, 40, 18), kMeetsStair},
+    {"too long, and so is the stair", block(200, 8, 64, 3.9F, 60, 6), kLongCourtyard},
+    {"only the stair is too long", block(200, 8, 20, 4, 60, 6), kNoSide},
+};
+const FaultCase kFaultsInSides[] = {
+    {"too wide for the block, and the stair too long", block(200, 20, 40, 13, 60, 2.5F),
+     kThroughBlock},
+    {"too long, and so is the stair", block(200, 16, 64, 3.9F, 70, 4), kLongCourtyard},
+    {"only the stair is too long", block(200, 16, 48, 4, 70, 4), kNoSide},
+};
+
+struct CourtyardsFamily {
+  const char* name;
+  Family plan;
+  PlanData example;  // a block of 12 m by 24 m, and what it gives
+  std::vector<Vertices> outlines;
+  PerFacade<int> numHuecosFachada;
+  PerFacade<float> superficieFachada;
+  PerFacade<float> superficiePatio;
+  std::span<const LimitCase> limits;  // of the derived lengths
+  std::span<const FaultCase> faults;
+};
+
+// D = 24, lp = 6, dE = 8, dPE = 4.
+const CourtyardsFamily kInFacades =
+    {.name = "InFacades",
+     .plan = planCourtyardsInFacades,
+     .example = block(240, 12, 48, 4, 32, 8),
+     .outlines =
+         {Vertices{{0, 0}, {12, 0}, {12, 24}, {0, 24}},
+          Vertices{
+              {0, 0}, {3, 0}, {3, 4}, {6, 4}, {6, 8}, {4, 8}, {4, 12}, {0, 12}, {0, 8}, {0, 4}},
+          Vertices{
+              {6, 4}, {9, 4}, {9, 0}, {12, 0}, {12, 4}, {12, 8}, {12, 12}, {8, 12}, {8, 8}, {6, 8}},
+          Vertices{{8, 12},
+                   {12, 12},
+                   {12, 16},
+                   {12, 20},
+                   {12, 24},
+                   {9, 24},
+                   {9, 20},
+                   {6, 20},
+                   {6, 16},
+                   {8, 16}},
+          Vertices{{0, 12},
+                   {4, 12},
+                   {4, 16},
+                   {6, 16},
+                   {6, 20},
+                   {3, 20},
+                   {3, 24},
+                   {0, 24},
+                   {0, 20},
+                   {0, 16}},
+          Vertices{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}},
+     .numHuecosFachada = {6, 18, 6, 18},
+     .superficieFachada = {54, 216, 54, 216},
+     .superficiePatio = {54, 72, 54, 72},
+     .limits = kLimitsInFacades,
+     .faults = kFaultsInFacades};
+
+// D = 24, lp = 2, dE = 8, dPE = 4; courtyards from y = 6 to 18.
+const CourtyardsFamily kInSides =
+    {.name = "InSides",
+     .plan = planCourtyardsInSides,
+     .example = block(240, 12, 48, 12, 32, 8),
+     .outlines =
+         {Vertices{{0, 0}, {12, 0}, {12, 24}, {0, 24}},
+          Vertices{
+              {0, 0}, {2, 0}, {4, 0}, {6, 0}, {6, 8}, {4, 8}, {4, 12}, {2, 12}, {2, 6}, {0, 6}},
+          Vertices{{6, 0},
+                   {8, 0},
+                   {10, 0},
+                   {12, 0},
+                   {12, 6},
+                   {10, 6},
+                   {10, 12},
+                   {8, 12},
+                   {8, 8},
+                   {6, 8}},
+          Vertices{{8, 12},
+                   {10, 12},
+                   {10, 18},
+                   {12, 18},
+                   {12, 24},
+                   {10, 24},
+                   {8, 24},
+                   {6, 24},
+                   {6, 16},
+                   {8, 16}},
+          Vertices{{2, 12},
+                   {4, 12},
+                   {4, 16},
+                   {6, 16},
+                   {6, 24},
+                   {4, 24},
+                   {2, 24},
+                   {0, 24},
+                   {0, 18},
+                   {2, 18}},
+          Vertices{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}},
+     .numHuecosFachada = {18, 6, 18, 6},
+     .superficieFachada = {108, 108, 108, 108},
+     .superficiePatio = {36, 108, 36, 108},
+     .limits = kLimitsInSides,
+     .faults = kFaultsInSides};
+
+/// How a test's listing names its family.
+void PrintTo(const CourtyardsFamily* family, std::ostream* out) { *out << family->name; }
+
+class PlanCourtyards : public testing::TestWithParam<const CourtyardsFamily*> {
+ protected:
+  const CourtyardsFamily& family_ = *GetParam();
+};
+
 }  // namespace
 
-TEST(PlanCourtyardsInFacades, HasFourQuartersAroundStairAndCourtyards) {
-  // D = 24, lp = 6, dE = 8, dPE = 4.
-  const Plan plan = drawn(planCourtyardsInFacades(block(240, 12, 48, 4, 32, 8)));
-  ASSERT_EQ(6U, plan.outlines.size());
-  EXPECT_EQ((Vertices{{0, 0}, {12, 0}, {12, 24}, {0, 24}}), plan.outlines[0].vertices);
-  EXPECT_EQ(
-      (Vertices{{0, 0}, {3, 0}, {3, 4}, {6, 4}, {6, 8}, {4, 8}, {4, 12}, {0, 12}, {0, 8}, {0, 4}}),
-      plan.outlines[1].vertices);
-  EXPECT_EQ(
-      (Vertices{
-          {6, 4}, {9, 4}, {9, 0}, {12, 0}, {12, 4}, {12, 8}, {12, 12}, {8, 12}, {8, 8}, {6, 8}}),
-      plan.outlines[2].vertices);
-  EXPECT_EQ((Vertices{{8, 12},
-                      {12, 12},
-                      {12, 16},
-                      {12, 20},
-                      {12, 24},
-                      {9, 24},
-                      {9, 20},
-                      {6, 20},
-                      {6, 16},
-                      {8, 16}}),
-            plan.outlines[3].vertices);
-  EXPECT_EQ((Vertices{{0, 12},
-                      {4, 12},
-                      {4, 16},
-                      {6, 16},
-                      {6, 20},
-                      {3, 20},
-                      {3, 24},
-                      {0, 24},
-                      {0, 20},
-                      {0, 16}}),
-            plan.outlines[4].vertices);
-  EXPECT_EQ((Vertices{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}),
-            plan.outlines[5].vertices);
+TEST_P(PlanCourtyards, HasFourQuartersAroundStairAndCourtyards) {
+  const Plan plan = drawn(family_.plan(family_.example));
+  ASSERT_EQ(family_.outlines.size(), plan.outlines.size());
+  for (std::size_t i = 0; i < plan.outlines.size(); ++i) {
+    EXPECT_EQ(family_.outlines[i], plan.outlines[i].vertices) << i;
+  }
 }
 
-TEST(PlanCourtyardsInFacades, HasTheseBaysAndAreas) {
-  const Plan plan = drawn(planCourtyardsInFacades(block(240, 12, 48, 4, 32, 8)));
-  EXPECT_EQ((PerFacade<int>{6, 18, 6, 18}), plan.numHuecosFachada);
-  EXPECT_EQ((PerFacade<float>{54, 216, 54, 216}), plan.superficieFachada);
+TEST_P(PlanCourtyards, HasTheseBaysAndAreas) {
+  const Plan plan = drawn(family_.plan(family_.example));
+  EXPECT_EQ(family_.numHuecosFachada, plan.numHuecosFachada);
+  EXPECT_EQ(family_.superficieFachada, plan.superficieFachada);
   EXPECT_EQ((PerFacade<int>{6, 6, 6, 6}), plan.numHuecosPatio);
-  EXPECT_EQ((PerFacade<float>{54, 72, 54, 72}), plan.superficiePatio);
-}
-
-TEST(PlanCourtyardsInFacades, RejectsItsLimitsThemselves) {
-  expectLimits(planCourtyardsInFacades, kSharedLimits);
-}
-
-TEST(PlanCourtyardsInFacades, RejectsTheLimitsOfItsDerivedLengths) {
-  const LimitCase limits[] = {
-      {"a stair as deep as the block; just below, the courtyard meets it",
-       &PlanData::profundidadEscalera, 12, Valid::kBelow, block(200, 20, 40, 3, 40, 0), kNoFront,
-       kMeetsStair},
-      {"a courtyard that meets the stair", &PlanData::profundidadPatio, 3, Valid::kBelow,
-       block(200, 20, 40, 0, 20, 6), kMeetsStair},
-      {"a courtyard as long as the façade", &PlanData::profundidadPatio, 4, Valid::kAbove,
-       block(200, 8, 64, 0, 20, 6), kLongCourtyard},
-      {"a stair as long as the façade", &PlanData::profundidadEscalera, 6, Valid::kAbove,
-       block(200, 8, 20, 4, 48, 0), kNoSide},
-  };
-  expectLimits(planCourtyardsInFacades, limits);
-}
-
-TEST(PlanCourtyardsInFacades, FirstFailingCheckSpeaks) {
-  expectFaults(planCourtyardsInFacades, kSharedFaults);
-  const FaultCase faults[] = {
-      {"meets the stair and is too long", block(300, 20, 150, 2.5F, 40, 18), kMeetsStair},
-      {"too long, and so is the stair", block(200, 8, 64, 3.9F, 60, 6), kLongCourtyard},
-      {"only the stair is too long", block(200, 8, 20, 4, 60, 6), kNoSide},
-  };
-  expectFaults(planCourtyardsInFacades, faults);
-}
-
-TEST(PlanCourtyardsInFacades, RejectsWhatIsNotANumber) {
-  expectFaults(planCourtyardsInFacades, kSharedNaNs);
-}
-
-TEST(PlanCourtyardsInSides, HasFourQuartersAroundStairAndCourtyards) {
-  // D = 24, lp = 2, dE = 8, dPE = 4; courtyards from y = 6 to 18.
-  const Plan plan = drawn(planCourtyardsInSides(block(240, 12, 48, 12, 32, 8)));
-  ASSERT_EQ(6U, plan.outlines.size());
-  EXPECT_EQ((Vertices{{0, 0}, {12, 0}, {12, 24}, {0, 24}}), plan.outlines[0].vertices);
-  EXPECT_EQ(
-      (Vertices{{0, 0}, {2, 0}, {4, 0}, {6, 0}, {6, 8}, {4, 8}, {4, 12}, {2, 12}, {2, 6}, {0, 6}}),
-      plan.outlines[1].vertices);
-  EXPECT_EQ(
-      (Vertices{
-          {6, 0}, {8, 0}, {10, 0}, {12, 0}, {12, 6}, {10, 6}, {10, 12}, {8, 12}, {8, 8}, {6, 8}}),
-      plan.outlines[2].vertices);
-  EXPECT_EQ((Vertices{{8, 12},
-                      {10, 12},
-                      {10, 18},
-                      {12, 18},
-                      {12, 24},
-                      {10, 24},
-                      {8, 24},
-                      {6, 24},
-                      {6, 16},
-                      {8, 16}}),
-            plan.outlines[3].vertices);
-  EXPECT_EQ((Vertices{{2, 12},
-                      {4, 12},
-                      {4, 16},
-                      {6, 16},
-                      {6, 24},
-                      {4, 24},
-                      {2, 24},
-                      {0, 24},
-                      {0, 18},
-                      {2, 18}}),
-            plan.outlines[4].vertices);
-  EXPECT_EQ((Vertices{{4, 8}, {6, 8}, {8, 8}, {8, 12}, {8, 16}, {6, 16}, {4, 16}, {4, 12}}),
-            plan.outlines[5].vertices);
-}
-
-TEST(PlanCourtyardsInSides, HasTheseBaysAndAreas) {
-  const Plan plan = drawn(planCourtyardsInSides(block(240, 12, 48, 12, 32, 8)));
-  EXPECT_EQ((PerFacade<int>{18, 6, 18, 6}), plan.numHuecosFachada);
-  EXPECT_EQ((PerFacade<float>{108, 108, 108, 108}), plan.superficieFachada);
-  EXPECT_EQ((PerFacade<int>{6, 6, 6, 6}), plan.numHuecosPatio);
-  EXPECT_EQ((PerFacade<float>{36, 108, 36, 108}), plan.superficiePatio);
+  EXPECT_EQ(family_.superficiePatio, plan.superficiePatio);
 }
 
 TEST(PlanCourtyardsInSides, SidesAreTheBlockWithoutTheCourtyards) {
@@ -233,35 +265,18 @@ TEST(PlanCourtyardsInSides, SidesAreTheBlockWithoutTheCourtyards) {
   EXPECT_EQ((PerFacade<float>{54, 72, 54, 72}), plan.superficiePatio);
 }
 
-TEST(PlanCourtyardsInSides, RejectsItsLimitsThemselves) {
-  expectLimits(planCourtyardsInSides, kSharedLimits);
+TEST_P(PlanCourtyards, RejectsItsLimitsThemselves) { expectLimits(family_.plan, kSharedLimits); }
+
+TEST_P(PlanCourtyards, RejectsTheLimitsOfItsDerivedLengths) {
+  expectLimits(family_.plan, family_.limits);
 }
 
-TEST(PlanCourtyardsInSides, RejectsTheLimitsOfItsDerivedLengths) {
-  const LimitCase limits[] = {
-      {"a stair as deep as the block", &PlanData::profundidadEscalera, 12, Valid::kBelow,
-       block(200, 20, 40, 3, 40, 0), kNoFront},
-      {"courtyards as wide as the block is deep", &PlanData::profundidadPatio, 12, Valid::kBelow,
-       block(200, 20, 40, 0, 20, 6), kThroughBlock},
-      {"courtyards that meet; just apart, they meet the stair", &PlanData::profundidadPatio, 4,
-       Valid::kAbove, block(200, 16, 64, 0, 20, 6), kLongCourtyard, kNoSide},
-      {"courtyards that meet the stair: 6 m from the side", &PlanData::profundidadPatio, 4,
-       Valid::kAbove, block(200, 16, 48, 0, 24, 6), kNoSide},
-  };
-  expectLimits(planCourtyardsInSides, limits);
+TEST_P(PlanCourtyards, FirstFailingCheckSpeaks) {
+  expectFaults(family_.plan, kSharedFaults);
+  expectFaults(family_.plan, family_.faults);
 }
 
-TEST(PlanCourtyardsInSides, FirstFailingCheckSpeaks) {
-  expectFaults(planCourtyardsInSides, kSharedFaults);
-  const FaultCase faults[] = {
-      {"too wide for the block, and the stair too long", block(200, 20, 40, 13, 60, 2.5F),
-       kThroughBlock},
-      {"too long, and so is the stair", block(200, 16, 64, 3.9F, 70, 4), kLongCourtyard},
-      {"only the stair is too long", block(200, 16, 48, 4, 70, 4), kNoSide},
-  };
-  expectFaults(planCourtyardsInSides, faults);
-}
+TEST_P(PlanCourtyards, RejectsWhatIsNotANumber) { expectFaults(family_.plan, kSharedNaNs); }
 
-TEST(PlanCourtyardsInSides, RejectsWhatIsNotANumber) {
-  expectFaults(planCourtyardsInSides, kSharedNaNs);
-}
+INSTANTIATE_TEST_SUITE_P(Plan, PlanCourtyards, testing::Values(&kInFacades, &kInSides),
+                         [](const auto& family) { return std::string(family.param->name); });
