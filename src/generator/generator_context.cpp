@@ -1,14 +1,11 @@
 #include "generator/generator_context.h"
 
-#include <algorithm>
 #include <cmath>
-#include <variant>
 
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/numbers.h"
 #include "core/report_error.h"
-#include "typology/vivienda_keywords.h"
 
 namespace {
 
@@ -18,16 +15,27 @@ bool isAirChangeSchedule(std::string_view line) {
   return line.find("VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )") != std::string_view::npos;
 }
 
-/// Where the first of the typology's numbers stands that is not finite, and comes into the output
-/// by itself or by what is computed from it.
-Place placeOfNotFinite(const TypologyRecord& typology) {
-  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
-    if (const auto* field = std::get_if<float TypologyRecord::*>(&keyword.field)) {
-      if (!std::isfinite(typology.*(*field))) return typology.placeOf(keyword.name);
-    } else if (const auto* list = std::get_if<PerFacade<float> TypologyRecord::*>(&keyword.field)) {
-      const auto isFinite = [](float value) { return std::isfinite(value); };
-      if (!std::ranges::all_of(typology.*(*list), isFinite)) return typology.placeOf(keyword.name);
-    }
+/// The keywords of VIVIENDA that the output's reals come from. Those of plan and shades are finite
+/// once the plan has passed its checks.
+constexpr struct {
+  std::string_view written;
+  std::string_view origin;
+} kOrigins[] = {
+    {"AZIMUTH", "ORIENTACION"},
+    {"FLOOR-HEIGHT", "ALTURA-PLANTA"},
+    {"SPACE-HEIGHT", "ALTURA-PLANTA"},
+    {"HEIGHT", "ALTURA-PLANTA"},  // a space's; a window is no taller than a storey
+    {"AIR-CHANGES/HR", "AIR-CHANGES/HR"},
+    {"VALUES", "AIR-CHANGES/HR"},
+    // A street window exists by its own percentage, but a tall one takes the courtyard's.
+    {"X", "PORCENTAJE-PATIO"},
+    {"WIDTH", "PORCENTAJE-PATIO"},
+};
+
+/// Where the number stands that the value of `written` comes from.
+Place placeOfOrigin(const TypologyRecord& typology, std::string_view written) {
+  for (const auto& row : kOrigins) {
+    if (row.written == written) return typology.placeOf(row.origin);
   }
   return typology.placeOf({});
 }
@@ -73,8 +81,8 @@ void GeneratorContext::requireFiniteOutput() const {
   const std::string what =
       concat("el valor de ", notFiniteKeyword_, " en la salida no es un número finito: "_cp1252,
              formatReal(notFiniteValue_));
-  ReportFailure(ErrorLog,
-                {errorInFile(typology_.fuente().name(), 0, what), placeOfNotFinite(typology_)});
+  ReportFailure(ErrorLog, {errorInFile(typology_.fuente().name(), 0, what),
+                           placeOfOrigin(typology_, notFiniteKeyword_)});
 }
 
 void GeneratorContext::failAtLine(long number, Span span, std::string_view what) const {

@@ -298,3 +298,15 @@ TEST(PlaceOfANumberThatIsNotFinite, OfAListIsTheWholeList) {
   EXPECT_EQ("casa.tip:8:22 [( nan, 0, 0, 0 )]",
             placeOfGeneration(lines, typology, tableOf({"\"V\"", "1 0 0 0 0 180 90 1"})));
 }
+
+TEST(PlaceOfANumberThatIsNotFinite, IsFoundBehindOthersThatAreNotWritten) {
+  EXPECT_EQ("casa.tip:7:17 [nan]",
+            placeOfGeneration(house(), houseWith("  AREA-PATIO = nan\n  ORIENTACION = nan\n")));
+}
+
+TEST(PlaceOfANumberThatIsNotFinite, OfAFiniteOneIsTheValueThatItComesFrom) {
+  // Four times as many air changes as these are more than a real can hold.
+  EXPECT_EQ("casa.tip:6:20 [1e-40]",
+            placeOfGeneration(house({"VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )"}),
+                              houseWith("  AIR-CHANGES/HR = 1e-40\n")));
+}
