@@ -9,6 +9,7 @@
 #include "core/global2.h"
 #include "core/report_error.h"
 #include "support/recording_application.h"
+#include "support/skip_for_lack_of.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -167,7 +168,7 @@ TEST_F(FicheroErrors, ANulByteIsFoundFarBehindTheStart) {
 }
 
 TEST_F(FicheroErrors, AnEndlessDeviceIsNotReadForEver) {
-  if (!std::filesystem::exists("/dev/zero")) GTEST_SKIP() << "no /dev/zero here";
+  if (!std::filesystem::exists("/dev/zero")) SKIP_FOR_LACK_OF("/dev/zero");
   EXPECT_EQ("Error en el fichero /dev/zero, línea 1: contiene un carácter nulo",
             openedIn("/dev/zero", "lectura"));
 }

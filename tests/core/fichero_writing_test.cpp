@@ -10,6 +10,7 @@
 
 #include "core/fichero.h"
 #include "support/recording_application.h"
+#include "support/skip_for_lack_of.h"
 #include "support/temporary_folder.h"
 
 namespace {
@@ -151,7 +152,7 @@ TEST(FicheroWriting, AWriteThatFailsHalfwayLeavesTheOutputEmpty) {
 }
 
 TEST(FicheroWriting, AWriteThatOnlyFailsAtTheCloseIsAnError) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   EXPECT_EXIT(
       {
         ExitingApplication exiting;
@@ -162,18 +163,18 @@ TEST(FicheroWriting, AWriteThatOnlyFailsAtTheCloseIsAnError) {
 }
 
 TEST(FicheroWriting, AWriteThatFailsIsAboutTheFileAsAWhole) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   EXPECT_EQ("/dev/full", stopPlace([] { save("/dev/full", "a"); }));
 }
 
 TEST(FicheroWriting, AFullDeviceIsNoErrorWithoutALineToWrite) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   EXPECT_EQ(kNotStopped, stopMessage([] { fichero("/dev/full", "escritura").guardar(); }));
 }
 
 // A destructor that reports would end the process while another fault is on its way.
 TEST(FicheroWriting, AFullDeviceIsNoErrorWhenNobodySaves) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   EXPECT_EQ(kNotStopped, stopMessage([] {
               fichero file("/dev/full", "escritura");
               for (int line = 0; line < 20000; ++line) file.WriteLine("una línea");

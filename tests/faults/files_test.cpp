@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "faults/surroundings.h"
+#include "support/skip_for_lack_of.h"
 
 // Devices, folders, links, pipes and endless files where a run expects its files.
 
@@ -187,7 +188,7 @@ TEST_P(Files, AFileLargerThanTheMemoryIsAnError) {
 #endif
   std::error_code unable;
   fs::resize_file(path("casa.tip"), std::uintmax_t{1} << 42, unable);  // a hole, on no disk
-  if (unable) GTEST_SKIP() << "no files of that size here";
+  if (unable) SKIP_FOR_LACK_OF("a disk that takes a hole of 4 TiB");
   const FaultedRun result = run();
   EXPECT_FALSE(result.timedOut);
   EXPECT_EQ(3, result.status);

@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sched.h>
 #include <signal.h>
@@ -5,6 +6,9 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 #include <filesystem>
 
 #include "faults/surroundings.h"
@@ -63,6 +67,36 @@ FaultedRun withoutRemarks(FaultedRun run) {
   }
   run.err = messages;
   return run;
+}
+
+/// The status of a child whose kernel lets it mount nothing; it has said which call failed.
+constexpr int kNoDisk = 77;
+
+void orNoDisk(const char* call, bool succeeded) {
+  if (succeeded) return;
+  dprintf(STDERR_FILENO, "%s gives %s", call, strerrorname_np(errno));
+  _exit(kNoDisk);
+}
+
+void tellKernel(const char* file, const std::string& text) {
+  const int opened = open(file, O_WRONLY | O_CLOEXEC);
+  orNoDisk(file, write(opened, text.data(), text.size()) == static_cast<ssize_t>(text.size()));
+  close(opened);
+}
+
+/// Mounts, in a child, a disk of its own that is gone with it. Everybody may do so in a space of
+/// users of his own; he stays who he is there.
+void mountDisk(const std::string& where, const char* options) {
+  const std::string user = std::to_string(geteuid());
+  const std::string group = std::to_string(getegid());
+  if (unshare(CLONE_NEWNS) != 0) {
+    orNoDisk("unshare", unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0);
+    tellKernel("/proc/self/uid_map", user + " " + user + " 1");
+    tellKernel("/proc/self/setgroups", "deny");
+    tellKernel("/proc/self/gid_map", group + " " + group + " 1");
+  }
+  orNoDisk("mount", mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0);
+  orNoDisk("mount", mount("", where.c_str(), "tmpfs", 0, options) == 0);
 }
 
 }  // namespace
@@ -144,18 +178,13 @@ TEST_P(Limits, AFullDiskTakesNeitherOutputNorMarker) {
   fs::create_directory(path("disco"));
   const auto smallDisk = [this](const char* size) {
     RunOptions options;
-    const std::string where = path("disco");
-    options.inChild = [where, size] {
-      // A disk of the child's own, gone with it. 77: not here.
-      if (unshare(CLONE_NEWNS) != 0) _exit(77);
-      if (mount("", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) _exit(77);
-      if (mount("", where.c_str(), "tmpfs", 0, size) != 0) _exit(77);
-    };
+    options.inChild = [where = path("disco"), size] { mountDisk(where, size); };
     return options;
   };
   const std::string output = path("disco/salida.bdl");
   FaultedRun result = runWith(kOutput, output, smallDisk("size=8k"));
-  if (result.status == 77) GTEST_SKIP() << "no disks can be mounted here";
+  // Containers forbid it, which no package mends.
+  if (result.status == kNoDisk) GTEST_SKIP() << "the kernel forbids mounting: " << result.err;
   expectMessage(error("Error al escribir fichero: " + output), result);
 
   expectMessage(cannotWrite(output), runWith(kOutput, output, smallDisk("nr_inodes=1")));

@@ -20,20 +20,26 @@ constexpr int kReportFile = 100;
 std::vector<std::string> environmentFor(const RunOptions& options) {
   std::vector<std::string> added = options.environment;
   std::string preloaded;
-  for (const std::string& library : options.preloaded) preloaded += library + ' ';
+  for (const std::string& library : options.preloaded) {
+    preloaded += options.standInFor(library) + ' ';
+  }
   added.push_back("ASAN_OPTIONS=detect_leaks=0:allocator_may_return_null=1");
   if (const LibraryFault* fault = options.fault) {
     added.insert(added.end(),
                  {"FAULT_CALL=" + fault->call, "FAULT_AT=" + std::to_string(fault->at),
                   "FAULT_ERRNO=" + std::to_string(fault->error), "FAULT_KIND=" + fault->kind,
                   "FAULT_FILES=" + fault->files, "FAULT_REPORT=" + std::to_string(kReportFile)});
-    preloaded += FAULT_SHIM;
+    preloaded += options.standInFor(FAULT_SHIM);
   }
   if (!preloaded.empty()) added.push_back("LD_PRELOAD=" + preloaded);
   return environmentWith(added);
 }
 
 }  // namespace
+
+std::string RunOptions::standInFor(const std::string& file) const {
+  return copies.empty() ? file : copies + file.substr(file.rfind('/'));
+}
 
 MemoryFile::MemoryFile() : file_(memfd_create("what a program says", MFD_CLOEXEC)) {
   if (file_ < 0) throw std::runtime_error("no file in memory");
@@ -88,7 +94,8 @@ FaultedRun runUnder(const std::string& program, const std::vector<std::string>& 
   const MemoryFile out;
   const MemoryFile err;
   const MemoryFile injected;
-  std::vector<std::string> words = {program};
+  const std::string started = options.standInFor(program);
+  std::vector<std::string> words = {started};
   words.insert(words.end(), arguments.begin(), arguments.end());
   StringArray argv(words);
   StringArray environment(environmentFor(options));
@@ -102,7 +109,7 @@ FaultedRun runUnder(const std::string& program, const std::vector<std::string>& 
     dup2(err.number(), STDERR_FILENO);
     dup2(injected.number(), kReportFile);
     options.inChild();
-    execve(program.c_str(), argv.data(), environment.data());
+    execve(started.c_str(), argv.data(), environment.data());
     _exit(kNotStarted);
   }
 

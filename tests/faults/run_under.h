@@ -26,10 +26,14 @@ struct LibraryFault {
 };
 
 struct RunOptions {
+  /// The copy of `file`, a program or a library, where there are copies, otherwise itself.
+  std::string standInFor(const std::string& file) const;
+
   std::function<void()> inChild = [] {};  // before the program starts: limits, closed streams ...
   const LibraryFault* fault = nullptr;
   std::vector<std::string> environment;  // "NAME=value"
   std::vector<std::string> preloaded;    // libraries
+  std::string copies;                    // folder of copies of all that was built; empty: none
   int patienceMs = 10'000;
   int killAfterMicroseconds = -1;  // kills the run at that moment
 };

@@ -35,12 +35,15 @@ class Surroundings : public testing::TestWithParam<Program> {
 
 /// Surroundings that the program meets as nobody: root is stopped by no permission, and its
 /// programs may spoil what belongs to the machine (without memory the fonts' library writes empty
-/// caches).
+/// caches). What was built may lie in a folder that only its owner can enter, so copies are run.
 class SurroundingsOfNobody : public Surroundings {
  protected:
   void SetUp() override;
   /// For a run as nobody; `then` is called behind the change.
   RunOptions asNobody(std::function<void()> then = [] {}) const;
+
+ private:
+  TemporaryFolder copies_;
 };
 
 inline std::string programName(const testing::TestParamInfo<Program>& info) {

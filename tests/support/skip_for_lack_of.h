@@ -12,8 +12,9 @@ inline bool onBuildServer() {
   return ci != nullptr && *ci != '\0';
 }
 
-/// Leaves a test that cannot do without `tool`, of the machine: skipped, or failed on a build
-/// server.
+/// Leaves a test that cannot do without `tool` (a program, a user, a folder, a device of the
+/// machine): skipped, or failed on a build server. Only what no set-up mends is skipped there too,
+/// with its reason: what a sanitizer, the kernel or the processor does not let happen.
 #define SKIP_FOR_LACK_OF(tool)                                                \
   do {                                                                        \
     if (onBuildServer()) FAIL() << (tool) << " is missing on a build server"; \
