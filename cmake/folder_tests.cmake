@@ -1,6 +1,7 @@
 # folder_tests(NAME source...): the tests of the folder src/NAME. Builds NAME_test on the library of
 # the same name and registers every test that CMake finds in it.
 # discover_tests(TARGET): the same for a test program that stands on its own.
+# skip_for_lack_of(NAME TOOL): tests called NAME that cannot be built without TOOL.
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
@@ -30,4 +31,10 @@ function(folder_tests name)
   add_executable(${name}_test ${ARGN})
   target_link_libraries(${name}_test PRIVATE ${name} test_support)
   discover_tests(${name}_test)
+endfunction()
+
+function(skip_for_lack_of name tool)
+  add_test(NAME ${name}
+    COMMAND ${CMAKE_COMMAND} -DTOOL=${tool} -P ${PROJECT_SOURCE_DIR}/cmake/lacking_test.cmake)
+  set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION "^skipped: ")
 endfunction()

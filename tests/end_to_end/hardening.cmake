@@ -1,6 +1,10 @@
 # The hardening of the release programs. Without sanitizers only: they bring their own.
+if(NOT CMAKE_BUILD_TYPE STREQUAL "Release" OR SANITIZE)
+  return()
+endif()
 find_program(READELF readelf)
-if(NOT READELF OR NOT CMAKE_BUILD_TYPE STREQUAL "Release" OR SANITIZE)
+if(NOT READELF)
+  skip_for_lack_of(Hardening readelf)
   return()
 endif()
 find_package(Python3 3.9 REQUIRED COMPONENTS Interpreter)
