@@ -7,13 +7,25 @@ as_root() {
   if [ "$(id -u)" -eq 0 ]; then "$@"; else sudo "$@"; fi
 }
 
-# Installs the packages of scripts/packages.txt that this machine lacks.
+# packages_of GROUP ...: the packages of those groups of scripts/packages.txt.
+packages_of() {
+  local group
+  for group in "$@"; do
+    awk -v group="$group" '/^# group: / {on = $3 == group; found = found || on}
+      on && /^[^#]/ {print}
+      END {exit !found}' scripts/packages.txt ||
+      { echo "scripts/packages.txt has no group '$group'" >&2; return 1; }
+  done
+}
+
+# install_packages GROUP ...: installs those of the groups' packages that this machine lacks.
 install_packages() {
-  local missing=() package
+  local missing=() packages package
+  packages=$(packages_of "$@")
   while read -r package; do
     dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null | grep -qx installed ||
       missing+=("$package")
-  done < <(grep -v '^#' scripts/packages.txt)
+  done < <(sort -u <<<"$packages")
   [ ${#missing[@]} -eq 0 ] && return
   echo "== Installing: ${missing[*]}"
   as_root apt-get update -qq
