@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "app/run_generation_fixture.h"
+#include "support/skip_for_lack_of.h"
 
 // What a run is stopped by, where that stands, and what it leaves.
 
@@ -129,7 +130,7 @@ TEST_F(RunFaults, AnInputThatIsThereAndCannotBeReadEndsTheRun) {
 }
 
 TEST_F(RunFaults, AnOutputThatCannotBeWrittenEndsTheRun) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   RunPaths paths = building_.as<RunPaths>();
   paths.outputFile = "/dev/full";
   const Fault fault = stopOf(paths);
@@ -138,7 +139,7 @@ TEST_F(RunFaults, AnOutputThatCannotBeWrittenEndsTheRun) {
 }
 
 TEST_F(RunFaults, AFaultThatIsOnItsWayIsNotHiddenByTheOutputs) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   folder_.write("casa.tip", "");
   RunPaths paths = building_.as<RunPaths>();
   paths.outputFile = "/dev/full";

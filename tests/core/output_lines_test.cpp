@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "core/line_reader.h"
+#include "support/skip_for_lack_of.h"
 #include "support/temporary_folder.h"
 
 // Lines of an output's own, and lines handed on from an input, which stay there until somebody
@@ -224,7 +225,7 @@ TEST(OutputLines, MayBeWantedTwice) {
 }
 
 TEST(OutputLines, AFileThatDoesNotTakeThemIsSaid) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   const Stream full(std::fopen("/dev/full", "w"));
   std::setvbuf(full.get(), nullptr, _IONBF, 0);
   OutputLines output;

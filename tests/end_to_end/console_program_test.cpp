@@ -118,12 +118,12 @@ TEST_F(ConsoleProgram, HelpAndVersionGoToStandardOutput) {
   EXPECT_TRUE(version.out.starts_with("tip2bdl-cli 0."));
 }
 
-TEST_F(ConsoleProgram, AFaultEndsWithThreeItsPlaceAnEmptyOutputAndNoMarker) {
+TEST_F(ConsoleProgram, AFaultEndsWithThreeItsMessageAnEmptyOutputAndNoMarker) {
   folder_.write("casa.tip", "\"T\" = VIVIENDA\n..\n");
   const ProgramResult result = run();
   EXPECT_EQ(3, result.status);
   EXPECT_EQ(kError + "En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD TIPO\n  " +
-                folder_ / "casa.tip:1:7: \"T\" = VIVIENDA\n",
+                (folder_ / "casa.tip") + ":1:7: \"T\" = VIVIENDA\n",
             result.err);
   EXPECT_EQ("", folder_.read("salida.bdl"));
   EXPECT_EQ("", folder_.read("Error.log"));
@@ -139,10 +139,20 @@ TEST_F(ConsoleProgram, AFaultInTheMiddleOfTheGenerationLeavesAnEmptyOutputToo) {
   EXPECT_EQ(3, result.status);
   EXPECT_EQ(kError +
                 "Error al generar el edificio. No se ha encontrado la clave: BUILD-PARAMETERS\n  " +
-                folder_ / "casa.bdl:22:1: END ..\n",
+                (folder_ / "casa.bdl") + ":22:1: END ..\n",
             result.err);
   EXPECT_EQ("", folder_.read("salida.bdl"));
   EXPECT_FALSE(folder_.has("fin.txt"));
+}
+
+TEST_F(ConsoleProgram, AFaultWithALineShowsItBelowItsMessage) {
+  folder_.write("casa.tip",
+                toCp1252("$ Año\n") + "\"T\" = VIVIENDA\n  TIPO = 1 NUMERO-PLANTAS = 0\n..");
+  EXPECT_EQ(
+      kError +
+          "En el COMMAND VIVIENDA del fichero *.tip el NUMERO-PLANTAS debe ser mayor que 0\n  " +
+          (folder_ / "casa.tip") + ":3:29: TIPO = 1 NUMERO-PLANTAS = 0\n",
+      run().err);
 }
 
 TEST_F(ConsoleProgram, AnEarlierMarkerIsNotTakenAwayByAFault) {

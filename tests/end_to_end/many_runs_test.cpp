@@ -16,6 +16,7 @@
 #include "end_to_end/samples.h"
 #include "generator/generation_sequence.h"
 #include "generator/template.h"
+#include "support/skip_for_lack_of.h"
 #include "support/temporary_folder.h"
 #include "typology/typology_record.h"
 
@@ -200,7 +201,7 @@ class Worker {
 }  // namespace
 
 TEST(ManyRuns, InThreadsGiveTheBytesThatEachGivesAlone) {
-  if (!std::filesystem::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
+  if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
   const std::vector<Work> work = allWork();
   ASSERT_FALSE(work.empty());
   const std::size_t total = kRounds * work.size();
