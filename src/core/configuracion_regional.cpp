@@ -3,32 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
-#ifdef _WIN32
-#include <windows.h>
-#else
-#include <langinfo.h>
-#include <locale.h>
-#endif
-
 #include "core/numbers.h"
-
-namespace {
-
-char askRegionalSeparator() {
-#ifdef _WIN32
-  char text[8] = ".";
-  GetLocaleInfoA(LOCALE_USER_DEFAULT, LOCALE_SDECIMAL, text, sizeof text);
-  return text[0];
-#else
-  const locale_t regional = newlocale(LC_NUMERIC_MASK, "", nullptr);
-  if (regional == nullptr) return '.';
-  const char separator = *nl_langinfo_l(RADIXCHAR, regional);
-  freelocale(regional);
-  return separator != '\0' ? separator : '.';
-#endif
-}
-
-}  // namespace
+#include "core/regional_separator.h"
 
 char separadorDecimalRegional() {
   static const char separator = askRegionalSeparator();
