@@ -1,6 +1,5 @@
 #include "app/run_safely.h"
 
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -8,22 +7,12 @@
 #include <string_view>
 #include <utility>
 
+#include "app/failing_writes.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
 
 namespace {
-
-/// A write into a closed pipe, or beyond the largest file that is allowed, is to fail as any other
-/// does; left alone, the system would end the process.
-void letWritesFail() {
-#ifdef SIGPIPE
-  std::signal(SIGPIPE, SIG_IGN);
-#endif
-#ifdef SIGXFSZ
-  std::signal(SIGXFSZ, SIG_IGN);
-#endif
-}
 
 /// Reports the exception that nobody can catch. Where there is none, it is the memory for one that
 /// was missing.

@@ -7,9 +7,11 @@
 inline constexpr std::string_view kNoMemory = "No hay memoria suficiente";
 inline constexpr std::string_view kUnexpected = "Error inesperado: ";
 
-/// Runs a program's body and gives its exit status. What the body throws (out of memory, or the
-/// unexpected) ends the process as every error does: a message and exit code 3. So does what cannot
-/// be caught, because it is thrown where nothing may be or is no standard exception.
+/// Runs a program's body and gives its exit status. An exception that the body throws (out of
+/// memory, or the unexpected) ends the process as every error does: a message and exit code 3. An
+/// exception that no catch can see, because it is thrown in a destructor or another function that
+/// may not throw, or because it is not derived from std::exception, ends it in the same way, by a
+/// terminate handler.
 int runSafely(const std::function<int()>& body);
 
 /// Ends the process as an error does where nothing is to be relied on: without memory, boxes or the
