@@ -5,13 +5,6 @@
 #include <cstdlib>
 #include <string>
 
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <fcntl.h>
-#include <unistd.h>
-#endif
-
 #include "app/console/terminal_text.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
@@ -63,17 +56,3 @@ void ConsoleProgressBar::clear() {
   drawn_ = false;
   visibleBar = nullptr;
 }
-
-#ifdef _WIN32
-bool standardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
-void openStandardStreams() {}
-#else
-bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
-
-void openStandardStreams() {
-  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
-    // The lowest free number is the one that was found closed.
-    if (fcntl(stream, F_GETFD) == -1) open("/dev/null", O_RDWR);
-  }
-}
-#endif

@@ -32,11 +32,3 @@ class ConsoleProgressBar : public TProgressBar {
   bool drawn_ = false;
   int position_ = 0;
 };
-
-/// Whether standard error is a terminal.
-bool standardErrorIsTerminal();
-
-/// Makes sure that the three standard streams are open, on the null device where the caller closed
-/// them: otherwise the first file opened would take the place of standard error, and a message
-/// would be written into it.
-void openStandardStreams();

@@ -5,6 +5,7 @@
 #include "app/completion_marker.h"
 #include "app/console/arguments.h"
 #include "app/console/console_application.h"
+#include "app/console/standard_streams.h"
 #include "app/console/terminal_text.h"
 #include "app/run_generation.h"
 #include "app/run_safely.h"

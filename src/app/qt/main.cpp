@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "app/completion_marker.h"
-#include "app/console/console_application.h"
+#include "app/console/standard_streams.h"
 #include "app/qt/desktop_application.h"
 #include "app/qt/framework_faults.h"
 #include "app/qt/frm_calculo.h"

@@ -1,16 +1,11 @@
-#include "app/console/terminal_text.h"
-
-#ifndef _WIN32
 #include <iconv.h>
 #include <langinfo.h>
 #include <locale.h>
-#endif
+
+#include "app/console/terminal_text.h"
 
 namespace {
 
-#ifdef _WIN32
-std::string terminalEncoding() { return "UTF-8"; }
-#else
 /// The encoding of the environment's locale; the process's own locale stays "C".
 std::string terminalEncoding() {
   const locale_t environment = newlocale(LC_CTYPE_MASK, "", nullptr);
@@ -46,20 +41,15 @@ std::string converted(std::string_view utf8, iconv_t converter) {
   }
   return out;
 }
-#endif
 
 }  // namespace
 
 std::string forTerminal(std::string_view utf8) {
   const std::string encoding = terminalEncoding();
   if (encoding == "UTF-8") return std::string(utf8);
-#ifdef _WIN32
-  return std::string(utf8);
-#else
   const iconv_t converter = iconv_open(encoding.c_str(), "UTF-8");
   if (converter == reinterpret_cast<iconv_t>(-1)) return std::string(utf8);
   std::string text = converted(utf8, converter);
   iconv_close(converter);
   return text;
-#endif
 }

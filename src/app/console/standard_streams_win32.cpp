@@ -1,0 +1,9 @@
+#include <io.h>
+
+#include <cstdio>
+
+#include "app/console/standard_streams.h"
+
+bool standardErrorIsTerminal() { return _isatty(_fileno(stderr)) != 0; }
+
+void openStandardStreams() {}  // the C library keeps their numbers free
