@@ -15,13 +15,8 @@ struct Signal {
 };
 
 constexpr Signal kSignals[] = {
-    {SIGABRT, "SIGABRT"}, {SIGFPE, "SIGFPE"}, {SIGILL, "SIGILL"}, {SIGSEGV, "SIGSEGV"},
-#ifdef SIGBUS
-    {SIGBUS, "SIGBUS"},
-#endif
-#ifdef SIGTRAP
-    {SIGTRAP, "SIGTRAP"},
-#endif
+    {SIGABRT, "SIGABRT"}, {SIGBUS, "SIGBUS"},   {SIGFPE, "SIGFPE"},
+    {SIGILL, "SIGILL"},   {SIGSEGV, "SIGSEGV"}, {SIGTRAP, "SIGTRAP"},
 };
 
 [[noreturn]] void endOnSignal(int number) {

@@ -1,5 +1,13 @@
 #include "app/qt/screen.h"
 
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QString>
@@ -11,45 +19,11 @@
 #include "core/cp1252.h"
 #include "core/report_error.h"
 
-#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
-#define SCREEN_MAY_BE_MISSING
-#include <fcntl.h>
-#include <poll.h>
-#include <signal.h>
-#include <sys/resource.h>
-#include <sys/socket.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
-
 namespace {
 
 bool showsNothing(const QString& platform) {
   return platform == "offscreen" || platform == "minimal";
 }
-
-}  // namespace
-
-void endAsAnErrorIfScreenIsLost() {
-  std::atexit([] {
-    ConsoleApplication().MessageBox("Se ha perdido la conexión con la pantalla"_cp1252,
-                                    kErrorCaption);
-    std::_Exit(kExitError);
-  });
-}
-
-bool hasScreen() {
-  return QCoreApplication::instance() != nullptr && !showsNothing(QGuiApplication::platformName());
-}
-
-#ifndef SCREEN_MAY_BE_MISSING
-
-ScreenChoice::ScreenChoice() = default;
-ScreenChoice::~ScreenChoice() = default;
-
-#else
-
-namespace {
 
 constexpr int kPatience = 10'000;  // ms; a screen that has not answered by then never will
 
@@ -122,4 +96,14 @@ ScreenChoice::~ScreenChoice() {
   }
 }
 
-#endif
+void endAsAnErrorIfScreenIsLost() {
+  std::atexit([] {
+    ConsoleApplication().MessageBox("Se ha perdido la conexión con la pantalla"_cp1252,
+                                    kErrorCaption);
+    std::_Exit(kExitError);
+  });
+}
+
+bool hasScreen() {
+  return QCoreApplication::instance() != nullptr && !showsNothing(QGuiApplication::platformName());
+}
