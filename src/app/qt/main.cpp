@@ -2,13 +2,13 @@
 #include <clocale>
 #include <optional>
 
-#include "app/completion_marker.h"
 #include "app/console/standard_streams.h"
+#include "app/desktop/platform_command_line.h"
+#include "app/desktop/start_up.h"
 #include "app/qt/desktop_application.h"
 #include "app/qt/framework_faults.h"
 #include "app/qt/frm_calculo.h"
 #include "app/qt/pictures.h"
-#include "app/qt/platform_command_line.h"
 #include "app/qt/principal.h"
 #include "app/qt/screen.h"
 #include "app/run_safely.h"
@@ -35,18 +35,15 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // a message box is a window too
 
-    const RunPaths paths = splitCommandLine(platformCommandLine(argc, argv));
-    TPrincipal mainForm(nullptr, paths.dataFile, paths.typologyFile, paths.outputFile,
-                        paths.markerFile);
-    TfrmCalculo inputForm(nullptr);
-    Principal = &mainForm;
-    frmCalculo = &inputForm;
-    QObject::connect(Principal, &QDialog::finished, [] { QCoreApplication::exit(); });
-    Principal->show();
-    QApplication::exec();
-
-    createCompletionMarker(paths.markerFile);
-    // Who sees the marker is told no other thing: taking the framework down could still fail.
-    Application->Terminate(0);
+    std::optional<TPrincipal> mainForm;  // the forms too are there for as long as the process
+    std::optional<TfrmCalculo> inputForm;
+    startUp(platformCommandLine(argc, argv), [&](const RunPaths& paths) {
+      Principal = &mainForm.emplace(nullptr, paths.dataFile, paths.typologyFile, paths.outputFile,
+                                    paths.markerFile);
+      frmCalculo = &inputForm.emplace(nullptr);
+      QObject::connect(Principal, &QDialog::finished, [] { QCoreApplication::exit(); });
+      Principal->show();
+      QApplication::exec();
+    });
   });
 }

@@ -10,15 +10,10 @@
 #include "app/qt/fonts.h"
 #include "app/qt/pictures.h"
 #include "app/qt/progress_bar.h"
-#include "app/run_generation.h"
-#include "app/run_safely.h"
-#include "core/platform.h"
 
 TPrincipal* Principal = nullptr;
 
 namespace {
-
-constexpr int kIdleTicks = 2;
 
 /// The form is drawn at 144 pixels per inch; the framework counts 96 and scales for the screen.
 constexpr int fromDesign(int pixels) { return (pixels * 96 + 72) / 144; }
@@ -32,7 +27,7 @@ constexpr int kBarWidth = fromDesign(492);
 
 TPrincipal::TPrincipal(QWidget* owner, const std::string& item0, const std::string& item1,
                        const std::string& item2, const std::string& item3)
-    : QDialog(owner), paths_{item0, item1, item2, item3} {
+    : QDialog(owner), run_({item0, item1, item2, item3}) {
   setObjectName("Principal");
   setWindowTitle("Calculando ...");
   // A title and nothing to click on it.
@@ -89,22 +84,14 @@ QLabel* TPrincipal::stage(const char* name, int designTop, const char* caption, 
 void TPrincipal::FormShow() { Timer1->start(); }
 
 void TPrincipal::Timer1Timer() {
-  if (ticks_ < kIdleTicks) {
-    ++ticks_;
-    return;
-  }
+  if (!run_.tick()) return;
   Timer1->stop();
-  // Nothing that is thrown may cross the framework, which called this.
-  runSafely([this] {
-    Application->ProcessMessages();
-    return RunGeneration(*pbBarra, paths_);
-  });
-  runOver_ = true;
+  run_.run(*pbBarra);
   close();
 }
 
 void TPrincipal::reject() {
-  if (runOver_) QDialog::reject();
+  if (run_.isOver()) QDialog::reject();
 }
 
 void TPrincipal::showEvent(QShowEvent* event) {

@@ -3,7 +3,7 @@
 #include <QDialog>
 #include <string>
 
-#include "app/command_line.h"
+#include "app/desktop/progress_run.h"
 
 class ProgressBar;
 class QFrame;
@@ -42,9 +42,7 @@ class TPrincipal : public QDialog {
  private:
   QLabel* stage(const char* name, int designTop, const char* caption, bool bold = false);
 
-  RunPaths paths_;
-  int ticks_ = 0;
-  bool runOver_ = false;
+  ProgressRun run_;
 };
 
 /// The main form; set by start-up.

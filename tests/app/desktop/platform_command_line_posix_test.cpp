@@ -1,8 +1,6 @@
-#include "app/qt/platform_command_line.h"
+#include "app/desktop/platform_command_line.h"
 
 #include <gtest/gtest.h>
-
-#ifndef _WIN32
 
 TEST(PlatformCommandLine, LeavesTheProgramNameOut) {
   const char* const argv[] = {"/usr/bin/tip2bdl", "#a.bdl,b.tip,c.bdl,d.txt"};
@@ -19,5 +17,3 @@ TEST(PlatformCommandLine, IsEmptyWithoutArguments) {
   EXPECT_EQ("", platformCommandLine(1, argv));
   EXPECT_EQ("", platformCommandLine(0, nullptr));
 }
-
-#endif

@@ -1,0 +1,12 @@
+#include "app/desktop/start_up.h"
+
+#include "app/completion_marker.h"
+#include "core/platform.h"
+
+void startUp(std::string_view commandLine, const std::function<void(const RunPaths&)>& runForms) {
+  const RunPaths paths = splitCommandLine(commandLine);
+  runForms(paths);
+  createCompletionMarker(paths.markerFile);
+  // Who sees the marker is told no other thing: taking the forms down could still fail.
+  Application->Terminate(0);
+}
