@@ -57,3 +57,12 @@ TEST(FolderArrows, OnlyTheWindowKnowsQt) {
     }
   }
 }
+
+TEST(FolderArrows, OnlyFilesThatAreChosenForWindowsKnowIt) {
+  const fs::path root = fs::path(SOURCE_FOLDER) / "src";
+  for (const auto& [file, includes] : includesOfSources()) {
+    EXPECT_EQ(std::string::npos, readFile((root / file).string()).find("_WIN32")) << file;
+    if (file.starts_with("app/win32/") || file.ends_with("_win32.cpp")) continue;
+    for (const std::string& include : includes) EXPECT_NE("<windows.h>", include) << file;
+  }
+}
