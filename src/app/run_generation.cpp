@@ -4,30 +4,17 @@
 #include <utility>
 
 #include "app/executable_path.h"
-#include "bdl/valores_por_defecto.h"
-#include "core/cp1252.h"
 #include "core/fichero.h"
 #include "core/global2.h"
 #include "core/path_table.h"
 #include "core/paths.h"
 #include "core/report_error.h"
 #include "generator/generation_sequence.h"
+#include "generator/run_inputs.h"
 #include "generator/template.h"
 #include "typology/typology_record.h"
 
 namespace {
-
-std::string composedPath(const std::string& folder, const std::string& name) {
-  std::string path = folder + name;
-  requirePathWithin(path, kComposedPathCapacity);
-  return path;
-}
-
-void requireFile(const std::string& path, std::string_view message) {
-  if (!fileExists(path)) ReportFailure(ErrorLog, {std::string(message), wholeFile(path)});
-}
-
-SourceText textOf(const std::string& path) { return fichero(path, "lectura").takeText(); }
 
 /// Opens Error.log for the time of a run and makes it the thread's error log.
 class ErrorLogOfRun {
@@ -74,23 +61,13 @@ int RunGeneration(TProgressBar& progressBar, const RunPaths& paths) {
   // From here on failures can be logged; the log of an earlier run is emptied.
   const ErrorLogOfRun errorLog(composedPath(folderOf(paths.markerFile), "Error.log"));
 
-  std::string tablePath = paths.dataFile;
-  Global2::cambiarExtension(tablePath, "tbl");
-  requirePathWithin(tablePath, kPathCapacity);
-  requireFile(paths.dataFile, "No existe el fichero de datos *.bdl");
-  requireFile(tablePath, "No existe el fichero de datos *.tbl");
-  requireFile(paths.typologyFile, "No existe el fichero de datos *.tip");
-  const std::string defaultsPath = composedPath(folderOf(paths.dataFile), "defectos.inp");
-  requireFile(defaultsPath, "No existe el fichero de librería defectos.inp"_cp1252);
-
-  const ValoresPorDefecto defaults(textOf(defaultsPath));
-  SourceText building = textOf(paths.dataFile);
-  SourceText table = textOf(tablePath);
+  const InputPaths inputs = requireInputs(paths.dataFile, paths.typologyFile);
+  TemplateTexts texts = readTemplateTexts(inputs);
   // Opened, and emptied, before the table and the typology are looked at; behind the template,
   // whose place it may take.
   fichero output(paths.outputFile, "escritura");
-  const Template plantilla(std::move(building), std::move(table));
-  const TypologyRecord typology(textOf(paths.typologyFile));
+  const Template plantilla(std::move(texts.building), std::move(texts.table));
+  const TypologyRecord typology(readText(inputs.typology));
   generate(plantilla, typology, output.lines(), progressBar);
   output.guardar();
   return 1;

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "core/source_text.h"
+
+/// The input files of a run, in the order in which they are looked for and read. All that carries a
+/// run out goes through the same steps, so that it ends with the same message.
+
+struct InputPaths {
+  std::string building;  // template, *.bdl
+  std::string table;     // the same path with the extension "tbl"
+  std::string typology;  // *.tip
+  std::string defaults;  // defectos.inp in the template's folder
+};
+
+/// A path of `folder` and `name`; one that is too long ends the run.
+std::string composedPath(const std::string& folder, const std::string& name);
+
+/// The text of the file `path`; one that cannot be read ends the run.
+SourceText readText(const std::string& path);
+
+/// Where the inputs of a template and a typology lie; one that is missing ends the run.
+InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile);
+
+struct TemplateTexts {
+  SourceText building;
+  SourceText table;
+};
+
+/// Reads what does not depend on the typology: the defaults library, which is checked and then
+/// forgotten, the template and its table.
+TemplateTexts readTemplateTexts(const InputPaths& paths);
