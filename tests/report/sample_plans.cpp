@@ -1,0 +1,42 @@
+#include "report/sample_plans.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+float between(std::mt19937& random, double low, double high) {
+  const double share = static_cast<double>(random()) / 4294967296.0;
+  return static_cast<float>(std::round(low * std::pow(high / low, share) * 100) / 100);
+}
+
+}  // namespace
+
+PlanData randomPlan(int tipo, std::mt19937& random) {
+  for (;;) {
+    PlanData data;
+    data.tipo = tipo;
+    data.areaPlanta = between(random, tipo < 10 ? 30 : 125, tipo < 10 ? 1000 : 4000);
+    data.longitudFachada = between(random, 3, data.areaPlanta / 3);
+    data.areaPatio = between(random, 4, data.areaPlanta / 3);
+    data.areaEscalera = between(random, 6, data.areaPlanta / 4);
+    data.profundidadPatio = between(random, 2, data.areaPatio / 2);
+    data.profundidadEscalera = between(random, 2, data.areaEscalera / 2);
+    if (std::holds_alternative<Plan>(planTipologia(data))) return data;
+  }
+}
+
+void forRandomPlans(int count, const std::function<void(const PlanData&, const Plan&)>& body) {
+  std::mt19937 random(20240607);
+  for (const int tipo : {1, 2, 10, 13, 14, 15, 18, 21, 22, 23}) {
+    for (int i = 0; i < count; ++i) {
+      const PlanData data = randomPlan(tipo, random);
+      SCOPED_TRACE(testing::Message()
+                   << "tipo " << tipo << ", A " << data.areaPlanta << ", Ap " << data.areaPatio
+                   << ", Ae " << data.areaEscalera << ", L " << data.longitudFachada << ", Pp "
+                   << data.profundidadPatio << ", Pe " << data.profundidadEscalera);
+      body(data, std::get<Plan>(planTipologia(data)));
+    }
+  }
+}
