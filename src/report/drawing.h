@@ -52,7 +52,8 @@ enum class Sign {
   kRoof,
   kLitWall,
   kShadedWall,
-  kLast  // how many there are
+  kPane,  // a window seen at an angle
+  kLast   // how many there are
 };
 
 /// Lines or areas of one sign, written in one piece.

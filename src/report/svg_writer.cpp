@@ -56,9 +56,10 @@ constexpr std::array<Looks, static_cast<std::size_t>(Sign::kLast)> kLooks = {{
     {"contorno", Ink::kInk, 0.5, Ink::kNone, "stroke-linecap:square"},
     {"forjado", Ink::kInk, 0.18, Ink::kNone, ""},
     {"hueco", Ink::kInk, 0.18, Ink::kGlass, ""},
-    {"cubierta", Ink::kNone, 0.0, Ink::kTone1, ""},
-    {"luz", Ink::kNone, 0.0, Ink::kTone2, ""},
-    {"sombra", Ink::kNone, 0.0, Ink::kTone3, ""},
+    {"cubierta", Ink::kTone1, 0.18, Ink::kTone1, ""},
+    {"luz", Ink::kTone2, 0.18, Ink::kTone2, ""},
+    {"sombra", Ink::kTone3, 0.18, Ink::kTone3, ""},
+    {"vidrio", Ink::kGlass, 0.1, Ink::kGlass, ""},
 }};
 
 constexpr double kFontOfCapitals = 1 / 0.716;

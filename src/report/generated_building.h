@@ -1,0 +1,86 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "generator/table_file.h"
+#include "plan/plan.h"
+#include "report/written_commands.h"
+
+/// A generated building read back: what the run really wrote. A command stands in the last FLOOR,
+/// SPACE and wall before it. Lengths in m, areas in m2, names as written (Windows-1252).
+namespace report {
+
+struct WrittenFloor {
+  std::string name;
+  double height = 0;   // floor to floor
+  int multiplier = 1;  // storeys that it stands for
+  double level = 0;    // of its lowest storey, above the ground
+};
+
+struct WrittenSpace {
+  std::string name;
+  int floor = 0;     // index
+  int outline = -1;  // of the plan; -1: its polygon is none of the plan's
+  double area = 0;   // of one
+  double height = 0;
+  int multiplier = 1;    // with the floor's
+  bool counted = false;  // its zone's flag in the table
+};
+
+enum class SurfaceKind {
+  kFacade,     // to the street
+  kCourtyard,  // to a courtyard; the ends of a row's stair as well
+  kParty,
+  kPartition,  // between spaces
+  kInner,      // inside one space
+  kSlab,       // between storeys
+  kRoof,
+  kGround,
+  kOther  // without a place that could be read
+};
+
+struct WrittenSurface {
+  SurfaceKind kind = SurfaceKind::kOther;
+  std::string name;
+  std::string construction;
+  int space = -1;
+  int multiplier = 1;
+  double area = 0;  // gross, of one
+  // Of walls on an edge of their space's outline; as seen from outside, left to right.
+  Facade side = kSouth;
+  double x0 = 0, y0 = 0, x1 = 0, y1 = 0;
+};
+
+struct WrittenWindow {
+  std::string name;
+  int wall = -1;                               // index into surfaces
+  double x = 0, y = 0, width = 0, height = 0;  // in its wall, from the lower left corner
+  int multiplier = 1;
+  bool takesCourtyard = false;  // as the run read its name in the table
+  bool storeyHigh = false;      // in the template, which makes it take the courtyard's data
+  double area() const { return width * height; }
+};
+
+struct GeneratedBuilding {
+  std::vector<WrittenFloor> floors;
+  std::vector<WrittenSpace> spaces;
+  std::vector<WrittenSurface> surfaces;
+  std::vector<WrittenWindow> windows;
+  PerFacade<int> lostStreet{};  // windows of the template that the run removed
+  PerFacade<int> lostCourtyard{};
+  std::map<std::string, CommandCount> commands;
+
+  int storeys() const;
+  /// Of the lowest storey; all have the same.
+  double storeyHeight() const { return floors.empty() ? 0 : floors.front().height; }
+  double height() const;
+};
+
+/// `output`: the text that a run of `typology` wrote, whose bytes `typologyText` stand at its end;
+/// `original`: the template's text; `plan`: of the typology.
+GeneratedBuilding readBuilding(std::string_view output, std::string_view typologyText,
+                               std::string_view original, const TableFile& table, const Plan& plan);
+
+}  // namespace report

@@ -1,0 +1,165 @@
+#include "report/measures.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "report/plan_cells.h"
+#include "report/plan_rooms.h"
+#include "report/words.h"
+
+namespace report {
+
+namespace {
+
+constexpr double kSizingHeight = 3.0;  // m
+constexpr double kNearly = 1e-3;       // m, m2
+
+bool isOuterWall(SurfaceKind kind) {
+  return kind == SurfaceKind::kFacade || kind == SurfaceKind::kCourtyard;
+}
+
+FacadeMeasure facadeOf(const GeneratedBuilding& building, const Asked& asked, Facade side,
+                       bool courtyard, int bayCount) {
+  FacadeMeasure facade;
+  facade.side = side;
+  facade.courtyard = courtyard;
+  facade.azimuth = realAzimuth(side, asked.giro);
+  facade.asked = (courtyard ? asked.courtyard : asked.street)[side];
+  const SurfaceKind kind = courtyard ? SurfaceKind::kCourtyard : SurfaceKind::kFacade;
+  for (const WrittenSurface& wall : building.surfaces) {
+    if (wall.kind == kind && wall.side == side) facade.wall += wall.area * wall.multiplier;
+  }
+  bool storeyHigh = false;
+  for (const WrittenWindow& window : building.windows) {
+    const WrittenSurface& wall = building.surfaces[static_cast<std::size_t>(window.wall)];
+    if (wall.kind != kind || wall.side != side) continue;
+    facade.openings += window.area() * window.multiplier;
+    facade.windows += window.multiplier;
+    storeyHigh |= window.storeyHigh && !window.takesCourtyard;
+  }
+  if (facade.wall > 0) facade.obtained = 100 * facade.openings / facade.wall;
+
+  const auto because = [&](bool holds, GlazingReason reason) {
+    if (holds) facade.reasons.push_back(reason);
+  };
+  const bool any = facade.windows > 0;
+  because(any && std::abs(building.storeyHeight() - kSizingHeight) > 1e-4,
+          GlazingReason::kStoreyHeight);
+  because(any && facade.asked > 100, GlazingReason::kCappedAtBay);
+  because(any && storeyHigh, GlazingReason::kStoreyHigh);
+  const auto& lost = courtyard ? building.lostCourtyard : building.lostStreet;
+  because(!(facade.asked > 0) && lost[side] > 0, GlazingReason::kRemoved);
+  because(facade.asked > 0 && facade.windows < bayCount * building.storeys(),
+          GlazingReason::kBaysWithout);
+  return facade;
+}
+
+double sumOf(const GeneratedBuilding& building, SurfaceKind kind) {
+  double sum = 0;
+  for (const WrittenSurface& surface : building.surfaces) {
+    if (surface.kind == kind) sum += surface.area * surface.multiplier;
+  }
+  return sum;
+}
+
+void addSpaces(Measures& measures, const GeneratedBuilding& building, const Plan& plan) {
+  std::vector<Room> names = rooms(plan);
+  for (std::size_t i = 0; i < building.spaces.size(); ++i) {
+    const WrittenSpace& space = building.spaces[i];
+    if (space.floor != 0) continue;
+    SpaceMeasure measure;
+    const auto room = std::ranges::find(names, space.outline, &Room::region);
+    measure.name = room == names.end() ? space.name : room->name;
+    measure.area = space.area;
+    measure.volume = space.area * space.height;
+    for (std::size_t k = 0; k < building.surfaces.size(); ++k) {
+      const WrittenSurface& surface = building.surfaces[k];
+      if (surface.space != static_cast<int>(i)) continue;
+      if (surface.kind == SurfaceKind::kFacade) measure.facade += surface.area;
+      if (surface.kind == SurfaceKind::kCourtyard) measure.courtyard += surface.area;
+      if (surface.kind == SurfaceKind::kParty) measure.party += surface.area;
+      if (surface.kind == SurfaceKind::kPartition) measure.partition += surface.area;
+      for (const WrittenWindow& window : building.windows) {
+        if (window.wall == static_cast<int>(k)) measure.openings += window.area();
+      }
+    }
+    measures.spaces.push_back(std::move(measure));
+  }
+}
+
+}  // namespace
+
+std::string_view reasonText(GlazingReason reason) {
+  switch (reason) {
+    case GlazingReason::kStoreyHeight:
+      return "altura de planta distinta de 3,00 m";
+    case GlazingReason::kCappedAtBay:
+      return "ventana limitada al paño";
+    case GlazingReason::kStoreyHigh:
+      return "ventana de altura de planta en la plantilla";
+    case GlazingReason::kRemoved:
+      return "eliminada (0 %)";
+    case GlazingReason::kBaysWithout:
+      return "paños sin ventana en la plantilla";
+  }
+  return "";
+}
+
+std::size_t directionIndex(double azimuth) {
+  const auto found = std::ranges::find(kDirections, directionSymbol(azimuth));
+  return static_cast<std::size_t>(found - kDirections.begin());
+}
+
+Measures measure(const GeneratedBuilding& building, const Plan& plan, const Asked& asked) {
+  Measures m;
+  m.storeys = building.storeys();
+  m.storeyHeight = building.storeyHeight();
+  const auto dwellings = std::ranges::count(plan.outlines, Role::kDwelling, &Outline::role);
+  // A house is one dwelling, of all its storeys.
+  m.dwellings = dwellings == 1 ? 1 : static_cast<int>(dwellings) * m.storeys;
+  for (const WrittenSpace& space : building.spaces) {
+    if (space.floor == 0) m.footprint += space.area;
+    m.floorArea += space.area * space.multiplier;
+    if (space.counted) m.countedArea += space.area * space.multiplier;
+    m.volume += space.area * space.height * space.multiplier;
+  }
+
+  PerFacade<int> streetBays{}, courtyardBays{};
+  for (const Bay& bay : bays(PlanCells(plan)))
+    ++(bay.courtyard ? courtyardBays : streetBays)[bay.side];
+  for (const bool courtyard : {false, true}) {
+    for (const Facade side : kSides) {
+      const FacadeMeasure facade = facadeOf(building, asked, side, courtyard,
+                                            (courtyard ? courtyardBays : streetBays)[side]);
+      if (facade.wall < kNearly) continue;
+      m.openings += facade.openings;
+      m.openingsByDirection[directionIndex(facade.azimuth)] += facade.openings;
+      m.facadeByDirection[directionIndex(facade.azimuth)] += facade.wall;
+      m.facades.push_back(facade);
+    }
+  }
+  m.facade = sumOf(building, SurfaceKind::kFacade);
+  m.courtyard = sumOf(building, SurfaceKind::kCourtyard);
+  m.party = sumOf(building, SurfaceKind::kParty);
+  m.roof = sumOf(building, SurfaceKind::kRoof);
+  m.ground = sumOf(building, SurfaceKind::kGround);
+  m.partition = sumOf(building, SurfaceKind::kPartition);
+  m.inner = sumOf(building, SurfaceKind::kInner);
+  m.slabs = sumOf(building, SurfaceKind::kSlab);
+  const double exchanging = m.facade + m.courtyard + m.roof + m.ground;
+  if (exchanging > 0) m.compactness = m.volume / exchanging;
+  if (m.floorArea > 0) m.openingsByFloor = 100 * m.openings / m.floorArea;
+
+  for (const WrittenWindow& window : building.windows) {
+    const WrittenSurface& wall = building.surfaces[static_cast<std::size_t>(window.wall)];
+    if (!isOuterWall(wall.kind)) continue;
+    if (window.y + window.height > m.storeyHeight + kNearly) {
+      m.headsAboveCeiling += window.multiplier;
+    }
+    if (window.height > m.storeyHeight + kNearly) m.tallerThanStorey += window.multiplier;
+  }
+  addSpaces(m, building, plan);
+  return m;
+}
+
+}  // namespace report
