@@ -76,10 +76,20 @@ void writePath(std::string& out, const Shape& shape) {
   out += looksOf(shape.sign).name;
   out += "\" d=\"";
   for (const std::vector<Point>& points : shape.lines) {
-    const char* command = "M";
+    std::string lastX, lastY;
     for (const Point& point : points) {
-      out += command + coordinate(point.x) + " " + coordinate(point.y);
-      command = "L";
+      const std::string x = coordinate(point.x), y = coordinate(point.y);
+      if (&point == &points.front()) {
+        out += "M" + x + " " + y;
+      } else if (y == lastY) {
+        out += "H" + x;
+      } else if (x == lastX) {
+        out += "V" + y;
+      } else {
+        out += "L" + x + " " + y;
+      }
+      lastX = x;
+      lastY = y;
     }
     if (shape.closed) out += "Z";
   }

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace report {
+
+/// Tells one input from another: 16 hexadecimal digits (XXH3, 64 bits, canonical order). No
+/// protection against somebody who means to deceive.
+std::string fingerprint(std::string_view bytes);
+
+}  // namespace report
