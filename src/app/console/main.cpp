@@ -1,4 +1,5 @@
 #include <cstdio>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -7,6 +8,7 @@
 #include "app/console/console_application.h"
 #include "app/console/standard_streams.h"
 #include "app/console/terminal_text.h"
+#include "app/console/works/work.h"
 #include "app/run_generation.h"
 #include "app/run_safely.h"
 #include "app/version.h"
@@ -30,7 +32,7 @@ int say(std::string_view utf8) {
   return 0;
 }
 
-int answer(const HelpRequest&) { return say(kHelp); }
+int answer(const HelpRequest&) { return say(std::string(kHelp) + listOfWorks()); }
 
 int answer(const VersionRequest&) { return say(std::string("tip2bdl-cli ") + kVersion + "\n"); }
 
@@ -55,6 +57,10 @@ int main(int argc, char* argv[]) {
   Application = &application;
   return runSafely([&] {
     const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    // Told apart before anything of a work is built: a run is as lean as it was.
+    if (const Work* work = arguments.empty() ? nullptr : findWork(arguments[0])) {
+      return runWork(*work, std::span(arguments).subspan(1));
+    }
     return std::visit([](const auto& request) { return answer(request); },
                       parseArguments(arguments));
   });

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <map>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The works around the run (comprobar, plano, informe, lote): `tip2bdl-cli WORK [options]
+/// operands`. A work is a row of kWorks, an option a row that several works may share, so that it
+/// cannot mean two things; the parser and the help are loops over them.
+
+enum class Complete { kNone, kFile, kWord };
+
+/// All texts UTF-8.
+struct Option {
+  std::string_view name;   // "--salida"
+  std::string_view value;  // what stands behind it, "FICHERO"; empty for a switch
+  std::string_view brief;
+  std::string_view detail = {};                    // a second sentence
+  std::span<const std::string_view> choices = {};  // the words that it takes; empty for any
+  Complete complete = Complete::kNone;
+};
+
+/// What a work was called with.
+struct WorkArguments {
+  std::vector<std::string> operands;
+  std::map<std::string_view, std::string> values;  // by the option's name; those that were given
+
+  /// The value of an option, or `otherwise`.
+  std::string value(std::string_view option, std::string_view otherwise = {}) const;
+  bool has(std::string_view option) const { return values.contains(option); }
+};
+
+struct Work {
+  std::string_view name;
+  std::string_view brief;
+  std::string_view operands;  // of the usage line: "PLANTILLA.bdl TIPOLOGIA.tip"
+  std::string_view detail;    // paragraph of its help
+  std::span<const Option* const> options;
+  std::size_t leastOperands;
+  std::size_t mostOperands;
+  int (*run)(const WorkArguments&);  // the exit code
+};
+
+// Exit codes of the works, besides kExitError.
+inline constexpr int kExitDone = 0;
+inline constexpr int kExitFaultsFound = 1;
+inline constexpr int kExitWrongCommandLine = 2;
+
+std::span<const Work> works();
+
+/// The work that `argument`, a command line's first, is the name of; null for a run.
+const Work* findWork(std::string_view argument);
+
+/// Carries the work out with the arguments behind its name. A wrong command line is told on
+/// standard error; `--help` is answered on standard output.
+int runWork(const Work& work, std::span<const std::string> arguments);
+
+std::string helpOf(const Work& work);
+/// One line a work, for the program's own help.
+std::string listOfWorks();
+
+// The rows that works share.
+extern const Option kSalida;
+extern const Option kHelpOption;
