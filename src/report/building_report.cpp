@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "core/cp1252.h"
+#include "core/paths.h"
 #include "report/building_views.h"
 #include "report/fingerprint.h"
 #include "report/words.h"
@@ -35,6 +37,12 @@ struct ValueText {
   }
   std::string operator()(IgnoredText) const { return {}; }
 };
+
+/// As a rater writes it.
+std::string unitText(std::string_view unit) {
+  if (unit == "m2") return "m²";
+  return unit == "1/h" ? "ren/h" : cp1252::toUtf8(unit);
+}
 
 std::string fixedValue(std::string_view keyword, const TypologyRecord& record) {
   if (keyword == "CUBIERTA") return record.cubierta;
@@ -92,6 +100,8 @@ std::string titleOf(const TypologyRecord& typology) {
 
 }  // namespace
 
+std::string baseName(const std::string& path) { return path.substr(folderOf(path).size()); }
+
 void addTypology(Report& report, const TypologyRecord& typology) {
   report.numeroPlantas = typology.numeroPlantas;
   report.title = titleOf(typology);
@@ -99,13 +109,13 @@ void addTypology(Report& report, const TypologyRecord& typology) {
   for (const ViviendaKeyword& keyword : viviendaKeywords()) {
     Datum datum;
     datum.keyword = keyword.name;
-    datum.unit = keyword.unit;
+    datum.unit = unitText(keyword.unit);
     datum.value = std::holds_alternative<IgnoredText>(keyword.field)
                       ? fixedValue(keyword.name, typology)
                       : std::visit(ValueText{typology}, keyword.field);
     const Place place = typology.placeOf(keyword.name);
     if (place.line != none.line || place.column != none.column) {
-      datum.file = place.file;
+      datum.file = baseName(place.file);
       datum.line = place.line;
     }
     report.data.push_back(std::move(datum));

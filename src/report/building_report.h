@@ -18,7 +18,7 @@ namespace report {
 /// One of the four inputs.
 struct InputFile {
   std::string role;         // "Plantilla", "Tipología", ...
-  std::string name;         // as given
+  std::string name;         // without its folders
   std::string fingerprint;  // empty: could not be read
   std::size_t bytes = 0;
 };
@@ -62,6 +62,9 @@ struct Report {
   std::optional<Measures> measures;
   std::vector<ConstructionUse> constructions;
 };
+
+/// The name of a file without its folders: a report names files so, wherever they lie.
+std::string baseName(const std::string& path);
 
 /// Adds to `report` what a typology that was read says: its data and, where its plan passes the
 /// checks, the plan.

@@ -200,6 +200,9 @@ class BuildingReader {
     const auto original = originalWindows_.find(command.name);
     window.storeyHigh = original != originalWindows_.end() &&
                         original->second->real("HEIGHT").value_or(0) >= kStorey;
+    // A wall with windows is a façade, whatever its construction.
+    WrittenSurface& wall = building_.surfaces.back();
+    if (wall.kind == SurfaceKind::kParty) wall.kind = SurfaceKind::kFacade;
     building_.windows.push_back(std::move(window));
   }
 

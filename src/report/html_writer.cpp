@@ -17,11 +17,9 @@ void HtmlTable::writeRow(HtmlWriter& html, const std::vector<std::string>& cells
 }
 
 void HtmlTable::write(HtmlWriter& html) const {
-  html.raw("<div class=\"tabla\" role=\"region\" tabindex=\"0\" aria-label=\"")
-      .text(caption_)
-      .raw("\">\n<table>\n<caption>")
-      .text(caption_)
-      .raw("</caption>\n<thead><tr>");
+  html.raw("<section class=\"tabla\" tabindex=\"0\" aria-label=\"").text(caption_).raw("\">\n");
+  heads_.size() > 6 ? html.raw("<table class=\"ancha\">") : html.raw("<table>");
+  html.raw("\n<caption>").text(caption_).raw("</caption>\n<thead><tr>");
   for (std::size_t i = 0; i < heads_.size(); ++i) {
     if (i >= firstNumber_) {
       html.raw("<th scope=\"col\" class=\"num\">");
@@ -38,7 +36,7 @@ void HtmlTable::write(HtmlWriter& html) const {
     writeRow(html, total_);
     html.raw("</tfoot>\n");
   }
-  html.raw("</table>\n</div>\n");
+  html.raw("</table>\n</section>\n");
 }
 
 std::string pageStyle() {
@@ -71,9 +69,10 @@ figcaption{margin:.3rem 0;max-width:46rem}
 .ajusta svg{width:100%;max-width:42rem}
 .tabla{overflow-x:auto;margin:.8rem 0}
 table{border-collapse:collapse;font-size:.92rem;min-width:min(100%,30rem)}
+.ancha{min-width:52rem}
 caption{text-align:left;font-weight:bold;padding:.3rem 0}
 th,td{text-align:left;padding:.28rem .9rem .28rem 0;border-bottom:1px solid var(--raya);vertical-align:top;
-overflow-wrap:anywhere}
+overflow-wrap:break-word}
 th{font-weight:normal}
 thead th{color:var(--tenue);font-size:.85rem;vertical-align:bottom;border-bottom:1px solid var(--tinta)}
 tfoot th,tfoot td{font-weight:bold;border-bottom:0}
@@ -82,7 +81,8 @@ code{font-family:"DejaVu Sans Mono",Consolas,monospace;font-size:.88em;overflow-
 @page{size:A4;margin:14mm}
 @media print{body{font-size:10.5pt;max-width:none;padding:0}a{color:inherit;text-decoration:none}nav{display:none}
 .pagina{break-before:page}h2,h3,caption,thead{break-after:avoid}tr{break-inside:avoid}
-.lienzo,.tabla{overflow:visible}.lienzo svg{max-width:100%}.ajusta svg{max-width:150mm}
+.ancha{min-width:0}.lienzo,.tabla{overflow:visible}.tabla{break-inside:avoid}.lienzo svg{max-width:100%}.ajusta svg{max-width:115mm}
+h1{font-size:18pt}h2{font-size:14pt;margin-top:7mm}.cifras{margin:3mm 0}figure{margin:3mm 0}table{font-size:9pt}th,td{padding:.5mm 3mm .5mm 0}
 *{-webkit-print-color-adjust:exact;print-color-adjust:exact}}
 )css";
 }

@@ -214,9 +214,7 @@ class Page {
 
   void elevations() {
     const int scale = elevationScale(*report_.building, report_.sheet->plan);
-    html_.raw("<h3 class=\"pagina\">Alzados, a escala 1:")
-        .text(std::to_string(scale))
-        .raw("</h3>\n");
+    html_.raw("<h3>Alzados, a escala 1:").text(std::to_string(scale)).raw("</h3>\n");
     int count = 0;
     for (const FacadeMeasure& facade : report_.measures->facades) {
       const Drawing drawing = elevation(*report_.building, report_.sheet->plan, facade.side,
@@ -358,7 +356,7 @@ class Page {
 
   void rewritten() {
     if (!report_.building) return;
-    html_.raw("<section id=\"ordenes\" class=\"pagina\">\n<h2>6. Qué se ha reescrito</h2>\n");
+    html_.raw("<section id=\"ordenes\">\n<h2>6. Qué se ha reescrito</h2>\n");
     HtmlTable table("Órdenes de la plantilla, por tipo",
                     {"Tipo", "Conservadas", "Reescritas", "Eliminadas"}, 1);
     CommandCount sum;

@@ -23,7 +23,7 @@ using report::Sign;
 
 namespace {
 
-constexpr int kPlans = 30;  // of each family
+constexpr int kPlans = 12;  // of each family
 
 Drawing drawn(const PlanData& data, const Plan& plan, double giro = 0) {
   report::PlanSheet sheet;

@@ -25,7 +25,7 @@ class NoProgress : public TProgressBar {
 };
 
 report::InputFile inputFile(const char* role, const std::string& path) {
-  report::InputFile input{role, path, {}, 0};
+  report::InputFile input{role, report::baseName(path), {}, 0};
   faultOf([&] {
     const SourceText text = readText(path);
     input.fingerprint = report::fingerprint(text.bytes());
