@@ -5,7 +5,7 @@ Outlines run counter-clockwise, so the outside of an edge is on its right hand.
 """
 
 import math
-from dataclasses import dataclass, field
+from dataclasses import dataclass
 
 SOUTH, EAST, NORTH, WEST = range(4)
 SIDE_NAMES = ("sur", "este", "norte", "oeste")
@@ -18,7 +18,6 @@ class Plan:
     block: list  # outline of the whole block
     homes: list  # an outline a dwelling
     core: list = None  # stair-well or courtyard, None in a house
-    marks: dict = field(default_factory=dict)  # lengths worth printing beside the drawing
 
 
 def area(outline):
@@ -66,7 +65,7 @@ def ring(x0, y0, x1, y1):
 def house(A, L):
     D = A / L
     block = rectangle(0, 0, L, D)
-    return Plan(L, D, block, [block], marks={"L": L, "D": D})
+    return Plan(L, D, block, [block])
 
 
 def row_block(A, L, Ae):
@@ -74,8 +73,7 @@ def row_block(A, L, Ae):
     le = Ae / D
     w = (L - le) * 0.25
     homes = [rectangle(i * w, 0, i * w + w, D) for i in range(4)]
-    return Plan(L, D, rectangle(0, 0, L, D), homes, rectangle(L - le, 0, L, D),
-                {"L": L, "D": D, "w": w, "le": le})
+    return Plan(L, D, rectangle(0, 0, L, D), homes, rectangle(L - le, 0, L, D))
 
 
 def ring_block(L, D, dF, dH):
@@ -97,14 +95,14 @@ def courtyard_block(A, L, Ap, Pp):
     D = (A + Ap) / L
     dF, dH = (D - Pp) / 2, (L - Ap / Pp) / 2
     return Plan(L, D, rectangle(0, 0, L, D), ring_block(L, D, dF, dH),
-                ring(dH, dF, L - dH, D - dF), {"L": L, "D": D, "dF": dF, "dH": dH})
+                ring(dH, dF, L - dH, D - dF))
 
 
 def central_stair_block(A, L, Ae, Pe):
     D = A / L
     dF, dH = (D - Pe) / 2, (L - Ae / Pe) / 2
     return Plan(L, D, rectangle(0, 0, L, D), ring_block(L, D, dF, dH),
-                ring(dH, dF, L - dH, D - dF), {"L": L, "D": D, "dF": dF, "dH": dH})
+                ring(dH, dF, L - dH, D - dF))
 
 
 def front_courtyards_block(A, L, Ap, Pp, Ae, Pe):
@@ -122,8 +120,7 @@ def front_courtyards_block(A, L, Ap, Pp, Ae, Pe):
         [(0, v), (dPE, v), (dPE, D - dE), (h, D - dE), (h, D - Pp), (p, D - Pp), (p, D), (0, D),
          (0, 5 * D / 6), (0, 2 * D / 3)],
     ]
-    return Plan(L, D, rectangle(0, 0, L, D), homes, ring(dPE, dE, L - dPE, D - dE),
-                {"L": L, "D": D, "dE": dE, "dPE": dPE, "lp": lp, "Pp": Pp})
+    return Plan(L, D, rectangle(0, 0, L, D), homes, ring(dPE, dE, L - dPE, D - dE))
 
 
 def side_courtyards_block(A, L, Ap, Pp, Ae, Pe):
@@ -141,8 +138,7 @@ def side_courtyards_block(A, L, Ap, Pp, Ae, Pe):
         [(lp, v), (dPE, v), (dPE, D - dE), (h, D - dE), (h, D), (L / 3, D), (L / 6, D), (0, D),
          (0, q), (lp, q)],
     ]
-    return Plan(L, D, rectangle(0, 0, L, D), homes, ring(dPE, dE, L - dPE, D - dE),
-                {"L": L, "D": D, "dE": dE, "dPE": dPE, "lp": lp, "Pp": Pp})
+    return Plan(L, D, rectangle(0, 0, L, D), homes, ring(dPE, dE, L - dPE, D - dE))
 
 
 def winged_block(A, L, Ae, Pe):
@@ -170,5 +166,4 @@ def winged_block(A, L, Ae, Pe):
     ]
     core = [(a + le / 2, d), (a + le, d), (a + le, d + Pe / 2), (a + le, d + Pe),
             (a + le / 2, d + Pe), (a, d + Pe), (a, d + Pe / 2), (a, d)]
-    return Plan(L, Db, rectangle(0, 0, L, Db), homes, core,
-                {"L": L, "Db": Db, "a": a, "b": b, "c": c, "d": d, "e": e, "xp": xp, "le": le})
+    return Plan(L, Db, rectangle(0, 0, L, Db), homes, core)

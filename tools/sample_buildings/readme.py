@@ -36,7 +36,8 @@ build/release/tip2bdl-cli samples/X/X.bdl samples/X/tipo-NN.tip out.bdl fin.txt
 | `defectos.inp` | the defaults library |
 | `tipo-NN[-variant].tip` | typology files: the numbers and names that make the template one building |
 
-All of them are Windows-1252 with LF line ends. `planos/` has a plan of each template in SVG.
+All of them are Windows-1252 with LF line ends. The plans below are drawn by
+`tip2bdl-cli plano` from the first typology file of each folder.
 """
 
 CONVENTIONS = """## How the templates are written
@@ -128,7 +129,8 @@ def family_section(building, typologies):
     first = typologies[0].file
     return [f"### {family.folder}", "",
             f"{family.english.capitalize()}. The template's own size: {size}.", "",
-            f"![Plan of {family.folder}](planos/{family.folder}.svg)", "",
+            f"![Plan of {family.folder}](../tests/golden/{family.folder}/"
+            f"{first.removesuffix('.tip')}.plano.svg)", "",
             *table(("typology file", "storeys", "storey height m", "length x depth m",
                     "dwelling m²", "turned", "glazing S, E, N, W %", "courtyard S, E, N, W %",
                     "also has"), rows), "",

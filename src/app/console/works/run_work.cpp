@@ -33,10 +33,10 @@ std::string listOf(std::span<const std::string_view> words) {
   return list;
 }
 
-std::string numberOfOperands(const Work& work) {
-  return work.leastOperands == work.mostOperands
-             ? std::to_string(work.leastOperands)
-             : concat("al menos ", std::to_string(work.leastOperands));
+std::string expectedOperands(const Work& work) {
+  const std::string least = std::to_string(work.leastOperands);
+  if (work.leastOperands != work.mostOperands) return "se esperaban al menos " + least;
+  return work.leastOperands == 1 ? "se esperaba 1 fichero" : "se esperaban " + least + " ficheros";
 }
 
 /// What is wrong with arguments that were read, or nothing.
@@ -51,7 +51,7 @@ std::string problemWith(const Work& work, const WorkArguments& arguments) {
   }
   if (arguments.operands.size() < work.leastOperands ||
       arguments.operands.size() > work.mostOperands) {
-    return concat("se esperaban ", numberOfOperands(work), " ficheros y se han dado ",
+    return concat(expectedOperands(work), " y se han dado ",
                   std::to_string(arguments.operands.size()));
   }
   return {};
