@@ -29,8 +29,9 @@ class View {
       : building_(building), cells_(plan), giro_(giro), turn_(giro * std::numbers::pi / 180) {
     for (std::size_t i = 0; i < building.floors.size(); ++i) {
       const WrittenFloor& floor = building.floors[i];
-      for (int k = 0; k < floor.multiplier && storeys_.size() < kMostStoreys; ++k) {
-        storeys_.push_back({static_cast<int>(i), floor.level + k * floor.height, floor.height});
+      for (Count k = 0; k < floor.multiplier && storeys_.size() < kMostStoreys; ++k) {
+        storeys_.push_back({static_cast<int>(i),
+                            floor.level + static_cast<double>(k) * floor.height, floor.height});
       }
     }
     top_ = storeys_.empty() ? 0 : storeys_.back().level + storeys_.back().height;

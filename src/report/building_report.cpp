@@ -86,7 +86,7 @@ std::vector<ConstructionUse> constructionsOf(const GeneratedBuilding& building) 
       use = uses.end() - 1;
     }
     use->surfaces += surface.multiplier;
-    use->area += surface.area * surface.multiplier;
+    use->area += surface.area * static_cast<double>(surface.multiplier);
   }
   return uses;
 }

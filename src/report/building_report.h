@@ -42,9 +42,9 @@ struct Datum {
 
 struct ConstructionUse {
   std::string name;
-  std::string where;  // "Fachadas", "Cubierta", ...
-  int surfaces = 0;   // with their multipliers
-  double area = 0;    // m2, gross
+  std::string where;   // "Fachadas", "Cubierta", ...
+  Count surfaces = 0;  // with their multipliers
+  double area = 0;     // m2, gross
 };
 
 struct Report {

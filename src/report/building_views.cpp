@@ -25,9 +25,10 @@ std::vector<Storey> storeysOf(const GeneratedBuilding& building) {
   std::vector<Storey> storeys;
   for (std::size_t i = 0; i < building.floors.size(); ++i) {
     const WrittenFloor& floor = building.floors[i];
-    for (int k = 0; k < floor.multiplier; ++k) {
+    for (Count k = 0; k < floor.multiplier; ++k) {
       if (storeys.size() == static_cast<std::size_t>(kMostStoreys)) return storeys;
-      storeys.push_back({static_cast<int>(i), floor.level + k * floor.height, floor.height});
+      storeys.push_back(
+          {static_cast<int>(i), floor.level + static_cast<double>(k) * floor.height, floor.height});
     }
   }
   return storeys;

@@ -20,9 +20,12 @@ bool isWall(std::string_view type) {
          type == "ROOF" || type == "TROMBE-WALL";
 }
 
-int multiplierOf(const WrittenCommand& command) {
+constexpr Count kMostOften = 2'147'483'647;
+
+Count multiplierOf(const WrittenCommand& command) {
   const double value = command.real("MULTIPLIER").value_or(1);
-  return value >= 1 && value < 1e9 ? static_cast<int>(std::lround(value)) : 1;
+  if (!(value >= 1)) return 1;
+  return std::llround(std::min(value, static_cast<double>(kMostOften)));
 }
 
 /// The n of "EDGE-n"; 0 when it is none.
@@ -121,7 +124,8 @@ class BuildingReader {
     space.name = command.name;
     space.floor = static_cast<int>(building_.floors.size()) - 1;
     space.height = command.real("HEIGHT").value_or(building_.floors.back().height);
-    space.multiplier = multiplierOf(command) * building_.floors.back().multiplier;
+    space.multiplier =
+        std::min(multiplierOf(command) * building_.floors.back().multiplier, kMostOften);
     polygon_ = polygonOf(command.value("POLYGON"));
     if (polygon_ != nullptr) {
       space.outline = polygon_->outline;
@@ -233,15 +237,17 @@ class BuildingReader {
 
 }  // namespace
 
-int GeneratedBuilding::storeys() const {
-  return std::accumulate(floors.begin(), floors.end(), 0,
-                         [](int sum, const WrittenFloor& floor) { return sum + floor.multiplier; });
+Count GeneratedBuilding::storeys() const {
+  return std::accumulate(
+      floors.begin(), floors.end(), Count{0},
+      [](Count sum, const WrittenFloor& floor) { return sum + floor.multiplier; });
 }
 
 double GeneratedBuilding::height() const {
-  return std::accumulate(
-      floors.begin(), floors.end(), 0.0,
-      [](double sum, const WrittenFloor& floor) { return sum + floor.height * floor.multiplier; });
+  return std::accumulate(floors.begin(), floors.end(), 0.0,
+                         [](double sum, const WrittenFloor& floor) {
+                           return sum + floor.height * static_cast<double>(floor.multiplier);
+                         });
 }
 
 GeneratedBuilding readBuilding(std::string_view output, std::string_view typologyText,

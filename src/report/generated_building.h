@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <map>
 #include <string>
 #include <vector>
@@ -12,11 +13,15 @@
 /// SPACE and wall before it. Lengths in m, areas in m2, names as written (Windows-1252).
 namespace report {
 
+/// How often something stands in the building. A file may say anything: sums of a whole building of
+/// such numbers still fit.
+using Count = std::int64_t;
+
 struct WrittenFloor {
   std::string name;
-  double height = 0;   // floor to floor
-  int multiplier = 1;  // storeys that it stands for
-  double level = 0;    // of its lowest storey, above the ground
+  double height = 0;     // floor to floor
+  Count multiplier = 1;  // storeys that it stands for
+  double level = 0;      // of its lowest storey, above the ground
 };
 
 struct WrittenSpace {
@@ -25,7 +30,7 @@ struct WrittenSpace {
   int outline = -1;  // of the plan; -1: its polygon is none of the plan's
   double area = 0;   // of one
   double height = 0;
-  int multiplier = 1;    // with the floor's
+  Count multiplier = 1;  // with the floor's
   bool counted = false;  // its zone's flag in the table
 };
 
@@ -46,7 +51,7 @@ struct WrittenSurface {
   std::string name;
   std::string construction;
   int space = -1;
-  int multiplier = 1;
+  Count multiplier = 1;
   double area = 0;  // gross, of one
   // Of walls on an edge of their space's outline; as seen from outside, left to right.
   Facade side = kSouth;
@@ -57,7 +62,7 @@ struct WrittenWindow {
   std::string name;
   int wall = -1;                               // index into surfaces
   double x = 0, y = 0, width = 0, height = 0;  // in its wall, from the lower left corner
-  int multiplier = 1;
+  Count multiplier = 1;
   bool takesCourtyard = false;  // as the run read its name in the table
   bool storeyHigh = false;      // in the template, which makes it take the courtyard's data
   double area() const { return width * height; }
@@ -72,7 +77,7 @@ struct GeneratedBuilding {
   PerFacade<int> lostCourtyard{};
   std::map<std::string, CommandCount> commands;
 
-  int storeys() const;
+  Count storeys() const;
   /// Of the lowest storey; all have the same.
   double storeyHeight() const { return floors.empty() ? 0 : floors.front().height; }
   double height() const;

@@ -27,13 +27,14 @@ FacadeMeasure facadeOf(const GeneratedBuilding& building, const Asked& asked, Fa
   facade.asked = (courtyard ? asked.courtyard : asked.street)[side];
   const SurfaceKind kind = courtyard ? SurfaceKind::kCourtyard : SurfaceKind::kFacade;
   for (const WrittenSurface& wall : building.surfaces) {
-    if (wall.kind == kind && wall.side == side) facade.wall += wall.area * wall.multiplier;
+    if (wall.kind == kind && wall.side == side)
+      facade.wall += wall.area * static_cast<double>(wall.multiplier);
   }
   bool storeyHigh = false;
   for (const WrittenWindow& window : building.windows) {
     const WrittenSurface& wall = building.surfaces[static_cast<std::size_t>(window.wall)];
     if (wall.kind != kind || wall.side != side) continue;
-    facade.openings += window.area() * window.multiplier;
+    facade.openings += window.area() * static_cast<double>(window.multiplier);
     facade.windows += window.multiplier;
     storeyHigh |= window.storeyHigh && !window.takesCourtyard;
   }
@@ -57,7 +58,7 @@ FacadeMeasure facadeOf(const GeneratedBuilding& building, const Asked& asked, Fa
 double sumOf(const GeneratedBuilding& building, SurfaceKind kind) {
   double sum = 0;
   for (const WrittenSurface& surface : building.surfaces) {
-    if (surface.kind == kind) sum += surface.area * surface.multiplier;
+    if (surface.kind == kind) sum += surface.area * static_cast<double>(surface.multiplier);
   }
   return sum;
 }
@@ -116,12 +117,12 @@ Measures measure(const GeneratedBuilding& building, const Plan& plan, const Aske
   m.storeyHeight = building.storeyHeight();
   const auto dwellings = std::ranges::count(plan.outlines, Role::kDwelling, &Outline::role);
   // A house is one dwelling, of all its storeys.
-  m.dwellings = dwellings == 1 ? 1 : static_cast<int>(dwellings) * m.storeys;
+  m.dwellings = dwellings == 1 ? 1 : static_cast<Count>(dwellings) * m.storeys;
   for (const WrittenSpace& space : building.spaces) {
     if (space.floor == 0) m.footprint += space.area;
-    m.floorArea += space.area * space.multiplier;
-    if (space.counted) m.countedArea += space.area * space.multiplier;
-    m.volume += space.area * space.height * space.multiplier;
+    m.floorArea += space.area * static_cast<double>(space.multiplier);
+    if (space.counted) m.countedArea += space.area * static_cast<double>(space.multiplier);
+    m.volume += space.area * space.height * static_cast<double>(space.multiplier);
   }
 
   PerFacade<int> streetBays{}, courtyardBays{};

@@ -27,7 +27,7 @@ struct FacadeMeasure {
   double azimuth = 0;   // where it really looks, degrees
   double wall = 0;      // m2, gross
   double openings = 0;  // m2
-  int windows = 0;      // with their multipliers
+  Count windows = 0;    // with their multipliers
   double asked = 0;     // %
   double obtained = 0;  // %
   std::vector<GlazingReason> reasons;
@@ -44,8 +44,8 @@ struct SpaceMeasure {
 };
 
 struct Measures {
-  int storeys = 0;
-  int dwellings = 0;
+  Count storeys = 0;
+  Count dwellings = 0;
   double storeyHeight = 0;  // m
   double footprint = 0;     // m2, floor area of one storey
   double floorArea = 0;     // m2, all storeys
@@ -60,8 +60,8 @@ struct Measures {
   std::array<double, 8> openingsByDirection{};  // m2, from N clockwise
   std::array<double, 8> facadeByDirection{};    // m2, street and courtyard
   std::vector<SpaceMeasure> spaces;             // of the lowest storey
-  int headsAboveCeiling = 0;                    // windows, with their multipliers
-  int tallerThanStorey = 0;
+  Count headsAboveCeiling = 0;                  // windows, with their multipliers
+  Count tallerThanStorey = 0;
 };
 
 /// What a typology asks for.

@@ -37,8 +37,10 @@ std::string reasonsOf(const FacadeMeasure& facade) {
   return text.empty() ? "coincide" : text;
 }
 
-std::string plural(int count, std::string_view one, std::string_view many) {
-  return number(count, 0) + "\u00A0" + std::string(count == 1 ? one : many);
+std::string counted(Count count) { return number(static_cast<double>(count), 0); }
+
+std::string plural(Count count, std::string_view one, std::string_view many) {
+  return counted(count) + "\u00A0" + std::string(count == 1 ? one : many);
 }
 
 class Page {
@@ -172,11 +174,11 @@ class Page {
 
   void storeys() {
     HtmlTable table("Plantas", {"Planta", "Nombre en la plantilla", "Cota del suelo", "Altura"}, 2);
-    int first = 0;
+    Count first = 0;
     const auto& floors = report_.building->floors;
     for (std::size_t i = 0; i < floors.size(); ++i) {
       const WrittenFloor& floor = floors[i];
-      const int last = first + floor.multiplier - 1;
+      const Count last = first + floor.multiplier - 1;
       std::string name = first == 0 ? "planta baja" : "planta " + std::to_string(first);
       if (last > first) {
         name = (first == 0 ? "planta baja a " : "plantas " + std::to_string(first) + " a ") +
@@ -249,15 +251,15 @@ class Page {
                      "Pedido", "Obtenido"},
                     4);
     double wall = 0;
-    int windows = 0;
+    Count windows = 0;
     for (const FacadeMeasure& facade : m.facades) {
       table.row({facadeName(facade), looksTo(facade.azimuth), facade.courtyard ? "patio" : "calle",
-                 reasonsOf(facade), m2(facade.wall), m2(facade.openings), number(facade.windows, 0),
+                 reasonsOf(facade), m2(facade.wall), m2(facade.openings), counted(facade.windows),
                  percent(facade.asked), percent(facade.obtained)});
       wall += facade.wall;
       windows += facade.windows;
     }
-    table.total({"Total", "", "", "", m2(wall), m2(m.openings), number(windows, 0), "",
+    table.total({"Total", "", "", "", m2(wall), m2(m.openings), counted(windows), "",
                  percent(wall > 0 ? 100 * m.openings / wall : 0)});
     table.write(html_);
     html_.raw(
@@ -348,7 +350,7 @@ class Page {
         "que diga el fichero.</p>\n");
     HtmlTable uses("Construcciones", {"Construcción", "Dónde", "Superficies", "Bruto"}, 2);
     for (const ConstructionUse& use : report_.constructions) {
-      uses.row({use.name, use.where, number(use.surfaces, 0), m2(use.area)});
+      uses.row({use.name, use.where, counted(use.surfaces), m2(use.area)});
     }
     if (!uses.empty()) uses.write(html_);
     html_.raw("</section>\n");
@@ -361,11 +363,10 @@ class Page {
                     {"Tipo", "Conservadas", "Reescritas", "Eliminadas"}, 1);
     CommandCount sum;
     for (const auto& [type, count] : report_.building->commands) {
-      table.row(
-          {type, number(count.kept, 0), number(count.rewritten, 0), number(count.removed, 0)});
+      table.row({type, counted(count.kept), counted(count.rewritten), counted(count.removed)});
       sum = {sum.kept + count.kept, sum.rewritten + count.rewritten, sum.removed + count.removed};
     }
-    table.total({"Total", number(sum.kept, 0), number(sum.rewritten, 0), number(sum.removed, 0)});
+    table.total({"Total", counted(sum.kept), counted(sum.rewritten), counted(sum.removed)});
     table.write(html_);
     html_.raw("</section>\n");
   }

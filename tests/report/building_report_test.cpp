@@ -71,12 +71,13 @@ TEST(BuildingReport, AreasAndVolumeAddUpAsTheFamilySays) {
     const double A = static_cast<double>(run.typology->areaPlanta);
     const double h = static_cast<double>(run.typology->alturaPlanta);
     const double room = 2e-4 * A;
+    const auto storeys = static_cast<double>(m.storeys);
     EXPECT_NEAR(A, m.footprint, room);
-    EXPECT_NEAR(A * m.storeys, m.floorArea, room * m.storeys);
-    EXPECT_NEAR(A * h * m.storeys, m.volume, room * h * m.storeys);
+    EXPECT_NEAR(A * storeys, m.floorArea, room * storeys);
+    EXPECT_NEAR(A * h * storeys, m.volume, room * h * storeys);
     EXPECT_NEAR(A, m.roof, room);
     EXPECT_NEAR(A, m.ground, room);
-    EXPECT_NEAR(A * (m.storeys - 1), m.slabs, room * m.storeys);
+    EXPECT_NEAR(A * (storeys - 1), m.slabs, room * storeys);
     EXPECT_EQ(run.typology->numeroPlantas, m.storeys);
     EXPECT_EQ(run.typology->tipo < 10 ? 1 : 4 * m.storeys, m.dwellings);
     double spaces = 0;
@@ -93,7 +94,8 @@ TEST(BuildingReport, EveryFacadeIsAsLongAsItsFamilySays) {
       const auto& surfaces =
           facade.courtyard ? run.plan().superficiePatio : run.plan().superficieFachada;
       const double length = static_cast<double>(surfaces[facade.side]) / sizing;
-      EXPECT_NEAR(length * m.storeyHeight * m.storeys, facade.wall, 1e-4 * facade.wall + 0.1)
+      const double height = m.storeyHeight * static_cast<double>(m.storeys);
+      EXPECT_NEAR(length * height, facade.wall, 1e-4 * facade.wall + 0.1)
           << facade.side << facade.courtyard;
     }
   });
