@@ -58,7 +58,7 @@ p{margin:.4rem 0;max-width:46rem}
 .falta strong{color:var(--falta)}
 a{color:var(--enlace)}
 nav ul{display:flex;flex-wrap:wrap;gap:.2rem 1.2rem;list-style:none;padding:0;margin:.8rem 0}
-.cifras{display:grid;grid-template-columns:repeat(auto-fit,minmax(9rem,1fr));gap:.8rem 1.5rem;margin:1.2rem 0;padding:0}
+.cifras{display:grid;grid-template-columns:repeat(auto-fit,minmax(8rem,1fr));gap:.8rem 1rem;margin:1.2rem 0;padding:0}
 .cifras div{border-top:1px solid var(--raya);padding-top:.3rem}
 .cifras dt{color:var(--tenue);font-size:.85rem}
 .cifras dd{margin:0;font-size:1.25rem}
