@@ -5,6 +5,7 @@
 #include <tuple>
 
 #include "report/plan_cells.h"
+#include "report/plan_foot.h"
 #include "report/plan_rooms.h"
 #include "report/sheet.h"
 #include "report/words.h"
@@ -21,32 +22,6 @@ constexpr double kFirstChain = 8;      // from the outline
 constexpr double kNextChain = 6.5;
 constexpr double kBayMark = 1.5;
 constexpr double kLeadBand = 8;  // for letters that do not fit into their rooms
-
-}  // namespace
-
-std::string_view familyTitle(int tipo) {
-  switch (tipoRow(tipo).family) {
-    case PlanFamily::kHouse:
-      return tipo == 1 ? "casa de una planta" : "casa";
-    case PlanFamily::kRow:
-      return "bloque de cuatro en hilera con escalera en el extremo";
-    case PlanFamily::kCourtyard:
-      return "bloque con patio central";
-    case PlanFamily::kStairwell:
-      return "bloque con escalera central";
-    case PlanFamily::kCourtyardsInFacades:
-      return "bloque con escalera central y patios abiertos a fachada";
-    case PlanFamily::kCourtyardsInSides:
-      return "bloque con escalera central y patios laterales";
-    case PlanFamily::kXpala:
-      return "bloque de cuatro alas en torno a la escalera";
-    case PlanFamily::kNone:
-      break;
-  }
-  return "";
-}
-
-namespace {
 
 /// What a page of A4 takes, its margins left free.
 struct Paper {
@@ -394,8 +369,8 @@ class PlanDrawer {
   /// Areas, legend and title block below, then the sheet round all of it.
   void finish() {
     const double top = content_.y1 + 9;
-    const double low = std::max({addAreas({left_, top}, 62), addLegend({left_ + 68, top}, 44),
-                                 addTitle({right_ - 72, top}, 72)});
+    const PlanFoot foot{sheet_, rooms_, signs_, hasOpenAir_, scale_};
+    const double low = addPlanFoot(drawing_, foot, left_, right_, top);
     drawing_.shift(kMargin - left_, kMargin - content_.y0);
     drawing_.width = right_ - left_ + 2 * kMargin;
     drawing_.height = low - content_.y0 + 2 * kMargin;
@@ -405,100 +380,6 @@ class PlanDrawer {
                            quantity(L_, 2, "m") + " por " + quantity(D_, 2, "m") +
                            ". La fachada principal mira al " +
                            std::string(directionName(realAzimuth(kSouth, sheet_.giro))) + ".";
-  }
-
-  void rule(Point at, double width) { drawing_.line(Sign::kRule, at, {at.x + width, at.y}); }
-
-  double addAreas(Point at, double width) {
-    rule(at, width);
-    double y = at.y + 2;
-    const auto row = [&](const std::string& name, const std::string& measures,
-                         const std::string& area) {
-      y += kSmall;
-      drawing_.labels.push_back({{at.x, y}, kSmall, Anchor::kStart, false, false, name});
-      const double right = at.x + width;
-      drawing_.labels.push_back({{right, y}, kSmall, Anchor::kEnd, false, false, area});
-      if (!measures.empty()) {
-        const double middle = right - textWidth(area, kSmall) - 2;
-        drawing_.labels.push_back({{middle, y}, kSmall, Anchor::kEnd, false, false, measures});
-      }
-      y += kSmall * 0.9;
-    };
-    for (const Room& room : rooms_) {
-      const std::string name =
-          room.count > 1 ? std::to_string(room.count) + " " + room.name + "s" : room.name;
-      row(name,
-          room.letter.empty() && room.width > 0
-              ? number(room.width, 2) + "×" + number(room.depth, 2)
-              : "",
-          quantity(room.area * room.count, 1, "m²"));
-    }
-    rule({at.x, y}, width);
-    y += 1.5;
-    row("Superficie de planta", "", quantity(sheet_.data.areaPlanta, 1, "m²"));
-    return y;
-  }
-
-  double addLegend(Point at, double width) {
-    rule(at, width);
-    double y = at.y + 2;
-    const auto row = [&](const std::string& text) {
-      y += kSmall;
-      drawing_.labels.push_back({{at.x + 14, y}, kSmall, Anchor::kStart, false, false, text});
-      const double middle = y - kSmall / 2;
-      y += kSmall * 0.9;
-      return middle;
-    };
-    const auto has = [&](Sign sign) { return std::ranges::count(signs_, sign) > 0; };
-    const auto stroke = [&](Sign sign, const std::string& text) {
-      const double middle = row(text);
-      drawing_.line(sign, {at.x + 0.5, middle}, {at.x + 11, middle});
-    };
-    stroke(Sign::kFacade, "Fachada");
-    if (has(Sign::kParty)) stroke(Sign::kParty, "Medianera");
-    if (has(Sign::kPartition)) stroke(Sign::kPartition, "Partición");
-    const double bay = row("Límite de paño");
-    drawing_.line(Sign::kFacade, {at.x + 0.5, bay - 0.7}, {at.x + 11, bay - 0.7});
-    drawing_.shapes.push_back({Sign::kBayMark,
-                               {{{at.x + 3, bay - 0.7}, {at.x + 3, bay - 0.7 + kBayMark}},
-                                {{at.x + 8.5, bay - 0.7}, {at.x + 8.5, bay - 0.7 + kBayMark}}},
-                               false});
-    if (!sheet_.windows.empty()) {
-      const double middle = row("Ventana");
-      for (const double d : {-0.35, 0.35}) {
-        drawing_.line(Sign::kWindow, {at.x + 0.5, middle + d}, {at.x + 11, middle + d});
-      }
-    }
-    if (hasOpenAir_) {
-      const double middle = row("Aire libre");
-      Shape hatch{Sign::kHatch, {}, false};
-      addHatch(hatch.lines, {at.x + 0.5, middle - 1.3, at.x + 11, middle + 1.3}, {});
-      drawing_.shapes.push_back(std::move(hatch));
-    }
-    return addLines(drawing_, {at.x, y + 1}, kSmall,
-                    wrapped("Muros representados por su línea.", kSmall, width));
-  }
-
-  double addTitle(Point at, double width) {
-    rule(at, width);
-    double y = addLines(drawing_, {at.x, at.y + 2}, kLarge, wrapped(sheet_.content, kLarge, width));
-    if (!sheet_.title.empty()) {
-      y = addLines(drawing_, {at.x, y}, kMedium, {cutToWidth(sheet_.title, kMedium, width)});
-    }
-    const std::string family(familyTitle(sheet_.data.tipo));
-    std::vector<std::string> lines =
-        wrapped("Tipología " + std::to_string(sheet_.data.tipo) + ": " + family, kSmall, width);
-    const auto add = [&](const std::string& text) {
-      std::ranges::copy(wrapped(text, kSmall, width), std::back_inserter(lines));
-    };
-    add("Giro del edificio: " + degrees(sheet_.giro) +
-        ". Azimut desde el norte, en sentido horario.");
-    if (!sheet_.program.empty()) add(sheet_.program);
-    if (!sheet_.fingerprint.empty()) add("Huella " + sheet_.fingerprint);
-    add("Escala 1:" + std::to_string(scale_) + ". Cotas en metros.");
-    y = addLines(drawing_, {at.x, y}, kSmall, lines);
-    addScaleBar(drawing_, {at.x, y + 4.5}, k_);
-    return y + 6.5;
   }
 
   const PlanSheet& sheet_;
@@ -535,11 +416,6 @@ Drawing planDrawing(const PlanSheet& sheet) {
     }
   }
   return drawing;
-}
-
-std::string planContent(int tipo) {
-  if (tipoRow(tipo).family != PlanFamily::kHouse) return "Planta tipo";
-  return tipoRow(tipo).planStoreys == 1 ? "Planta baja" : "Plantas baja y 1";
 }
 
 }  // namespace report
