@@ -1,10 +1,12 @@
 #include "typology/typology_record.h"
 
+#include <optional>
 #include <utility>
 
 #include "bdl/leer_bdl.h"
 #include "core/concat.h"
 #include "core/report_error.h"
+#include "core/run_ended.h"
 #include "typology/vivienda_keywords.h"
 
 namespace {
@@ -41,20 +43,16 @@ class ReadsInto {
   TypologyRecord& record_;
 };
 
-void readVivienda(LeerBDL& vivienda, TypologyRecord& record) {
-  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
-    const bool given = std::visit(ReadsInto(vivienda, keyword.pattern, record), keyword.field);
-    if (!given && keyword.required) {
-      ReportFailure(ErrorLog,
-                    {concat("En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD ",
-                            keyword.name),
-                     record.placeOf({})});
-    }
-    const std::string_view fault = keyword.fault != nullptr ? keyword.fault(record) : "";
-    if (!fault.empty()) {
-      ReportFailure(ErrorLog, {std::string(fault), record.placeOf(keyword.name)});
-    }
+void readKeyword(LeerBDL& vivienda, const ViviendaKeyword& keyword, TypologyRecord& record) {
+  const bool given = std::visit(ReadsInto(vivienda, keyword.pattern, record), keyword.field);
+  if (!given && keyword.required) {
+    ReportFailure(
+        ErrorLog,
+        {concat("En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD ", keyword.name),
+         record.placeOf({})});
   }
+  const std::string_view fault = keyword.fault != nullptr ? keyword.fault(record) : "";
+  if (!fault.empty()) ReportFailure(ErrorLog, {std::string(fault), record.placeOf(keyword.name)});
 }
 
 /// The text of the command of `type` called `name`; empty without a name or without a command.
@@ -67,19 +65,39 @@ std::string textOfCommand(LeerBDL& model, std::string_view type, const std::stri
 
 TypologyRecord::TypologyRecord(SourceText tip)
     : fuente_(std::make_shared<SourceText>(std::move(tip))) {
-  LeerBDL model(*fuente_);
-  bool found = false;
-  LeerBDL vivienda(model, kVivienda, found);
-  if (!found) {
-    ReportFailure(ErrorLog, {"En el fichero *.tip debe existir un COMMAND VIVIENDA",
-                             wholeFile(fuente_->name())});
-  }
-  readVivienda(vivienda, *this);
+  read([](const Step& step) { step(); });
+}
 
-  textoMarco = textOfCommand(model, "NAME-FRAME", ventanaMarco);
-  textoSombra = textOfCommand(model, "VENTANA-SOMBRA", ventanaSombra);
-  LeerBDL solarPosition(model, "SOLAR-POSITION", found);
-  if (found) textoPosicionSolar = *solarPosition.obtenerTexto();
+TypologyRecord::TypologyRecord(SourceText tip, std::vector<Fault>& faults)
+    : fuente_(std::make_shared<SourceText>(std::move(tip))) {
+  read([&](const Step& step) {
+    if (std::optional<Fault> fault = faultOf(step)) faults.push_back(*std::move(fault));
+  });
+}
+
+void TypologyRecord::read(const std::function<void(const Step&)>& carryOut) {
+  LeerBDL model(*fuente_);
+  std::optional<LeerBDL> vivienda;
+  carryOut([&] {
+    bool found = false;
+    LeerBDL block(model, kVivienda, found);
+    if (!found) {
+      ReportFailure(ErrorLog, {"En el fichero *.tip debe existir un COMMAND VIVIENDA",
+                               wholeFile(fuente_->name())});
+    }
+    vivienda = std::move(block);
+  });
+  if (!vivienda) return;
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
+    carryOut([&] { readKeyword(*vivienda, keyword, *this); });
+  }
+  carryOut([&] { textoMarco = textOfCommand(model, "NAME-FRAME", ventanaMarco); });
+  carryOut([&] { textoSombra = textOfCommand(model, "VENTANA-SOMBRA", ventanaSombra); });
+  carryOut([&] {
+    bool found = false;
+    LeerBDL solarPosition(model, "SOLAR-POSITION", found);
+    if (found) textoPosicionSolar = *solarPosition.obtenerTexto();
+  });
 }
 
 Place TypologyRecord::placeOf(std::string_view keyword) const {

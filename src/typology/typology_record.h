@@ -1,8 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/source_text.h"
 #include "typology/facade.h"
@@ -16,6 +18,9 @@
 struct TypologyRecord {
   /// Reads and checks the text of a typology file.
   explicit TypologyRecord(SourceText tip);
+  /// The same for a check, which wants to know all that is wrong: `faults` receives what a run
+  /// would end with, and behind it what the next ones would; the record holds what could be read.
+  TypologyRecord(SourceText tip, std::vector<Fault>& faults);
   virtual ~TypologyRecord() = default;
 
   int tipo = 0;
@@ -61,5 +66,9 @@ struct TypologyRecord {
   Place placeOf(std::string_view keyword) const;
 
  private:
+  /// One thing that is read after the other, each of which may end the run.
+  using Step = std::function<void()>;
+  void read(const std::function<void(const Step&)>& carryOut);
+
   std::shared_ptr<const SourceText> fuente_;
 };

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "check/finding.h"
+#include "typology/typology_record.h"
+
+/// The second reading of a typology file. A run reads it by search: the first occurrence of a
+/// keyword counts, wherever it stands. A person reads lines. Wherever the two readings differ, a
+/// finding says so: what is written, what the run takes, how to mend it.
+///
+/// `record` is what the run's reading gave (of a file with errors: what could be read). No error is
+/// found here, only warnings and notes, in the order of their places. Never ends a run.
+Findings compareReadings(const TypologyRecord& record);
