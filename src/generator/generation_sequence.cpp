@@ -1,11 +1,13 @@
 #include "generator/generation_sequence.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/cp1252.h"
 #include "core/platform.h"
+#include "core/run_ended.h"
 #include "generator/construction_emitter.h"
 #include "generator/generator_context.h"
 #include "generator/orientation.h"
@@ -98,17 +100,40 @@ void rewriteCommands(GeneratorContext& context, const Plan& plan, TProgressBar& 
   }
 }
 
-}  // namespace
-
-void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
-              TProgressBar& progressBar) {
-  GeneratorContext context(plantilla, typology, output);
+void generateWith(GeneratorContext& context, TProgressBar& progressBar) {
   writeHeader(context);
   writeCourtyardShades(context);
   const Plan plan = geometriaTipologia(context);
   writeBuildingParameters(context);
   rewriteCommands(context, plan, progressBar);
   context.copyRest();
-  context.writeLine(typology.textoTipologia());
+  context.writeLine(context.typology().textoTipologia());
   context.requireFiniteOutput();
+}
+
+/// A bar that nobody sees.
+class NoProgressBar : public TProgressBar {
+ public:
+  int GetPosition() const override { return 0; }
+  void SetPosition(int /*position*/) override {}
+};
+
+}  // namespace
+
+void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
+              TProgressBar& progressBar) {
+  GeneratorContext context(plantilla, typology, output);
+  generateWith(context, progressBar);
+}
+
+std::vector<Fault> faultsOfGenerating(const Template& plantilla, const TypologyRecord& typology) {
+  std::vector<Fault> faults;
+  OutputLines output;
+  GeneratorContext context(plantilla, typology, output,
+                           [&](const Fault& fault) { faults.push_back(fault); });
+  NoProgressBar noBar;
+  // What does not go to the sink ends the generation at once.
+  const std::optional<Fault> last = faultOf([&] { generateWith(context, noBar); });
+  if (last) faults.push_back(*last);
+  return faults;
 }

@@ -1,5 +1,9 @@
 #pragma once
 
+#include <vector>
+
+#include "core/fault.h"
+
 class OutputLines;
 class TProgressBar;
 class Template;
@@ -11,3 +15,7 @@ struct TypologyRecord;
 /// command. `plantilla` must outlive `output`, whose lines are mostly the template's own bytes.
 void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
               TProgressBar& progressBar);
+
+/// All faults that stand in the way of the same building, for a check: the first is the one that
+/// `generate` ends with. None when it comes to its end.
+std::vector<Fault> faultsOfGenerating(const Template& plantilla, const TypologyRecord& typology);

@@ -1,6 +1,7 @@
 #include "generator/generator_context.h"
 
 #include <cmath>
+#include <utility>
 
 #include "core/concat.h"
 #include "core/cp1252.h"
@@ -42,11 +43,14 @@ Place placeOfOrigin(const TypologyRecord& typology, std::string_view written) {
 
 }  // namespace
 
+void endRunWith(const Fault& fault) { ReportFailure(ErrorLog, fault); }
+
 GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyRecord& typology,
-                                   OutputLines& output)
+                                   OutputLines& output, FaultSink faults)
     : template_(plantilla),
       typology_(typology),
       output_(output),
+      faults_(std::move(faults)),
       reader_(plantilla.building().bytes()) {
   // Few templates have more computed than copied.
   output_.expectBytes(plantilla.building().bytes().size());
@@ -81,19 +85,22 @@ void GeneratorContext::requireFiniteOutput() const {
   const std::string what =
       concat("el valor de ", notFiniteKeyword_, " en la salida no es un número finito: "_cp1252,
              formatReal(notFiniteValue_));
-  ReportFailure(ErrorLog, {errorInFile(typology_.fuente().name(), 0, what),
-                           placeOfOrigin(typology_, notFiniteKeyword_)});
+  faults_({errorInFile(typology_.fuente().name(), 0, what),
+           placeOfOrigin(typology_, notFiniteKeyword_)});
 }
 
-void GeneratorContext::failAtLine(long number, Span span, std::string_view what) const {
-  const SourceText& building = template_.building();
-  ReportFailure(ErrorLog, {errorInFile(building.name(), number, what), building.placeOf(span)});
+void GeneratorContext::report(std::string message, Span span) const {
+  faults_({std::move(message), template_.building().placeOf(span)});
+}
+
+void GeneratorContext::reportAtLine(long number, Span span, std::string_view what) const {
+  report(errorInFile(template_.building().name(), number, what), span);
 }
 
 bool GeneratorContext::readTemplateLine() {
   if (!reader_.ReadLine(currentLine_)) return false;
   if (currentLine_.size() > kLongestLine) {
-    failAtLine(currentLineNumber(), currentSpan(), "la línea es demasiado larga"_cp1252);
+    reportAtLine(currentLineNumber(), currentSpan(), "la línea es demasiado larga"_cp1252);
   }
   return true;
 }
@@ -123,9 +130,9 @@ void GeneratorContext::copyUntilCommand(std::string_view type) {
     if (splitAssignment(currentLine_).value == type) return;
     writeCurrentLine();
   }
-  ReportFailure(ErrorLog,
-                {concat("Error al generar el edificio. No se ha encontrado la clave: ", type),
-                 template_.building().lastLine()});
+  // The end for a check too: what comes later could not be found either.
+  endRunWith({concat("Error al generar el edificio. No se ha encontrado la clave: ", type),
+              template_.building().lastLine()});
 }
 
 void GeneratorContext::skipUntilKey(const NameList& names) {

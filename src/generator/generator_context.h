@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -9,6 +10,12 @@
 #include "generator/name_list.h"
 #include "generator/template.h"
 #include "typology/typology_record.h"
+
+/// Receives what is wrong with a building that is being generated. A run's ends with the first
+/// fault; a check's keeps it, and the generation goes on as well as it can.
+using FaultSink = std::function<void(const Fault&)>;
+/// The sink of a run.
+[[noreturn]] void endRunWith(const Fault& fault);
 
 /// The generator's state: a stream editor over the template. It reads the template strictly
 /// forward, one line at a time, copies every line to the output and, at the lines that matter,
@@ -21,7 +28,8 @@ class GeneratorContext {
   /// Bytes of the longest template line.
   static constexpr std::size_t kLongestLine = 3000;
 
-  GeneratorContext(const Template& plantilla, const TypologyRecord& typology, OutputLines& output);
+  GeneratorContext(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
+                   FaultSink faults = endRunWith);
   virtual ~GeneratorContext() = default;
 
   const Template& plantilla() const { return template_; }
@@ -32,8 +40,10 @@ class GeneratorContext {
   /// Its number, from 1, and where it stands.
   long currentLineNumber() const { return reader_.lineNumber(); }
   Span currentSpan() const { return reader_.span(); }
-  /// Ends the run with a message about a line of the template.
-  [[noreturn]] void failAtLine(long number, Span span, std::string_view what) const;
+  /// Reports a fault at `span` of the template. Who calls it goes on, for a sink that comes back.
+  void report(std::string message, Span span) const;
+  /// The same with a message that names the file and the line `number`.
+  void reportAtLine(long number, Span span, std::string_view what) const;
 
   void writeLine(std::string_view text);
   /// The same for the current line, whose bytes are taken from the template at the end.
@@ -45,8 +55,8 @@ class GeneratorContext {
   /// `value` as "%f" writes it, for a line about `keyword`. NaN and infinities have no place in the
   /// output; the first one is remembered for `requireFiniteOutput`.
   std::string formatFinite(std::string_view keyword, float value);
-  /// Ends the run when a real that was to be written is not finite. Asked at the very end, so that
-  /// the checks on the plan, which such a number fails too, speak first.
+  /// Reports a real that was to be written and is not finite. Asked at the very end, so that the
+  /// checks on the plan, which such a number fails too, speak first.
   void requireFiniteOutput() const;
 
   /// The main loop: copies template lines, schedules rewritten, until one matches a name of
@@ -79,6 +89,7 @@ class GeneratorContext {
   const Template& template_;
   const TypologyRecord& typology_;
   OutputLines& output_;
+  FaultSink faults_;
   LineReader reader_;
   std::string_view currentLine_;
   std::string notFiniteKeyword_;  // the first keyword with a NaN or an infinity, and its value

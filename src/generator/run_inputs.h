@@ -4,8 +4,8 @@
 
 #include "core/source_text.h"
 
-/// The input files of a run, in the order in which they are looked for and read. All that carries a
-/// run out goes through the same steps, so that it ends with the same message.
+/// The input files of a run, in the order in which they are looked for and read. A run, a check and
+/// a list of dwellings go through the same steps, so that they end with the same message.
 
 struct InputPaths {
   std::string building;  // template, *.bdl
@@ -20,7 +20,7 @@ std::string composedPath(const std::string& folder, const std::string& name);
 /// The text of the file `path`; one that cannot be read ends the run.
 SourceText readText(const std::string& path);
 
-/// Where the inputs of a template and a typology lie; one that is missing ends the run.
+/// Where the inputs of a template and a typology lie; the first that is missing ends the run.
 InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile);
 
 struct TemplateTexts {

@@ -4,7 +4,6 @@
 
 #include "core/concat.h"
 #include "core/cp1252.h"
-#include "core/report_error.h"
 #include "generator/generator_context.h"
 #include "generator/orientation.h"
 #include "plan/plan.h"
@@ -105,10 +104,12 @@ WindowSize sizeWindow(float percentage, float bayArea, float templateHeight) {
 void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClass, int surfaceIndex,
                 bool courtyard) {
   if (orientationClass < 0) {
-    ReportFailure(ErrorLog,
-                  {std::string("La versión actual del ZELTA no contempla ventanas en cubiertas o "
-                               "suelos"_cp1252),
-                   context.plantilla().building().placeOf(context.currentSpan())});
+    context.report(
+        std::string(
+            "La versión actual del ZELTA no contempla ventanas en cubiertas o suelos"_cp1252),
+        context.currentSpan());
+    dropWindow(context);
+    return;
   }
   const TypologyRecord& typology = context.typology();
   const Facade facade = facadeIndex(orientationClass);
@@ -134,10 +135,12 @@ void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClas
   if (bays.count == 0) {
     const std::string_view name =
         context.plantilla().table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
-    context.failAtLine(
+    context.reportAtLine(
         headerNumber, header,
         concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, facadeName(facade),
                streetSide ? "" : " del patio", ", que no tiene huecos en esta tipología"_cp1252));
+    context.writeLine("..");
+    return;
   }
   const float bayArea = bays.surface / static_cast<float>(bays.count);
   const WindowSize size = sizeWindow(bays.percentage, bayArea, templateHeight);
