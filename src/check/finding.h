@@ -12,11 +12,11 @@
 struct Finding {
   Code code;            // a row of kCodes: its word and how grave it is
   std::string message;  // one sentence; of an error, the run's own words
-  std::optional<Place> place;
-  std::string found;       // what is written there, byte for byte
-  std::string used;        // what the run takes for it
-  std::string allowed;     // what it may be
-  std::string suggestion;  // what to write instead, in the file's own form, or what to do
+  std::optional<Place> place = {};
+  std::string found = {};       // what is written there, byte for byte
+  std::string used = {};        // what the run takes for it
+  std::string allowed = {};     // what it may be
+  std::string suggestion = {};  // what to write instead, in the file's own form, or what to do
 };
 
 using Findings = std::vector<Finding>;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,12 @@ extern constinit thread_local Global2* ErrorLog;
 inline void ReportError(Global2* log, bool ok, std::string_view message) {
   if (!ok) ReportFailure(log, message);
 }
+
+/// Receives what is wrong. A run's ends with the first fault; a check's keeps it and comes back,
+/// and whoever reported it goes on as well as it can.
+using FaultSink = std::function<void(const Fault&)>;
+/// The sink of a run.
+[[noreturn]] inline void endRunWith(const Fault& fault) { ReportFailure(ErrorLog, fault); }
 
 /// "Error en el fichero <name>, línea <line>: <what>", the form of the messages about an input
 /// that breaks a limit or is malformed. Lines count from 1; 0 leaves the line out.

@@ -43,8 +43,6 @@ Place placeOfOrigin(const TypologyRecord& typology, std::string_view written) {
 
 }  // namespace
 
-void endRunWith(const Fault& fault) { ReportFailure(ErrorLog, fault); }
-
 GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyRecord& typology,
                                    OutputLines& output, FaultSink faults)
     : template_(plantilla),

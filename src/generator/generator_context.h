@@ -1,21 +1,15 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <string_view>
 
 #include "core/line_reader.h"
 #include "core/output_lines.h"
+#include "core/report_error.h"
 #include "generator/name_list.h"
 #include "generator/template.h"
 #include "typology/typology_record.h"
-
-/// Receives what is wrong with a building that is being generated. A run's ends with the first
-/// fault; a check's keeps it, and the generation goes on as well as it can.
-using FaultSink = std::function<void(const Fault&)>;
-/// The sink of a run.
-[[noreturn]] void endRunWith(const Fault& fault);
 
 /// The generator's state: a stream editor over the template. It reads the template strictly
 /// forward, one line at a time, copies every line to the output and, at the lines that matter,

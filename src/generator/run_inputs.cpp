@@ -12,8 +12,8 @@
 
 namespace {
 
-void requireFile(const std::string& path, std::string_view message) {
-  if (!fileExists(path)) ReportFailure(ErrorLog, {std::string(message), wholeFile(path)});
+void requireFile(const std::string& path, std::string_view message, const FaultSink& faults) {
+  if (!fileExists(path)) faults({std::string(message), wholeFile(path)});
 }
 
 }  // namespace
@@ -26,15 +26,16 @@ std::string composedPath(const std::string& folder, const std::string& name) {
 
 SourceText readText(const std::string& path) { return fichero(path, "lectura").takeText(); }
 
-InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile) {
+InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile,
+                         const FaultSink& faults) {
   InputPaths paths{templateFile, templateFile, typologyFile, {}};
   Global2::cambiarExtension(paths.table, "tbl");
   requirePathWithin(paths.table, kPathCapacity);
-  requireFile(paths.building, "No existe el fichero de datos *.bdl");
-  requireFile(paths.table, "No existe el fichero de datos *.tbl");
-  requireFile(paths.typology, "No existe el fichero de datos *.tip");
+  requireFile(paths.building, "No existe el fichero de datos *.bdl", faults);
+  requireFile(paths.table, "No existe el fichero de datos *.tbl", faults);
+  requireFile(paths.typology, "No existe el fichero de datos *.tip", faults);
   paths.defaults = composedPath(folderOf(templateFile), "defectos.inp");
-  requireFile(paths.defaults, "No existe el fichero de librería defectos.inp"_cp1252);
+  requireFile(paths.defaults, "No existe el fichero de librería defectos.inp"_cp1252, faults);
   return paths;
 }
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "core/report_error.h"
 #include "core/source_text.h"
 
 /// The input files of a run, in the order in which they are looked for and read. A run, a check and
@@ -20,8 +21,9 @@ std::string composedPath(const std::string& folder, const std::string& name);
 /// The text of the file `path`; one that cannot be read ends the run.
 SourceText readText(const std::string& path);
 
-/// Where the inputs of a template and a typology lie; the first that is missing ends the run.
-InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile);
+/// Where the inputs of a template and a typology lie. One that is missing is a fault.
+InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile,
+                         const FaultSink& faults = endRunWith);
 
 struct TemplateTexts {
   SourceText building;

@@ -13,7 +13,8 @@ namespace {
 /// The lines of a table, and the one way in which they are wrong.
 class TableLines {
  public:
-  explicit TableLines(const SourceText& text) : text_(text), reader_(text.bytes()) {}
+  TableLines(const SourceText& text, const FaultSink& faults)
+      : text_(text), faults_(faults), reader_(text.bytes()) {}
 
   long count() const { return reader_.lineCount(); }
   std::string_view next() {
@@ -21,22 +22,26 @@ class TableLines {
     reader_.ReadLine(line);
     return line;
   }
-  /// Ends the run unless `ok`: `what` is wrong with the line last handed out.
-  void require(bool ok, std::string_view what) const {
-    if (!ok) fail(reader_.lineNumber(), text_.placeOf(reader_.span()), what);
+  /// Unless `ok`, reports what is wrong with the line last handed out.
+  bool require(bool ok, std::string_view what) const {
+    if (!ok) report(reader_.lineNumber(), text_.placeOf(reader_.span()), what);
+    return ok;
   }
-  /// Ends the run unless the file has as many lines.
-  void requireLines(long long announced) const {
-    if (announced <= count()) return;
-    fail(count(), text_.lastLine(), "el fichero tiene menos líneas de las anunciadas"_cp1252);
+  /// The same for a file that does not have as many lines.
+  bool requireLines(long long announced) const {
+    const bool ok = announced <= count();
+    constexpr auto kWhat = "el fichero tiene menos líneas de las anunciadas"_cp1252;
+    if (!ok) report(count(), text_.lastLine(), kWhat);
+    return ok;
   }
 
  private:
-  [[noreturn]] void fail(long line, const Place& place, std::string_view what) const {
-    ReportFailure(ErrorLog, {errorInFile(text_.name(), line, what), place});
+  void report(long line, const Place& place, std::string_view what) const {
+    faults_({errorInFile(text_.name(), line, what), place});
   }
 
   const SourceText& text_;
+  const FaultSink& faults_;
   LineReader reader_;
 };
 
@@ -72,18 +77,20 @@ Zone readZone(TableLines& lines) {
 
 }  // namespace
 
-TableFile readTableFile(const SourceText& text) {
+TableFile readTableFile(const SourceText& text, const FaultSink& faults) {
   constexpr int kHeaderLines = 3;
-  TableLines lines(text);
+  TableLines lines(text, faults);
+  if (!lines.requireLines(kHeaderLines)) return {};
   std::string_view line;
-  lines.requireLines(kHeaderLines);
   for (int i = 0; i < kHeaderLines; ++i) line = lines.next();
   int surfaceCount = -1;
   int zoneCount = -1;
   const bool counted = scanInteger(line, surfaceCount) && scanInteger(line, zoneCount);
-  lines.require(counted && surfaceCount >= 0 && zoneCount >= 0,
-                "debe contener el número de superficies y el de zonas"_cp1252);
-  lines.requireLines(kHeaderLines + 2LL * surfaceCount + 2LL * zoneCount);
+  if (!lines.require(counted && surfaceCount >= 0 && zoneCount >= 0,
+                     "debe contener el número de superficies y el de zonas"_cp1252) ||
+      !lines.requireLines(kHeaderLines + 2LL * surfaceCount + 2LL * zoneCount)) {
+    return {};
+  }
 
   TableFile table;
   table.surfaces.reserve(static_cast<std::size_t>(surfaceCount));

@@ -5,7 +5,8 @@
 #include <string_view>
 #include <vector>
 
-class SourceText;
+#include "core/report_error.h"
+#include "core/source_text.h"
 
 /// One surface of the template. The name is the whole line of the file, double quotes and blanks
 /// included, a view into it; it is trimmed when template lines are compared with it.
@@ -47,4 +48,4 @@ inline constexpr std::size_t kTableNameCapacity = 200;
 /// surface and a zone. Errors end the run with the line's number: counts that are missing or
 /// negative, fewer lines than they announce, an overlong name, a surface without its seven reals
 /// and its kind. The pair and a zone's numbers may be missing and are then 0.
-TableFile readTableFile(const SourceText& text);
+TableFile readTableFile(const SourceText& text, const FaultSink& faults = endRunWith);

@@ -31,6 +31,7 @@ class Template {
   Template& operator=(const Template&) = delete;
 
   const SourceText& building() const { return building_; }
+  const SourceText& tableText() const { return tableText_; }
   const TableFile& table() const { return table_; }
 
   /// What the lines of rewritten commands are known by: the surfaces of the table, in its order,

@@ -1,0 +1,202 @@
+#include "check/checker.h"
+
+#include <algorithm>
+
+#include "check/template_findings.h"
+#include "check/written_typology.h"
+#include "core/concat.h"
+#include "core/cp1252.h"
+#include "core/output_lines.h"
+#include "core/paths.h"
+#include "core/report_error.h"
+#include "core/run_ended.h"
+#include "generator/generation_sequence.h"
+#include "generator/typology_geometry.h"
+
+namespace {
+
+class NoProgressBar : public TProgressBar {
+ public:
+  int GetPosition() const override { return 0; }
+  void SetPosition(int /*position*/) override {}
+};
+
+bool sameFault(const Fault& a, const Fault& b) {
+  if (a.message != b.message || a.place.has_value() != b.place.has_value()) return false;
+  return !a.place || (a.place->file == b.place->file && a.place->line == b.place->line &&
+                      a.place->column == b.place->column);
+}
+
+/// The fault that ends the run, and behind it what else is wrong. Without the first there is none.
+std::vector<Fault> inOrder(const std::optional<Fault>& runFault, const std::vector<Fault>& others) {
+  if (!runFault) return {};
+  std::vector<Fault> faults = {*runFault};
+  for (const Fault& fault : others) {
+    const auto isSame = [&](const Fault& known) { return sameFault(known, fault); };
+    if (std::ranges::none_of(faults, isSame)) faults.push_back(fault);
+  }
+  return faults;
+}
+
+/// All limits of the plan that a typology breaks.
+std::vector<Fault> planFaults(const TypologyRecord& typology) {
+  const PlanResult result = planTipologia(planDataOf(typology));
+  const auto* failure = std::get_if<PlanFailure>(&result);
+  std::vector<Fault> faults;
+  if (failure == nullptr) return faults;
+  for (const PlanFault& fault : failure->faults) {
+    faults.push_back({fault.message, typology.placeOf(nameOf(fault.keywords.front()))});
+  }
+  return faults;
+}
+
+/// Whether a typology with this fault has no numbers that a plan could be drawn from: its limits
+/// would only be consequences.
+bool leavesNoPlan(const Fault& fault) {
+  const Code code = codeOfRunMessage(fault.message);
+  return code == Code::kFaltaDato || code == Code::kNoPositivo || code == Code::kFaltaVivienda;
+}
+
+}  // namespace
+
+Finding errorFinding(const Fault& fault) {
+  Finding finding{
+      .code = codeOfRunMessage(fault.message), .message = fault.message, .place = fault.place};
+  if (fault.place && fault.place->length > 0) {
+    finding.found = fault.place->text.substr(static_cast<std::size_t>(fault.place->column - 1),
+                                             fault.place->length);
+  }
+  return finding;
+}
+
+/// What a run of the template and one typology does, all but the writing.
+class Checker::Run {
+ public:
+  Run(Checker& checker, const std::string& typologyFile)
+      : checker_(checker), typologyFile_(typologyFile) {}
+
+  Findings findings() {
+    if (checker_.templateFile_) {
+      checkWithTemplate();
+    } else {
+      checkAlone();
+    }
+    Findings findings;
+    for (const Fault& fault : inOrder(runFault_, faults_)) findings.push_back(errorFinding(fault));
+    std::ranges::move(remarks_, std::back_inserter(findings));
+    return findings;
+  }
+
+ private:
+  void keep(const std::vector<Fault>& faults) {
+    faults_.insert(faults_.end(), faults.begin(), faults.end());
+    if (!runFault_ && !faults.empty()) runFault_ = faults.front();
+  }
+
+  void checkAlone() {
+    if (!fileExists(typologyFile_)) {
+      keep({{"No existe el fichero de datos *.tip", wholeFile(typologyFile_)}});
+      return;
+    }
+    readTypology();
+    keep(limits());
+  }
+
+  void checkWithTemplate() {
+    InputPaths paths;
+    runFault_ = faultOf([&] { paths = requireInputs(*checker_.templateFile_, typologyFile_); });
+    if (runFault_) {
+      // A run tells of the first file that is missing.
+      faultOf([&] {
+        requireInputs(*checker_.templateFile_, typologyFile_,
+                      [&](const Fault& fault) { faults_.push_back(fault); });
+      });
+      if (fileExists(typologyFile_)) {
+        readTypology();
+        keep(limits());
+      }
+      return;
+    }
+    const TemplateReading& reading = checker_.templateReading(paths);
+    runFault_ = reading.runFault;
+    keep(reading.faults);
+    remarks_ = reading.findings;
+    readTypology();
+    // The run looks at the template before it looks at the plan.
+    if (reading.plantilla && record_ && !runFault_) generate(*reading.plantilla);
+    keep(limits());
+    if (!reading.plantilla || !record_) return;
+    const Findings fit = fitFindings(*reading.plantilla, *record_);
+    remarks_.insert(remarks_.end(), fit.begin(), fit.end());
+  }
+
+  void readTypology() {
+    std::vector<Fault> faults;
+    const std::optional<Fault> unreadable =
+        faultOf([&] { record_.emplace(readText(typologyFile_), faults); });
+    if (unreadable) faults.push_back(*unreadable);
+    keep(faults);
+    hasPlanNumbers_ = record_ && std::ranges::none_of(faults, leavesNoPlan);
+    if (!record_) return;
+    const Findings remarks = compareReadings(*record_);
+    remarks_.insert(remarks_.end(), remarks.begin(), remarks.end());
+  }
+
+  /// The run itself; only where it ends with a fault, what else stands in its way.
+  void generate(const Template& plantilla) {
+    runFault_ = faultOf([&] {
+      OutputLines nobodyReads;
+      NoProgressBar bar;
+      ::generate(plantilla, *record_, nobodyReads, bar);
+    });
+    if (runFault_) keep(faultsOfGenerating(plantilla, *record_));
+  }
+
+  std::vector<Fault> limits() const {
+    return hasPlanNumbers_ ? planFaults(*record_) : std::vector<Fault>();
+  }
+
+  Checker& checker_;
+  const std::string& typologyFile_;
+  std::optional<TypologyRecord> record_;  // none where the file cannot be read
+  bool hasPlanNumbers_ = false;
+  std::optional<Fault> runFault_;
+  std::vector<Fault> faults_;
+  Findings remarks_;
+};
+
+const Checker::TemplateReading& Checker::templateReading(const InputPaths& paths) {
+  if (template_) return *template_;
+  template_.emplace();
+  std::optional<TemplateTexts> texts;
+  template_->runFault = faultOf([&] { texts = readTemplateTexts(paths); });
+  faultOf([&] {
+    const SourceText table =
+        texts ? SourceText(texts->table.name(), texts->table.bytes()) : readText(paths.table);
+    readTableFile(table, [&](const Fault& fault) { template_->faults.push_back(fault); });
+  });
+  if (!texts) return *template_;
+  template_->runFault = faultOf([&] {
+    template_->plantilla =
+        std::make_unique<Template>(std::move(texts->building), std::move(texts->table));
+  });
+  if (template_->plantilla) template_->findings = templateFindings(*template_->plantilla);
+  return *template_;
+}
+
+/// Leaves out what an earlier check has said of a file that is not the typology.
+void Checker::dropWhatWasSaid(Findings& findings, const std::string& typologyFile) {
+  std::erase_if(findings, [&](const Finding& finding) {
+    if (!finding.place || finding.place->file == typologyFile) return false;
+    const std::string key = concat(rowOf(finding.code).word, "\n", finding.place->file, "\n",
+                                   std::to_string(finding.place->line), "\n",
+                                   std::to_string(finding.place->column), "\n", finding.message);
+    return !said_.insert(key).second;
+  });
+}
+
+Findings Checker::check(const std::string& typologyFile) {
+  Findings findings = Run(*this, typologyFile).findings();
+  dropWhatWasSaid(findings, typologyFile);
+  return findings;
+}

@@ -1,0 +1,298 @@
+#include <algorithm>
+#include <array>
+#include <cstdio>
+
+#include "check/template_commands.h"
+#include "check/template_findings.h"
+#include "core/concat.h"
+#include "core/cp1252.h"
+#include "generator/name_list.h"
+#include "generator/orientation.h"
+#include "generator/typology_geometry.h"
+#include "typology/tipo.h"
+#include "typology/vivienda_keywords.h"
+
+namespace {
+
+constexpr float kStoreyOfSizing = 3.0F;  // m; windows are sized for storeys of this height
+
+/// A number for people: a decimal comma, no zeros at its end.
+std::string shown(double value, int decimals = 2) {
+  char buffer[64];
+  std::snprintf(buffer, sizeof buffer, "%.*f", decimals, value);
+  std::string text = buffer;
+  if (text.find('.') != std::string::npos) {
+    text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+  }
+  std::ranges::replace(text, '.', ',');
+  return text;
+}
+
+constexpr std::array<std::string_view, 4> kFacadeNames = {"sur", "este", "norte", "oeste"};
+
+/// The windows of the table on each façade, street and courtyard.
+struct WindowCounts {
+  PerFacade<int> street{};
+  PerFacade<int> courtyard{};
+};
+
+WindowCounts countWindows(const TableFile& table) {
+  WindowCounts counts;
+  for (const Surface& surface : table.surfaces) {
+    if (surface.kind < 1) continue;
+    const int orientation = classifyOrientation(surface.azimuth, surface.tilt);
+    if (orientation < 0) continue;
+    const bool courtyard = surface.name.find("Med") != std::string_view::npos;
+    ++(courtyard ? counts.courtyard : counts.street)[facadeIndex(orientation)];
+  }
+  return counts;
+}
+
+class Fit {
+ public:
+  Fit(const Template& plantilla, const TypologyRecord& typology)
+      : plantilla_(plantilla), typology_(typology), commands_(plantilla.building()) {}
+
+  Findings findings() {
+    compareNames();
+    compareFrame();
+    const PlanResult result = planTipologia(planDataOf(typology_));
+    if (const auto* plan = std::get_if<Plan>(&result)) {
+      comparePolygons(*plan);
+      compareStoreys();
+      compareShades();
+      compareFacades(*plan);
+      foretellGlazing(*plan);
+    }
+    return std::move(findings_);
+  }
+
+ private:
+  /// Constructions and glass that the template does not define, or defines as something else.
+  void compareNames() {
+    for (const std::string_view keyword :
+         {"MUROS-FACHADA", "PARTICION-INTERIOR-VERTICAL", "MEDIANERA", "SUELOS",
+          "PARTICION-INTERIOR-HORIZONTAL", "CUBIERTAS"}) {
+      compareName(keyword, "CONSTRUCTION", "una construcción"_cp1252);
+    }
+    compareName("VENTANA-VIDRIO", "GLASS-TYPE", "un vidrio");
+  }
+
+  void compareName(std::string_view keyword, std::string_view type, std::string_view what) {
+    const ViviendaKeyword* row = findViviendaKeyword(keyword);
+    const std::string& name = typology_.*std::get<std::string TypologyRecord::*>(row->field);
+    if (name.size() <= 2) return;  // empty quotes are a finding of their own
+    const TemplateCommands::Command* command = commands_.named(name);
+    // The typology's own text comes behind the template: what it defines counts as well.
+    if (command == nullptr && definedInTypology(name)) return;
+    if (command != nullptr && command->type == type) return;
+    if (command != nullptr && isDefinedAs(name, type)) return;
+    Finding finding{.code = command == nullptr ? Code::kNombreNoDefinido : Code::kNombreDeOtraCosa,
+                    .message = {},
+                    .place = typology_.placeOf(keyword),
+                    .found = name,
+                    .used = "el nombre tal cual"};
+    if (command == nullptr) {
+      finding.message =
+          concat(keyword, " nombra ", name, ", que no está definido en la plantilla"_cp1252);
+      finding.suggestion = nearestOf(type, name);
+    } else {
+      finding.message = concat(keyword, " nombra ", name, ", que en la plantilla es ",
+                               command->type, " y no ", what);
+    }
+    finding.allowed = concat("el nombre de ", what, " (", type, ")");
+    findings_.push_back(std::move(finding));
+  }
+
+  bool isDefinedAs(std::string_view name, std::string_view type) const {
+    return std::ranges::any_of(commands_.all(), [&](const TemplateCommands::Command& command) {
+      return command.name == name && command.type == type;
+    });
+  }
+
+  bool definedInTypology(std::string_view name) const {
+    return TemplateCommands(typology_.fuente()).named(name) != nullptr;
+  }
+
+  /// The names of that type that the template has, for whoever looks for the right one.
+  std::string nearestOf(std::string_view type, std::string_view /*name*/) const {
+    std::string names;
+    int shownNames = 0;
+    for (const TemplateCommands::Command* command : commands_.ofType(type)) {
+      if (++shownNames > 4) return names + " ...";
+      names += concat(names.empty() ? "" : ", ", command->name);
+    }
+    return names.empty() ? std::string() : concat("uno de los de la plantilla: ", names);
+  }
+
+  /// A frame that only the template defines: what it says of the frame is dropped with the window's
+  /// own keywords.
+  void compareFrame() {
+    if (typology_.ventanaMarco.empty() || !typology_.textoMarco.empty()) return;
+    if (!isDefinedAs(typology_.ventanaMarco, "NAME-FRAME")) return;
+    findings_.push_back(
+        {.code = Code::kMarcoDeLaPlantilla,
+         .message = concat("El marco ", typology_.ventanaMarco,
+                           " está en la plantilla y no en la tipología: las ventanas no llevarán "
+                           "sus datos"_cp1252),
+         .place = typology_.placeOf("VENTANA-MARCO"),
+         .found = typology_.ventanaMarco,
+         .used = "ventanas sin los datos del marco",
+         .suggestion = concat("copie el comando ", typology_.ventanaMarco,
+                              " = NAME-FRAME de la plantilla a la tipología"_cp1252)});
+  }
+
+  void comparePolygons(const Plan& plan) {
+    const auto polygons = commands_.ofType("POLYGON");
+    const std::size_t wanted = plan.outlines.size();
+    if (polygons.size() <= wanted) return;  // too few end the run
+    findings_.push_back(
+        {.code = Code::kPoligonosDeMas,
+         .message =
+             concat("La plantilla tiene ", std::to_string(polygons.size()),
+                    " contornos (POLYGON) y la tipología escribe "_cp1252, std::to_string(wanted)),
+         .place = plantilla_.building().placeOf(polygons[wanted]->header),
+         .found = std::to_string(polygons.size()),
+         .used = concat("los ", std::to_string(wanted), " primeros"),
+         .allowed = std::to_string(wanted),
+         .suggestion = concat("use la plantilla de un edificio de tipología "_cp1252,
+                              std::to_string(typology_.tipo))});
+  }
+
+  void compareStoreys() {
+    const auto floors = commands_.ofType("FLOOR");
+    const auto wanted = static_cast<std::size_t>(tipoRow(typology_.tipo).planStoreys);
+    if (floors.empty() || floors.size() == wanted) return;
+    findings_.push_back(
+        {.code = Code::kPlantasDeLaPlantilla,
+         .message =
+             concat("La plantilla tiene ", std::to_string(floors.size()),
+                    floors.size() == 1 ? " planta" : " plantas", " (FLOOR) y la tipología "_cp1252,
+                    std::to_string(typology_.tipo), " se construye con ", std::to_string(wanted)),
+         .place = typology_.placeOf("TIPO"),
+         .found = std::to_string(floors.size()),
+         .used = "las de la plantilla",
+         .allowed = std::to_string(wanted),
+         .suggestion = concat("use la plantilla de un edificio de tipología "_cp1252,
+                              std::to_string(typology_.tipo))});
+  }
+
+  /// The two headers that a number with courtyard shades meets first.
+  void compareShades() {
+    const TipoRow& row = tipoRow(typology_.tipo);
+    if (row.shades == CourtyardShades::kNotLookedFor) return;
+    const auto shades = commands_.ofType("BUILDING-SHADE");
+    const std::array<std::string_view, 2> names = {"Sombra001", "Sombra002"};
+    const std::array<bool, 2> wanted = {row.firstShade(), row.secondShade()};
+    for (std::size_t i = 0; i < names.size() && i < shades.size(); ++i) {
+      if (!wanted[i] || shades[i]->name.find(names[i]) != std::string_view::npos) continue;
+      findings_.push_back(
+          {.code = Code::kSombraDePatio,
+           .message = concat("El BUILDING-SHADE ", shades[i]->name, " está en el lugar de "_cp1252,
+                             names[i], ", y su cabecera no se escribirá"_cp1252),
+           .place = plantilla_.building().placeOf(shades[i]->header),
+           .found = std::string(shades[i]->name),
+           .used = "ninguna sombra",
+           .allowed = std::string(names[i]),
+           .suggestion = concat("llame \"", names[i], "\" a la sombra")});
+    }
+  }
+
+  /// Façades with glazing and bays, but without a window in the template.
+  void compareFacades(const Plan& plan) {
+    const WindowCounts windows = countWindows(plantilla_.table());
+    for (std::size_t facade = 0; facade < 4; ++facade) {
+      compareFacade("PORCENTAJE-FACHADA", facade, typology_.porcentajeFachada[facade],
+                    windows.street[facade], plan.numHuecosFachada[facade], "de calle");
+      compareFacade("PORCENTAJE-PATIO", facade, typology_.porcentajePatio[facade],
+                    windows.courtyard[facade], plan.numHuecosPatio[facade], "de patio");
+    }
+  }
+
+  void compareFacade(std::string_view keyword, std::size_t facade, float percentage, int windows,
+                     int bays, std::string_view side) {
+    if (!(percentage > 0) || windows > 0) return;
+    // A percentage for a side without bays, and no window to ask for it, is no matter.
+    if (bays == 0 && keyword == "PORCENTAJE-FACHADA") return;
+    findings_.push_back({.code = Code::kFachadaSinVentanas,
+                         .message = concat("La plantilla no tiene ventanas ", side,
+                                           " en la fachada ", kFacadeNames[facade],
+                                           ", que pide un ", shown(percentage), " % de huecos"),
+                         .place = typology_.placeOf(keyword),
+                         .found = shown(percentage) + " %",
+                         .used = std::string("ningún hueco"_cp1252)});
+  }
+
+  /// Where the glazing will not be what was asked for, or windows leave their wall.
+  void foretellGlazing(const Plan& plan) {
+    const float height = typology_.alturaPlanta;
+    const double factor = static_cast<double>(kStoreyOfSizing) / height;
+    bool anyGlazing = false;
+    for (std::size_t facade = 0; facade < 4; ++facade) {
+      anyGlazing |=
+          foretellFacade("PORCENTAJE-FACHADA", facade, typology_.porcentajeFachada[facade],
+                         plan.numHuecosFachada[facade]);
+      anyGlazing |= foretellFacade("PORCENTAJE-PATIO", facade, typology_.porcentajePatio[facade],
+                                   plan.numHuecosPatio[facade]);
+    }
+    if (!anyGlazing || height == kStoreyOfSizing) return;
+    findings_.push_back(
+        {.code = Code::kHuecosDistintos,
+         .message =
+             concat("Los huecos se calculan con plantas de 3,00 m y esta mide ", shown(height),
+                    " m: se obtendrá cada porcentaje por "_cp1252, shown(factor, 3)),
+         .place = typology_.placeOf("ALTURA-PLANTA"),
+         .found = shown(height) + " m",
+         .used = std::string("paños de 3,00 m"_cp1252)});
+  }
+
+  bool foretellFacade(std::string_view keyword, std::size_t facade, float percentage, int bays) {
+    if (!(percentage > 0) || bays == 0) return false;
+    const double height = typology_.alturaPlanta;
+    const double head = percentage > 100 ? kStoreyOfSizing : headOf(percentage);
+    const std::string which =
+        concat(" de la fachada ", kFacadeNames[facade], " (", shown(percentage), " %)");
+    if (percentage > 100) {
+      note(Code::kVentanaLimitada, keyword, percentage,
+           concat("La ventana", which, " queda limitada al paño entero"_cp1252));
+    }
+    if (windowHeight(percentage) > height) {
+      note(Code::kVentanaMasAlta, keyword, percentage,
+           concat("La ventana", which, " mide ", shown(windowHeight(percentage)),
+                  " m de alto y la planta ", shown(height), " m"));
+    } else if (head > height) {
+      note(Code::kVentanaSobreElTecho, keyword, percentage,
+           concat("El dintel de la ventana", which, " queda a ", shown(head), " m y el techo a ",
+                  shown(height), " m"));
+    }
+    return true;
+  }
+
+  /// Height of a window of the template's ordinary kind, m.
+  static double windowHeight(double percentage) {
+    return std::clamp(kStoreyOfSizing * percentage / 100.0, 1.2, double{kStoreyOfSizing});
+  }
+  /// It stands in the middle of a bay of 3 m.
+  static double headOf(double percentage) {
+    return (kStoreyOfSizing + windowHeight(percentage)) / 2.0;
+  }
+
+  void note(Code code, std::string_view keyword, float percentage, std::string message) {
+    findings_.push_back({.code = code,
+                         .message = std::move(message),
+                         .place = typology_.placeOf(keyword),
+                         .found = shown(percentage) + " %"});
+  }
+
+  const Template& plantilla_;
+  const TypologyRecord& typology_;
+  TemplateCommands commands_;
+  Findings findings_;
+};
+
+}  // namespace
+
+Findings fitFindings(const Template& plantilla, const TypologyRecord& typology) {
+  return Fit(plantilla, typology).findings();
+}
