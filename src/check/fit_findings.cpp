@@ -81,8 +81,10 @@ class Fit {
 
   void compareName(std::string_view keyword, std::string_view type, std::string_view what) {
     const ViviendaKeyword* row = findViviendaKeyword(keyword);
-    const std::string& name = typology_.*std::get<std::string TypologyRecord::*>(row->field);
-    if (name.size() <= 2) return;  // empty quotes are a finding of their own
+    const std::string& given = typology_.*std::get<std::string TypologyRecord::*>(row->field);
+    if (given.empty() || given == "\"\"") return;  // a finding of its own
+    // A name of one word may go without its quotes.
+    const std::string name = given.starts_with('"') ? given : concat("\"", given, "\"");
     const TemplateCommands::Command* command = commands_.named(name);
     // The typology's own text comes behind the template: what it defines counts as well.
     if (command == nullptr && definedInTypology(name)) return;
@@ -96,7 +98,7 @@ class Fit {
     if (command == nullptr) {
       finding.message =
           concat(keyword, " nombra ", name, ", que no está definido en la plantilla"_cp1252);
-      finding.suggestion = nearestOf(type, name);
+      finding.suggestion = namesOf(type);
     } else {
       finding.message = concat(keyword, " nombra ", name, ", que en la plantilla es ",
                                command->type, " y no ", what);
@@ -116,7 +118,7 @@ class Fit {
   }
 
   /// The names of that type that the template has, for whoever looks for the right one.
-  std::string nearestOf(std::string_view type, std::string_view /*name*/) const {
+  std::string namesOf(std::string_view type) const {
     std::string names;
     int shownNames = 0;
     for (const TemplateCommands::Command* command : commands_.ofType(type)) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 /// The caption of every message that ends a run.
 inline constexpr std::string_view kErrorCaption = "Se ha producido un error";
@@ -16,6 +17,9 @@ struct Place {
   std::size_t length = 0;  // bytes of the span; 0: a point
   std::string text;        // the whole line, without its line end
 };
+
+/// The place that is the file `name` as a whole.
+inline Place wholeFile(std::string name) { return {.file = std::move(name), .text = {}}; }
 
 /// What ends a run: a message, the words alone, and where its cause stands, if it stands anywhere.
 struct Fault {

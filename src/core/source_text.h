@@ -41,6 +41,3 @@ class SourceText {
   std::unique_ptr<char[]> buffer_;
   std::size_t size_;
 };
-
-/// The place that is the file `name` as a whole.
-inline Place wholeFile(std::string name) { return {.file = std::move(name), .text = {}}; }

@@ -4,6 +4,7 @@
 #include "app/console/standard_streams.h"
 
 bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
+bool standardOutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
 
 void openStandardStreams() {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {

@@ -1,92 +1,17 @@
 #include "app/console/works/result_file.h"
 
 #include <cstdio>
-#include <filesystem>
-#include <memory>
-#include <system_error>
 
-#include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
-
-namespace {
-
-namespace fs = std::filesystem;
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using Stream = std::unique_ptr<std::FILE, CloseFile>;
-
-/// The bytes of a path are UTF-8 where the system has an opinion about them.
-fs::path pathOf(const std::string& name) { return std::u8string(name.begin(), name.end()); }
-
-std::string nameOf(const fs::path& path) {
-  const std::u8string name = path.u8string();
-  return {name.begin(), name.end()};
-}
-
-/// Where the result really goes: behind links, so that a link stays one.
-fs::path targetOf(const std::string& name) {
-  std::error_code error;
-  const fs::path path = pathOf(name);
-  if (!fs::is_symlink(path, error)) return path;
-  const fs::path target = fs::canonical(path, error);
-  return error ? path : target;
-}
-
-/// Creates a file beside `target` that was not there, and gives its path.
-Stream createBeside(const fs::path& target, fs::path& created) {
-  for (int attempt = 0; attempt < 1000; ++attempt) {
-    created = target;
-    created += ".parcial" + (attempt == 0 ? std::string() : std::to_string(attempt));
-    Stream stream(std::fopen(nameOf(created).c_str(), "wbx"));
-    std::error_code error;
-    if (stream || !fs::exists(created, error)) return stream;
-  }
-  return nullptr;
-}
-
-bool writeAll(Stream& stream, std::string_view bytes) {
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size();
-  const bool flushed = std::fflush(stream.get()) == 0;
-  return std::fclose(stream.release()) == 0 && written && flushed;
-}
-
-void requireOpen(const Stream& stream, const std::string& name) {
-  if (!stream) ReportFailure(ErrorLog, concat("Error al abrir fichero de escritura: ", name));
-}
-
-[[noreturn]] void failToWrite(const std::string& name) {
-  ReportFailure(ErrorLog, concat("Error al escribir fichero: ", name));
-}
-
-}  // namespace
+#include "core/whole_file.h"
 
 void writeResult(const std::string& path, std::string_view bytes) {
-  if (path.empty()) {
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
-    const bool said = std::fflush(stdout) == 0 && written;
-    ReportError(ErrorLog, said, "Error al escribir en la salida estándar"_cp1252);
+  if (!path.empty()) {
+    writeWholeFile(path, bytes);
     return;
   }
-  std::error_code error;
-  const fs::path target = targetOf(path);
-  if (fs::exists(target, error) && !fs::is_regular_file(target, error)) {
-    Stream stream(std::fopen(path.c_str(), "wb"));
-    requireOpen(stream, path);
-    if (!writeAll(stream, bytes)) failToWrite(path);
-    return;
-  }
-  fs::path partial;
-  Stream stream = createBeside(target, partial);
-  requireOpen(stream, path);
-  bool whole = writeAll(stream, bytes);
-  if (whole) {
-    fs::rename(partial, target, error);
-    whole = !error;
-  }
-  if (whole) return;
-  fs::remove(partial, error);
-  failToWrite(path);
+  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
+  const bool said = std::fflush(stdout) == 0 && written;
+  ReportError(ErrorLog, said, "Error al escribir en la salida estándar"_cp1252);
 }

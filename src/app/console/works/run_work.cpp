@@ -35,7 +35,10 @@ std::string listOf(std::span<const std::string_view> words) {
 
 std::string expectedOperands(const Work& work) {
   const std::string least = std::to_string(work.leastOperands);
-  if (work.leastOperands != work.mostOperands) return "se esperaban al menos " + least;
+  if (work.leastOperands != work.mostOperands) {
+    return work.leastOperands == 1 ? "se esperaba al menos 1 fichero"
+                                   : "se esperaban al menos " + least + " ficheros";
+  }
   return work.leastOperands == 1 ? "se esperaba 1 fichero" : "se esperaban " + least + " ficheros";
 }
 
@@ -103,10 +106,15 @@ std::string listOfWorks() {
   return list + "Una plantilla que se llame como un trabajo se escribe con su carpeta: ./plano\n";
 }
 
+int tellWrongCommandLine(const WorkArguments& arguments, std::string_view problem) {
+  return wrong(*arguments.work, problem);
+}
+
 int runWork(const Work& work, std::span<const std::string> arguments) {
   CLI::App parser;
   parser.set_help_flag();
   WorkArguments read;
+  read.work = &work;
   std::map<std::string_view, CLI::Option*> options;
   std::map<std::string_view, std::string> values;
   for (const Option* option : work.options) {

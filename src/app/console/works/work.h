@@ -22,8 +22,11 @@ struct Option {
   Complete complete = Complete::kNone;
 };
 
+struct Work;
+
 /// What a work was called with.
 struct WorkArguments {
+  const Work* work = nullptr;
   std::vector<std::string> operands;
   std::map<std::string_view, std::string> values;  // by the option's name; those that were given
 
@@ -58,6 +61,8 @@ const Work* findWork(std::string_view argument);
 int runWork(const Work& work, std::span<const std::string> arguments);
 
 std::string helpOf(const Work& work);
+/// Says on standard error what is wrong with a command line, and gives the exit code.
+int tellWrongCommandLine(const WorkArguments& arguments, std::string_view problem);
 /// One line a work, for the program's own help.
 std::string listOfWorks();
 

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <array>
+#include <limits>
 
+#include "app/console/works/comprobar.h"
 #include "app/console/works/informe.h"
 #include "app/console/works/plano.h"
 #include "app/console/works/work.h"
@@ -30,10 +32,42 @@ constexpr Option kFormato{.name = "--formato",
                           .choices = kFormatos,
                           .complete = Complete::kWord};
 
+constexpr std::array<std::string_view, 4> kFormatosDeFaltas = {"texto", "gcc", "json", "sarif"};
+constexpr Option kFormatoDeFaltas{.name = "--formato",
+                                  .value = "texto|gcc|json|sarif",
+                                  .brief = "forma de las faltas",
+                                  .detail = "Sin esta opción, texto en un terminal y gcc si no.",
+                                  .choices = kFormatosDeFaltas,
+                                  .complete = Complete::kWord};
+constexpr Option kEstricto{
+    .name = "--estricto", .value = "", .brief = "acaba con el código 1 si hay avisos"};
+constexpr Option kSalidaPrevista{.name = "--salida-prevista",
+                                 .value = "FICHERO",
+                                 .brief = "comprueba también la ruta de la salida",
+                                 .complete = Complete::kFile};
+constexpr Option kMarca{.name = "--marca",
+                        .value = "FICHERO",
+                        .brief = "comprueba también la ruta de la marca de fin",
+                        .complete = Complete::kFile};
+
+constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
+constexpr std::array kComprobarOptions = {&kFormatoDeFaltas, &kEstricto, &kSalidaPrevista,
+                                          &kMarca,           &kSalida,   &kHelpOption};
 constexpr std::array kPlanoOptions = {&kPlanta, &kSalida, &kHelpOption};
 constexpr std::array kInformeOptions = {&kFormato, &kSalida, &kHelpOption};
 
 constexpr Work kWorks[] = {
+    {"comprobar", "busca todas las faltas de una tipología y su plantilla",
+     "[PLANTILLA.bdl] TIPOLOGIA.tip [TIPOLOGIA.tip ...]",
+     "Dice todos los errores a la vez, cada uno con su lugar, y avisa de lo que se va a leer de\n"
+     "otro modo que como está escrito. No escribe ningún edificio. Con una plantilla se "
+     "comprueban\n"
+     "también su tabla y su librería; sin ella, solo las tipologías. Las cuatro rutas de una\n"
+     "ejecución pueden darse juntas: '#casa.bdl,casa.tip,salida.bdl,fin.txt'.\n"
+     "\n"
+     "Código de salida: 0 sin errores, 1 con avisos y --estricto, 3 con errores, 2 si la línea de\n"
+     "órdenes es incorrecta.",
+     kComprobarOptions, 1, kAnyNumber, comprobar},
     {"plano", "dibuja la planta de un edificio (SVG)", "TIPOLOGIA.tip",
      "Dibuja la planta de la tipología: viviendas, escalera, patios, paños, cotas, superficies y\n"
      "norte. El SVG va en milímetros y, impreso al 100 %, está a escala.",

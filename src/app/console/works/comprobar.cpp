@@ -1,0 +1,116 @@
+#include "app/console/works/comprobar.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <iterator>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/command_line.h"
+#include "app/console/standard_streams.h"
+#include "app/console/terminal_text.h"
+#include "app/console/works/result_file.h"
+#include "app/console/works/work.h"
+#include "check/checker.h"
+#include "check/formats.h"
+#include "core/report_error.h"
+
+namespace {
+
+/// The files to check, and the paths that a run of them would write.
+struct Request {
+  std::string plantilla;  // empty: the typologies alone
+  std::vector<std::string> typologies;
+  std::string output;
+  std::string marker;
+};
+
+bool isTemplateName(std::string_view file) {
+  constexpr std::string_view kExtension = ".bdl";
+  if (file.size() < kExtension.size()) return false;
+  std::string end(file.substr(file.size() - kExtension.size()));
+  for (char& c : end) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return end == kExtension;
+}
+
+Request requestOf(const WorkArguments& arguments) {
+  std::vector<std::string> files = arguments.operands;
+  if (files.size() == 1 && files.front().find('#') != std::string::npos) {
+    const RunPaths paths = splitCommandLine(files.front());
+    return {paths.dataFile, {paths.typologyFile}, paths.outputFile, paths.markerFile};
+  }
+  Request request;
+  request.output = arguments.value("--salida-prevista");
+  request.marker = arguments.value("--marca");
+  if (isTemplateName(files.front())) {
+    request.plantilla = files.front();
+    files.erase(files.begin());
+  }
+  request.typologies = std::move(files);
+  return request;
+}
+
+Findings findingsOf(const Request& request) {
+  Findings findings;
+  Checker checker = request.plantilla.empty() ? Checker() : Checker(request.plantilla);
+  for (const std::string& typology : request.typologies) {
+    Findings more = checker.check(typology);
+    std::move(more.begin(), more.end(), std::back_inserter(findings));
+  }
+  const std::string& typology = request.typologies.front();
+  Findings ofPaths = pathFindings(request.plantilla, typology, request.output, request.marker);
+  std::move(ofPaths.begin(), ofPaths.end(), std::back_inserter(findings));
+  return findings;
+}
+
+std::string asPeopleRead(const Findings& findings, bool colours) {
+  std::string text;
+  for (const Finding& finding : findings) text += asText(finding, colours) + "\n";
+  return text + countLine(findings) + "\n";
+}
+
+std::string asLines(const Findings& findings) {
+  std::string text;
+  for (const Finding& finding : findings) text += asGccLine(finding);
+  return text;
+}
+
+int exitStatus(const Findings& findings, bool strict) {
+  bool warnings = false;
+  for (const Finding& finding : findings) {
+    if (severityOf(finding) == Severity::kError) return kExitError;
+    warnings = warnings || severityOf(finding) == Severity::kWarning;
+  }
+  return strict && warnings ? 1 : 0;
+}
+
+/// What is for people comes in the encoding of their terminal.
+std::string encoded(const std::string& utf8, const std::string& file) {
+  return file.empty() ? forTerminal(utf8) : utf8;
+}
+
+}  // namespace
+
+int comprobar(const WorkArguments& arguments) {
+  const Request request = requestOf(arguments);
+  if (request.typologies.empty()) {
+    return tellWrongCommandLine(arguments, "falta la tipología");
+  }
+  const std::string file = arguments.value(kSalida.name);
+  const bool onTerminal = file.empty() && standardOutputIsTerminal();
+  const std::string format = arguments.value("--formato", onTerminal ? "texto" : "gcc");
+  const Findings findings = findingsOf(request);
+  if (format == "json") {
+    writeResult(file, asJson(findings));
+  } else if (format == "sarif") {
+    writeResult(file, asSarif(findings));
+  } else if (format == "texto") {
+    writeResult(file, encoded(asPeopleRead(findings, onTerminal), file));
+  } else {
+    writeResult(file, encoded(asLines(findings), file));
+  }
+  return exitStatus(findings, arguments.has("--estricto"));
+}
