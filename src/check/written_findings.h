@@ -1,0 +1,51 @@
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "check/finding.h"
+#include "core/source_text.h"
+
+/// What a finding says besides its message; see Finding.
+struct WrittenDetails {
+  std::string found, used, allowed, suggestion;
+};
+
+/// Collects the findings of one text. Of a code at most kMostOfACode are kept, the first ones that
+/// were added: a file of another kind would otherwise fill pages with one and the same.
+class WrittenFindings {
+ public:
+  static constexpr std::size_t kMostOfACode = 100;
+
+  /// `text` must outlive this object.
+  explicit WrittenFindings(const SourceText& text);
+
+  const SourceText& text() const { return *text_; }
+  std::string_view at(Span span) const {
+    return text_->bytes().substr(span.begin, span.end - span.begin);
+  }
+
+  /// `found` is the text of the span where the details give none.
+  void add(Code code, Span span, std::string message, WrittenDetails details = {});
+
+  /// Whether further ones of the code are dropped, so that nobody need look for them.
+  bool hasAllOf(Code code) const {
+    const auto count = counts_.find(code);
+    return count != counts_.end() && count->second >= kMostOfACode;
+  }
+
+  /// As SourceText::placeOf, but of a text with thousands of findings it looks at no line twice.
+  Place placeOf(Span span) const;
+
+  /// In the order of their places; those of one place as they were added. Empties this.
+  Findings take();
+
+ private:
+  const SourceText* text_;
+  std::vector<std::size_t> lines_;  // where each begins
+  std::map<Code, std::size_t> counts_;
+  std::vector<std::pair<std::size_t, Finding>> findings_;  // with the offset of the span
+};

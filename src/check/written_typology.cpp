@@ -1,0 +1,182 @@
+#include "check/written_typology.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <variant>
+
+#include "bdl/normalised_text.h"
+#include "check/suggestion.h"
+#include "check/written_bytes.h"
+#include "check/written_names.h"
+#include "check/written_vivienda.h"
+#include "check/written_words.h"
+#include "core/concat.h"
+#include "core/cp1252.h"
+
+namespace {
+
+constexpr std::size_t kNone = std::string_view::npos;
+constexpr std::string_view kVivienda = "VIVIENDA";
+constexpr std::string_view kSolarPosition = "SOLAR-POSITION";
+constexpr std::array<std::string_view, 4> kTypes = {kVivienda, "NAME-FRAME", "VENTANA-SOMBRA",
+                                                    kSolarPosition};
+
+class Readings {
+ public:
+  Readings(const TypologyRecord& record, const TemplateNames* ofTemplate)
+      : ofTemplate_(ofTemplate),
+        bytes_(record.textoTipologia()),
+        file_(readWritten(bytes_)),
+        findings_(record.fuente()),
+        run_(bytes_),
+        vivienda_{record, file_, run_, firstOf(kVivienda), findings_} {}
+
+  Findings compare() {
+    compareBytes(file_, findings_);
+    for (const WrittenCommand& command : file_.commands) compareCommand(command);
+    compareBlockWord(kSolarPosition);
+    if (run_.found() && isTheOneMeant()) compareVivienda();
+    return findings_.take();
+  }
+
+ private:
+  std::string_view at(Span span) const { return findings_.at(span); }
+
+  const WrittenCommand* firstOf(std::string_view type) const {
+    const auto command = std::ranges::find_if(
+        file_.commands, [&](const WrittenCommand& c) { return at(c.type) == type; });
+    return command == file_.commands.end() ? nullptr : &*command;
+  }
+
+  void compareVivienda() {
+    compareWords(vivienda_);
+    for (const KeywordInBoth& keyword : vivienda_.keywords) {
+      if (!keyword.same || keyword.written->kind == WrittenKeyword::Value::kNone) continue;
+      const auto& field = keyword.row->field;
+      if (std::holds_alternative<IgnoredText>(field)) continue;
+      if (std::holds_alternative<std::string TypologyRecord::*>(field)) {
+        compareName(vivienda_, keyword);
+      } else if (std::holds_alternative<PerFacade<float> TypologyRecord::*>(field)) {
+        compareList(vivienda_, keyword);
+      } else {
+        compareNumber(vivienda_, keyword);
+      }
+    }
+    if (!wasRead()) return;
+    compareDefinitions(vivienda_, ofTemplate_);
+    compareUse(vivienda_);
+  }
+
+  /// Whether the record has the values of the command: the run ends with one that is too long, or
+  /// has no "..".
+  bool wasRead() const {
+    constexpr std::size_t kLargest = 10000;
+    const Span block = run_.block();
+    if (!run_.closed()) return false;
+    // Its blanked text is at least a third of it, and at most three times as long.
+    if (block.end - block.begin < kLargest / 3) return true;
+    return normalised(at(block)).size() < kLargest;
+  }
+
+  void compareCommand(const WrittenCommand& command) {
+    const std::string_view type = at(command.type);
+    if (command.nameKind == TokenKind::kTypographic) {
+      findings_.add(Code::kComillasTipograficas, command.name,
+                    concat("Las comillas del nombre de un ", type, " no son las rectas"),
+                    {.found = {},
+                     .used = {},
+                     .allowed = "un nombre entre comillas dobles rectas",
+                     .suggestion = {}});
+    }
+    if (std::ranges::find(kTypes, type) == kTypes.end()) return compareType(command.type, type);
+    const std::size_t close = bytes_.find("..", command.type.begin);
+    if (close == kNone || (command.close && command.close->begin == close)) return;
+    if (!command.close || close > command.close->begin) {
+      findings_.add(Code::kCierreFueraDeSitio, command.type,
+                    concat("Falta el cierre .. de este ", type, ": se lee hasta el ",
+                           "siguiente cierre del fichero"),
+                    {.found = {}, .used = {}, .allowed = {}, .suggestion = ".."});
+    } else {
+      findings_.add(
+          Code::kCierreFueraDeSitio, {close, close + 2},
+          concat("Estos dos puntos seguidos cierran el comando ", type, ": lo que sigue no se lee"),
+          {.found = {},
+           .used = {},
+           .allowed = {},
+           .suggestion = std::string("escriba aquí un solo punto"_cp1252)});
+    }
+  }
+
+  /// Of a command that nobody looks for.
+  void compareType(Span span, std::string_view type) {
+    const FoldedWord folded = foldWord(type);
+    const auto known = std::ranges::find(kTypes, folded.word);
+    if (known != kTypes.end()) {
+      findings_.add(folded.accents ? Code::kAcentoEnPalabra : Code::kMinusculas, span,
+                    concat("El comando ", type, " no se lee: se escribe ", *known),
+                    {.found = {}, .used = {}, .allowed = {}, .suggestion = std::string(*known)});
+      return;
+    }
+    if (findings_.hasAllOf(Code::kPalabraDesconocida)) return;
+    const std::string_view near = nearestWord(folded.word, kTypes);
+    if (near.empty()) return;
+    findings_.add(Code::kPalabraDesconocida, span,
+                  concat("El comando ", type, " no se lee: ", "¿quería decir "_cp1252, near, "?"),
+                  {.found = {}, .used = {}, .allowed = {}, .suggestion = std::string(near)});
+  }
+
+  /// A block that is found by its type's word alone, wherever that stands first.
+  void compareBlockWord(std::string_view word) {
+    const std::size_t first = bytes_.find(word);
+    if (first == kNone || first == 0) return;
+    const WrittenCommand* const command = firstOf(word);
+    if (command == nullptr || command->type.begin != first) readElsewhere(word, first);
+  }
+
+  void readElsewhere(std::string_view word, std::size_t first) {
+    const Token* const token = file_.tokenAt(first);
+    const bool comment = token != nullptr && token->kind == TokenKind::kComment;
+    findings_.add(
+        comment ? Code::kDatoEnComentario : Code::kDatoDentroDeOtro, {first, first + word.size()},
+        concat("El comando ", word, " se lee desde ",
+               comment ? "esta palabra de un comentario" : "esta palabra de otro texto"),
+        {.found = token != nullptr ? std::string(at(token->span)) : std::string(word),
+         .used = {},
+         .allowed = {},
+         .suggestion = concat("quite ", word, comment ? " del comentario" : " de este texto")});
+  }
+
+  /// Whether the run's VIVIENDA is a person's one. It may begin earlier, in a comment above it.
+  bool isTheOneMeant() {
+    const std::size_t first = run_.block().begin;
+    if (vivienda_.command == nullptr) {
+      // Of a file that has no such command at all the run says so, or reads what it finds.
+      if (hasTypeInOtherLetters()) return false;
+      readElsewhere(kVivienda, first);
+      return false;
+    }
+    const std::size_t meant = vivienda_.command->type.begin;
+    if (bytes_.find("..", first) == bytes_.find("..", meant)) return true;
+    readElsewhere(kVivienda, first);
+    return false;
+  }
+  bool hasTypeInOtherLetters() const {
+    return std::ranges::any_of(file_.commands, [&](const WrittenCommand& command) {
+      return foldWord(at(command.type)).word == kVivienda;
+    });
+  }
+
+  const TemplateNames* ofTemplate_;
+  std::string_view bytes_;
+  WrittenFile file_;
+  WrittenFindings findings_;
+  RunReading run_;
+  WrittenVivienda vivienda_;
+};
+
+}  // namespace
+
+Findings compareReadings(const TypologyRecord& record, const TemplateNames* ofTemplate) {
+  return Readings(record, ofTemplate).compare();
+}
