@@ -1,6 +1,8 @@
 #include "check/checker.h"
 
 #include <algorithm>
+#include <iterator>
+#include <tuple>
 
 #include "check/template_findings.h"
 #include "check/written_typology.h"
@@ -83,6 +85,10 @@ class Checker::Run {
     }
     Findings findings;
     for (const Fault& fault : inOrder(runFault_, faults_)) findings.push_back(errorFinding(fault));
+    std::ranges::stable_sort(remarks_, {}, [&](const Finding& remark) {
+      const Place place = remark.place.value_or(Place{});
+      return std::tuple(place.file == typologyFile_, place.file, place.line, place.column);
+    });
     std::ranges::move(remarks_, std::back_inserter(findings));
     return findings;
   }
@@ -136,8 +142,11 @@ class Checker::Run {
         faultOf([&] { record_.emplace(readText(typologyFile_), faults); });
     if (unreadable) faults.push_back(*unreadable);
     keep(faults);
-    hasPlanNumbers_ = record_ && std::ranges::none_of(faults, leavesNoPlan);
     if (!record_) return;
+    // Nothing is read of a command that has no close.
+    const bool nothingRead =
+        record_->numeroPlantas == 0 && record_->areaPlanta == 0 && record_->longitudFachada == 0;
+    hasPlanNumbers_ = !nothingRead && std::ranges::none_of(faults, leavesNoPlan);
     const Findings remarks = compareReadings(*record_);
     remarks_.insert(remarks_.end(), remarks.begin(), remarks.end());
   }

@@ -63,7 +63,7 @@ class Fit {
       compareStoreys();
       compareShades();
       compareFacades(*plan);
-      foretellGlazing(*plan);
+      if (typology_.alturaPlanta > 0) foretellGlazing(*plan);
     }
     return std::move(findings_);
   }

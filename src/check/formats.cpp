@@ -24,12 +24,24 @@ Look coloured(Severity severity) {
   return {kColours[static_cast<std::size_t>(severity)], "\x1b[1m", "\x1b[2m", "\x1b[0m"};
 }
 
+/// Whether the UTF-8 character at `at` is one that a terminal takes for an order, or ends a line.
+bool isControl(std::string_view utf8, std::size_t at) {
+  const auto byte = static_cast<unsigned char>(utf8[at]);
+  if (byte < ' ') return byte != '\t';
+  if (byte == 0x7F) return true;
+  return byte == 0xC2 && at + 1 < utf8.size() && static_cast<unsigned char>(utf8[at + 1]) < 0xA0;
+}
+
 /// A line of a file as it can be shown: what is no character of a text is a blank.
 std::string shownLine(std::string_view line) {
-  std::string text(line);
-  std::ranges::replace_if(
-      text, [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; }, ' ');
-  return cp1252::toUtf8(text);
+  const std::string utf8 = cp1252::toUtf8(line);
+  std::string text;
+  for (std::size_t i = 0; i < utf8.size(); ++i) {
+    const bool control = isControl(utf8, i);
+    text += control ? ' ' : utf8[i];
+    if (control && static_cast<unsigned char>(utf8[i]) == 0xC2) ++i;
+  }
+  return text;
 }
 
 std::size_t characters(std::string_view bytes) {
@@ -44,10 +56,9 @@ std::string underlined(const Place& place, const Look& look) {
   const std::size_t before = std::min(static_cast<std::size_t>(place.column - 1), line.size());
   const std::size_t length = std::min(place.length, line.size() - before);
   std::string carets;
-  for (std::size_t i = 0; i < characters(line.substr(0, before)); ++i) carets += ' ';
-  // A tab is as wide above as below.
-  for (std::size_t i = 0; i < before && characters(line.substr(0, before)) == before; ++i) {
-    if (line[i] == '\t') carets[i] = '\t';
+  // A tab is as wide below as above.
+  for (const char c : cp1252::toUtf8(line.substr(0, before))) {
+    if ((static_cast<unsigned char>(c) & 0xC0U) != 0x80U) carets += c == '\t' ? '\t' : ' ';
   }
   const std::size_t width = characters(line.substr(before, length));
   const std::string waves(width > 1 ? width - 1 : 0, '~');
@@ -83,7 +94,7 @@ std::string asText(const Finding& finding, bool colours) {
                             rowOf(finding.code).word, "]", look.end, "\n");
   if (finding.place) {
     const Place& place = *finding.place;
-    text += concat("  ", cp1252::toUtf8(place.file));
+    text += concat("  ", shownLine(place.file));
     if (place.line > 0) {
       text += concat(":", std::to_string(place.line), ":",
                      std::to_string(characterColumn(place.text, place.column)));
@@ -101,7 +112,7 @@ std::string asText(const Finding& finding, bool colours) {
 std::string asGccLine(const Finding& finding) {
   std::string where(kProgram);
   if (finding.place) {
-    where = cp1252::toUtf8(finding.place->file);
+    where = shownLine(finding.place->file);
     if (finding.place->line > 0) {
       where += concat(":", std::to_string(finding.place->line), ":",
                       std::to_string(characterColumn(finding.place->text, finding.place->column)));

@@ -102,11 +102,14 @@ void TypologyRecord::read(const std::function<void(const Step&)>& carryOut) {
 
 Place TypologyRecord::placeOf(std::string_view keyword) const {
   LeerBDL model(*fuente_);
-  bool found = false;
-  LeerBDL vivienda(model, kVivienda, found);
   const ViviendaKeyword* const row = findViviendaKeyword(keyword);
   std::optional<Span> span;
-  if (found && row != nullptr) span = vivienda.lugarDeValor(row->pattern);
+  // A command that cannot be read has ended its run already, or is a check's.
+  faultOf([&] {
+    bool found = false;
+    LeerBDL vivienda(model, kVivienda, found);
+    if (found && row != nullptr) span = vivienda.lugarDeValor(row->pattern);
+  });
   if (!span) span = model.lugarDe(kVivienda);
   return fuente_->placeOf(span.value_or(Span{}));
 }
