@@ -1,6 +1,7 @@
 #include "check/written_names.h"
 
 #include <algorithm>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -92,16 +93,17 @@ class NameInBoth {
   std::string used_;
 };
 
-/// Where the name that a keyword gives is defined.
+/// The commands that define names of frames and shades.
 class Definitions {
  public:
-  Definitions(WrittenVivienda& vivienda, const TemplateNames* ofTemplate)
-      : vivienda_(vivienda), findings_(vivienda.findings), ofTemplate_(ofTemplate) {}
+  Definitions(WrittenVivienda& vivienda, std::span<const std::string> framesOfTemplate)
+      : vivienda_(vivienda), findings_(vivienda.findings), framesOfTemplate_(framesOfTemplate) {}
 
-  /// A command of the typology file: `name` as read, `text` the command that was found for it.
-  void lookUpInTypology(std::string_view keyword, std::string_view type, const std::string& name,
-                        const std::string& text) {
-    if (name.empty() || !text.empty() || isEmptyName(name)) return;
+  /// `name` as read, `text` the command that was found for it.
+  void lookUp(std::string_view keyword, std::string_view type, const std::string& name,
+              const std::string& text) {
+    // An empty name has its own finding.
+    if (!text.empty() || trimmedWord(withoutQuotes(name)).empty()) return;
     std::vector<std::string_view> near;
     std::string_view other;
     for (const WrittenCommand& command : vivienda_.file.commands) {
@@ -112,64 +114,24 @@ class Definitions {
       if (sameName) other = commandType;
       if (commandType == type) near.push_back(commandName);
     }
-    if (!other.empty()) return isSomethingElse(keyword, type, name, other);
-    if (type == "NAME-FRAME" && isOfTemplate(name, type)) {
-      return add(
-          Code::kMarcoDeLaPlantilla, keyword, name,
-          concat("El marco ", name, " solo está en la plantilla: sus datos no se usarán"_cp1252),
-          concat("copie el comando ", type, " en el fichero *.tip"));
+    if (!other.empty()) {
+      return add(Code::kNombreDeOtraCosa, keyword, name,
+                 concat(keyword, " nombra ", name, ", que es un ", other, " y no un ", type), {});
     }
-    notDefined(keyword, type, name, near, "en el fichero *.tip", "no se usará ninguno"_cp1252);
-  }
-
-  /// A command of the template.
-  void lookUpInTemplate(std::string_view keyword, std::string_view type, const std::string& name) {
-    if (ofTemplate_ == nullptr || name.empty() || isEmptyName(name)) return;
-    std::vector<std::string_view> near;
-    std::string_view other;
-    for (const DefinedName& defined : *ofTemplate_) {
-      const std::string_view definedName = withoutQuotes(defined.name);
-      const bool sameName = definedName == withoutQuotes(name);
-      if (sameName && defined.type == type) return;
-      if (sameName) other = defined.type;
-      if (defined.type == type) near.push_back(definedName);
-    }
-    if (!other.empty()) return isSomethingElse(keyword, type, name, other);
-    notDefined(keyword, type, name, near, "en la plantilla",
-               "el edificio tendrá un nombre sin definir"_cp1252);
-  }
-
- private:
-  static bool isEmptyName(std::string_view name) {
-    return trimmedWord(withoutQuotes(name)).empty();
-  }
-  bool isOfTemplate(std::string_view name, std::string_view type) const {
-    return ofTemplate_ != nullptr &&
-           std::ranges::any_of(*ofTemplate_, [&](const DefinedName& defined) {
-             return defined.type == type && withoutQuotes(defined.name) == withoutQuotes(name);
-           });
-  }
-
-  void isSomethingElse(std::string_view keyword, std::string_view type, const std::string& name,
-                       std::string_view other) {
-    add(Code::kNombreDeOtraCosa, keyword, name,
-        concat(keyword, " nombra ", name, ", que es un ", other, " y no un ", type), {});
-  }
-
-  void notDefined(std::string_view keyword, std::string_view type, const std::string& name,
-                  const std::vector<std::string_view>& near, std::string_view where,
-                  std::string_view consequence) {
+    const bool ofTemplate = std::ranges::find(framesOfTemplate_, name) != framesOfTemplate_.end();
+    if (ofTemplate && type == "NAME-FRAME") return;
     const std::string_view nearest = nearestWord(withoutQuotes(name), near);
     add(Code::kNombreNoDefinido, keyword, name,
-        concat("No hay ningún "_cp1252, type, " ", name, " ", where, ": ", consequence),
+        concat("No hay ningún "_cp1252, type, " ", name,
+               " en el fichero: no se usará ninguno"_cp1252),
         nearest.empty() ? std::string() : quoted(nearest));
   }
 
+ private:
   void add(Code code, std::string_view keyword, const std::string& name, std::string message,
            std::string suggestion) {
     const KeywordInBoth& both = vivienda_.keyword(keyword);
-    if (!both.hit) return;
-    const auto span = vivienda_.run.textAt(both.hit->equals + 1);
+    const auto span = both.hit ? vivienda_.run.textAt(both.hit->equals + 1) : std::nullopt;
     if (!span) return;
     findings_.add(code, *span, std::move(message),
                   {.found = name, .used = {}, .allowed = {}, .suggestion = std::move(suggestion)});
@@ -177,7 +139,7 @@ class Definitions {
 
   WrittenVivienda& vivienda_;
   WrittenFindings& findings_;
-  const TemplateNames* ofTemplate_;
+  std::span<const std::string> framesOfTemplate_;
 };
 
 }  // namespace
@@ -186,24 +148,9 @@ void compareName(WrittenVivienda& vivienda, const KeywordInBoth& keyword) {
   NameInBoth(vivienda, keyword).compare();
 }
 
-void compareDefinitions(WrittenVivienda& vivienda, const TemplateNames* ofTemplate) {
+void compareDefinitions(WrittenVivienda& vivienda, std::span<const std::string> framesOfTemplate) {
   const TypologyRecord& r = vivienda.record;
-  Definitions definitions(vivienda, ofTemplate);
-  definitions.lookUpInTypology("VENTANA-MARCO", "NAME-FRAME", r.ventanaMarco, r.textoMarco);
-  definitions.lookUpInTypology("VENTANA-SOMBRA", "VENTANA-SOMBRA", r.ventanaSombra, r.textoSombra);
-  const struct {
-    std::string_view keyword, type;
-    const std::string& name;
-  } kOfTemplate[] = {
-      {"MUROS-FACHADA", "CONSTRUCTION", r.murosFachada},
-      {"PARTICION-INTERIOR-VERTICAL", "CONSTRUCTION", r.particionInteriorVertical},
-      {"MEDIANERA", "CONSTRUCTION", r.medianera},
-      {"SUELOS", "CONSTRUCTION", r.suelos},
-      {"PARTICION-INTERIOR-HORIZONTAL", "CONSTRUCTION", r.particionInteriorHorizontal},
-      {"CUBIERTAS", "CONSTRUCTION", r.cubiertas},
-      {"VENTANA-VIDRIO", "GLASS-TYPE", r.ventanaVidrio},
-  };
-  for (const auto& row : kOfTemplate) {
-    definitions.lookUpInTemplate(row.keyword, row.type, row.name);
-  }
+  Definitions definitions(vivienda, framesOfTemplate);
+  definitions.lookUp("VENTANA-MARCO", "NAME-FRAME", r.ventanaMarco, r.textoMarco);
+  definitions.lookUp("VENTANA-SOMBRA", "VENTANA-SOMBRA", r.ventanaSombra, r.textoSombra);
 }

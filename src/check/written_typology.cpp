@@ -24,8 +24,8 @@ constexpr std::array<std::string_view, 4> kTypes = {kVivienda, "NAME-FRAME", "VE
 
 class Readings {
  public:
-  Readings(const TypologyRecord& record, const TemplateNames* ofTemplate)
-      : ofTemplate_(ofTemplate),
+  Readings(const TypologyRecord& record, std::span<const std::string> framesOfTemplate)
+      : framesOfTemplate_(framesOfTemplate),
         bytes_(record.textoTipologia()),
         file_(readWritten(bytes_)),
         findings_(record.fuente()),
@@ -64,7 +64,7 @@ class Readings {
       }
     }
     if (!wasRead()) return;
-    compareDefinitions(vivienda_, ofTemplate_);
+    compareDefinitions(vivienda_, framesOfTemplate_);
     compareUse(vivienda_);
   }
 
@@ -167,7 +167,7 @@ class Readings {
     });
   }
 
-  const TemplateNames* ofTemplate_;
+  std::span<const std::string> framesOfTemplate_;
   std::string_view bytes_;
   WrittenFile file_;
   WrittenFindings findings_;
@@ -177,6 +177,7 @@ class Readings {
 
 }  // namespace
 
-Findings compareReadings(const TypologyRecord& record, const TemplateNames* ofTemplate) {
-  return Readings(record, ofTemplate).compare();
+Findings compareReadings(const TypologyRecord& record,
+                         std::span<const std::string> framesOfTemplate) {
+  return Readings(record, framesOfTemplate).compare();
 }

@@ -1,17 +1,10 @@
 #pragma once
 
+#include <span>
 #include <string>
-#include <vector>
 
 #include "check/finding.h"
 #include "typology/typology_record.h"
-
-/// A command of the template by which a typology may call it.
-struct DefinedName {
-  std::string name;  // with or without its double quotes; also its long name, as a row of its own
-  std::string type;  // CONSTRUCTION, GLASS-TYPE, NAME-FRAME ...
-};
-using TemplateNames = std::vector<DefinedName>;
 
 /// The second reading of a typology file. A run reads it by search: the first occurrence of a
 /// keyword counts, wherever it stands. A person reads lines. Wherever the two readings differ, a
@@ -20,6 +13,8 @@ using TemplateNames = std::vector<DefinedName>;
 /// `record` is what the run's reading gave (of a file with errors: what could be read). No error is
 /// found here, only warnings and notes, in the order of their places. Never ends a run.
 ///
-/// With the names that a template defines, those of constructions and glass are looked up there,
-/// and a frame that only the template has is told from one that nobody has.
-Findings compareReadings(const TypologyRecord& record, const TemplateNames* ofTemplate = nullptr);
+/// `framesOfTemplate`: names, in double quotes, of the frames that the template defines, where one
+/// is known. A frame of such a name that the typology lacks is let be: what there is to say of it
+/// is said of the two files together.
+Findings compareReadings(const TypologyRecord& record,
+                         std::span<const std::string> framesOfTemplate = {});
