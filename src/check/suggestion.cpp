@@ -36,7 +36,8 @@ std::string_view nearestWord(std::string_view word, std::span<const std::string_
   std::string_view nearest;
   std::size_t least = 0;
   for (const std::string_view candidate : candidates) {
-    const auto [shorter, longer] = std::minmax(word.size(), candidate.size());
+    const std::size_t longer = std::max(word.size(), candidate.size());
+    const std::size_t shorter = std::min(word.size(), candidate.size());
     const std::size_t most = mostChanges(longer);
     // Lengths first: they say enough of a word that goes on for pages.
     if (word.size() <= 1 || longer - shorter > most) continue;
