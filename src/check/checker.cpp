@@ -4,6 +4,7 @@
 #include <iterator>
 #include <tuple>
 
+#include "check/template_commands.h"
 #include "check/template_findings.h"
 #include "check/written_typology.h"
 #include "core/concat.h"
@@ -57,6 +58,15 @@ std::vector<Fault> planFaults(const TypologyRecord& typology) {
 bool leavesNoPlan(const Fault& fault) {
   const Code code = codeOfRunMessage(fault.message);
   return code == Code::kFaltaDato || code == Code::kNoPositivo || code == Code::kFaltaVivienda;
+}
+
+std::vector<std::string> framesOf(const Template& plantilla) {
+  const TemplateCommands commands(plantilla.building());
+  std::vector<std::string> names;
+  for (const TemplateCommands::Command* frame : commands.ofType("NAME-FRAME")) {
+    names.emplace_back(frame->name);
+  }
+  return names;
 }
 
 }  // namespace
@@ -127,6 +137,7 @@ class Checker::Run {
     runFault_ = reading.runFault;
     keep(reading.faults);
     remarks_ = reading.findings;
+    if (reading.plantilla) frames_ = framesOf(*reading.plantilla);
     readTypology();
     // The run looks at the template before it looks at the plan.
     if (reading.plantilla && record_ && !runFault_) generate(*reading.plantilla);
@@ -147,7 +158,7 @@ class Checker::Run {
     const bool nothingRead =
         record_->numeroPlantas == 0 && record_->areaPlanta == 0 && record_->longitudFachada == 0;
     hasPlanNumbers_ = !nothingRead && std::ranges::none_of(faults, leavesNoPlan);
-    const Findings remarks = compareReadings(*record_);
+    const Findings remarks = compareReadings(*record_, frames_);
     remarks_.insert(remarks_.end(), remarks.begin(), remarks.end());
   }
 
@@ -168,6 +179,7 @@ class Checker::Run {
   Checker& checker_;
   const std::string& typologyFile_;
   std::optional<TypologyRecord> record_;  // none where the file cannot be read
+  std::vector<std::string> frames_;       // that the template defines
   bool hasPlanNumbers_ = false;
   std::optional<Fault> runFault_;
   std::vector<Fault> faults_;
