@@ -13,6 +13,7 @@ LEAST = 0.3  # m, that is kept between the parts of a plan, so that its walls ar
 class Family:
     types: tuple
     sizes: callable  # of a random generator; None when the draw makes no building
+    courtyard: tuple = (False,) * 4  # whether it has windows to the south, east, north, west
 
 
 def draw(rng, low, high):
@@ -109,14 +110,17 @@ def wings(rng):
     return {"A": A, "L": L, "Ae": Ae, "Pe": Pe} if fits else None
 
 
+ALL_ROUND = (True,) * 4
 FAMILIES = {  # by the folder of the sample that serves it
     "casa-una-planta": Family((1,), house),
     "casa-adosada": Family(tuple(range(2, 10)), house),
-    "bloque-hilera": Family((10, 11, 12), row),
-    "bloque-patio": Family((13, 16, 19), lambda rng: central(rng, 124, True)),
-    "bloque-escalera-patios": Family((14, 17, 20), lambda rng: stair_and_courtyards(rng, True)),
+    "bloque-hilera": Family((10, 11, 12), row, (True, False, True, False)),
+    "bloque-patio": Family((13, 16, 19), lambda rng: central(rng, 124, True),
+                           ALL_ROUND),
+    "bloque-escalera-patios": Family(
+        (14, 17, 20), lambda rng: stair_and_courtyards(rng, True), ALL_ROUND),
     "bloque-escalera-patios-laterales": Family(
-        (15, 18, 21), lambda rng: stair_and_courtyards(rng, False)),
+        (15, 18, 21), lambda rng: stair_and_courtyards(rng, False), ALL_ROUND),
     "bloque-xpala": Family((22,), wings),
     "bloque-escalera-central": Family((23,), lambda rng: central(rng, 120, False)),
 }
@@ -129,21 +133,23 @@ def storeys(rng, number):
     return 1 if number == 1 else 2 if number < 10 else rng.randint(3, 6)
 
 
-def typology_file(rng, family, number, template):
-    """The text of a typology file of that number, with names of the template."""
+def typology_file(rng, family, number, template, flawless=False):
+    """The text of a typology file of that number, with names of the template. `flawless`: names
+    nothing that is not there, and has no glazing that cannot be built."""
+    glazing = possible_percentages if flawless else percentages
     names, sizes = read(template), None
     while sizes is None:
         sizes = family.sizes(rng)
     rows = [("TIPO", number), ("NUMERO-PLANTAS", storeys(rng, number))]
     rows += [(SIZES[name], format(size, ".9g")) for name, size in sizes.items()]
-    rows.append(("PORCENTAJE-FACHADA", percentages(rng)))
+    rows.append(("PORCENTAJE-FACHADA", glazing(rng)))
     # Different ones, so that one taken for another shows.
     constructions = rng.sample([c.name for c in names.of("CONSTRUCTION")], len(CONSTRUCTIONS))
     rows += [(key, written(rng, name)) for key, name in zip(CONSTRUCTIONS, constructions)]
     rows.append(("VENTANA-VIDRIO", written(rng, rng.choice([
         glass.name for glass in names.of("GLASS-TYPE")]))))
     optional = [("ALTURA-PLANTA", round(rng.uniform(2.2, 4.5), 2)),
-                ("PORCENTAJE-PATIO", percentages(rng)),
+                ("PORCENTAJE-PATIO", glazing(rng, family.courtyard)),
                 ("ORIENTACION", round(rng.uniform(-180, 360), rng.choice((0, 1, 3)))),
                 ("AIR-CHANGES/HR", rng.choice((0, 1, round(rng.uniform(0.1, 4), 2)))),
                 ("CUBIERTA", "PLANA"), ("ATICO", "NO"), ("SOTANO", "NO")]
@@ -154,7 +160,8 @@ def typology_file(rng, family, number, template):
         if rng.random() < 0.6:
             name, command = part(rng, kind, keywords)
             rows.append((key, name))
-            parts += command if rng.random() < 0.9 else []  # named but not there: no fault
+            # Named but not there: no fault.
+            parts += command if flawless or rng.random() < 0.9 else []
     if rng.random() < 0.6:
         parts += numbers(rng, '"Lugar"', "SOLAR-POSITION", PLACE)
     rng.shuffle(rows)
@@ -163,11 +170,17 @@ def typology_file(rng, family, number, template):
     return "\n".join(["$ Al azar", "", *(parts + main if rng.random() < 0.4 else main + parts)])
 
 
-def percentages(rng):
+def percentages(rng, _sides=None):
     """From none to more than fits."""
     one = (lambda: 0, lambda: 100, lambda: round(rng.uniform(5, 60), rng.choice((0, 1, 3))),
            lambda: round(rng.uniform(5, 60), 1), lambda: round(rng.uniform(0.5, 200), 2))
     return "( " + ", ".join(format(rng.choice(one)(), "g") for _ in range(4)) + " )"
+
+
+def possible_percentages(rng, sides=(True,) * 4):
+    one = (lambda: 0, lambda: 100, lambda: round(rng.uniform(5, 60), rng.choice((0, 1, 3))))
+    values = (rng.choice(one)() if side else 0 for side in sides)
+    return "( " + ", ".join(format(value, "g") for value in values) + " )"
 
 
 def written(rng, name):
