@@ -66,7 +66,7 @@ std::string readToEnd(int file) {
 
 ProgramResult runProgram(const std::string& program, const std::vector<std::string>& arguments,
                          const ProgramOptions& options) {
-  const Channel out = openPipe();
+  const Channel out = options.outOnTerminal ? openTerminal() : openPipe();
   const Channel err = options.errorOnTerminal ? openTerminal() : openPipe();
   const pid_t child = fork();
   if (child < 0) throw std::runtime_error("no process");

@@ -14,6 +14,7 @@ struct ProgramResult {
 struct ProgramOptions {
   std::string folder;                              // working folder; empty: this process's
   std::map<std::string, std::string> environment;  // added to, or in place of, this process's
+  bool outOnTerminal = false;                      // standard output is a terminal of its own
   bool errorOnTerminal = false;                    // standard error is a terminal of its own
   bool errorClosed = false;                        // standard error is closed
 };
