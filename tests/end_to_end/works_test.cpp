@@ -50,6 +50,8 @@ TEST(Works, AWrongCommandLineIsTwoAndTellsTheUsage) {
       {{"informe", "a.bdl"}, "se esperaban 2 ficheros y se han dado 1"},
       {{"plano", "--nada", "a.tip"}, "opción desconocida: --nada"},
       {{"plano", "a.tip", "--salida"}, "a la opción --salida le falta su valor"},
+      {{"plano", "--salida", "a", "--salida", "b", "a.tip"}, "la opción --salida se repite"},
+      {{"plano", "--help=1"}, "la opción --help no lleva valor"},
       {{"informe", "--formato", "pdf", "a.bdl", "a.tip"}, "admite: html, json"},
   };
   for (const auto& c : cases) {
@@ -59,6 +61,18 @@ TEST(Works, AWrongCommandLineIsTwoAndTellsTheUsage) {
     EXPECT_TRUE(contains(result.err, "Uso: tip2bdl-cli")) << result.err;
     EXPECT_EQ("", result.out);
   }
+}
+
+TEST(Works, BehindTwoDashesEverythingIsAFile) {
+  const ProgramResult result = run({"plano", "--", "--salida"});
+  EXPECT_EQ(3, result.status);
+  EXPECT_EQ("Se ha producido un error: No existe el fichero de datos *.tip\n", result.err);
+}
+
+TEST(Works, AValueMayStandBehindAnEqualsSign) {
+  TemporaryFolder folder;
+  EXPECT_EQ(0, run({"plano", "--salida=" + (folder / "p.svg"), kSample.typologyFile()}).status);
+  EXPECT_TRUE(fs::exists(folder / "p.svg"));
 }
 
 TEST(Works, ATypologyThatARunRefusesHasNoPlan) {

@@ -1,6 +1,8 @@
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cstdio>
+
+// No parser of a library: what CLI11 brings along (streams, checks that are built before main)
+// would be part of every run, which has to be as lean as it was and to survive a lack of memory.
 
 #include "app/console/terminal_text.h"
 #include "app/console/works/result_file.h"
@@ -60,19 +62,61 @@ std::string problemWith(const Work& work, const WorkArguments& arguments) {
   return {};
 }
 
-/// The parser's own words, in ours.
-std::string problemOf(const CLI::ParseError& error, CLI::App& parser) {
-  if (dynamic_cast<const CLI::ExtrasError*>(&error) != nullptr) {
-    const std::vector<std::string> extras = parser.remaining();
-    return concat("opción desconocida: ", extras.empty() ? std::string() : extras.front());
+/// Takes the words behind a work's name apart, option by option.
+class WorkParser {
+ public:
+  WorkParser(const Work& work, std::span<const std::string> words) : work_(work), words_(words) {}
+
+  /// What is wrong with them, or nothing, with `read` filled.
+  std::string parse(WorkArguments& read) {
+    while (!words_.empty()) {
+      const std::string word = take();
+      if (word == "--") {
+        read.operands.insert(read.operands.end(), words_.begin(), words_.end());
+        return {};
+      }
+      if (word.size() < 2 || word.front() != '-') {
+        read.operands.push_back(word);
+      } else if (std::string problem = takeOption(word, read); !problem.empty()) {
+        return problem;
+      }
+    }
+    return {};
   }
-  const std::string what = error.what();
-  const std::size_t end = what.find_first_of(" :");
-  if (what.starts_with("--")) {
-    return concat("a la opción ", what.substr(0, end), " le falta su valor, o se repite");
+
+ private:
+  std::string take() {
+    std::string word = words_.front();
+    words_ = words_.subspan(1);
+    return word;
   }
-  return "línea de órdenes incorrecta";
-}
+
+  /// "--salida F" and "--salida=F".
+  std::string takeOption(const std::string& word, WorkArguments& read) {
+    const std::size_t equals = std::min(word.find('='), word.size());
+    const std::string name = word.substr(0, equals);
+    const auto found = std::ranges::find_if(
+        work_.options, [&](const Option* option) { return option->name == name; });
+    if (found == work_.options.end()) return concat("opción desconocida: ", name);
+    const Option& option = **found;
+    if (read.has(option.name)) return concat("la opción ", name, " se repite");
+    const bool isSwitch = option.value.empty();
+    if (isSwitch && equals < word.size()) return concat("la opción ", name, " no lleva valor");
+    if (!isSwitch && equals == word.size() && words_.empty()) {
+      return concat("a la opción ", name, " le falta su valor");
+    }
+    std::string& value = read.values[option.name];
+    if (equals < word.size()) {
+      value = word.substr(equals + 1);
+    } else if (!isSwitch) {
+      value = take();
+    }
+    return {};
+  }
+
+  const Work& work_;
+  std::span<const std::string> words_;
+};
 
 }  // namespace
 
@@ -111,27 +155,10 @@ int tellWrongCommandLine(const WorkArguments& arguments, std::string_view proble
 }
 
 int runWork(const Work& work, std::span<const std::string> arguments) {
-  CLI::App parser;
-  parser.set_help_flag();
   WorkArguments read;
   read.work = &work;
-  std::map<std::string_view, CLI::Option*> options;
-  std::map<std::string_view, std::string> values;
-  for (const Option* option : work.options) {
-    const std::string name(option->name);
-    options[option->name] = option->value.empty() ? parser.add_flag(name)
-                                                  : parser.add_option(name, values[option->name]);
-  }
-  parser.add_option("ficheros", read.operands);
-  try {
-    std::vector<std::string> backwards(arguments.rbegin(), arguments.rend());
-    parser.parse(std::move(backwards));
-  } catch (const CLI::ParseError& error) {
-    return wrong(work, problemOf(error, parser));
-  }
-  for (const auto& [name, option] : options) {
-    if (option->count() > 0) read.values[name] = values[name];
-  }
+  const std::string misread = WorkParser(work, arguments).parse(read);
+  if (!misread.empty()) return wrong(work, misread);
   if (read.has(kHelpOption.name)) {
     writeResult({}, forTerminal(helpOf(work)));
     return kExitDone;
