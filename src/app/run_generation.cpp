@@ -1,5 +1,6 @@
 #include "app/run_generation.h"
 
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -63,12 +64,13 @@ int RunGeneration(TProgressBar& progressBar, const RunPaths& paths) {
 
   const InputPaths inputs = requireInputs(paths.dataFile, paths.typologyFile);
   TemplateTexts texts = readTemplateTexts(inputs);
+  std::optional<Template> plantilla;  // outlives the output, most of whose lines are its bytes
   // Opened, and emptied, before the table and the typology are looked at; behind the template,
   // whose place it may take.
   fichero output(paths.outputFile, "escritura");
-  const Template plantilla(std::move(texts.building), std::move(texts.table));
+  plantilla.emplace(std::move(texts.building), std::move(texts.table));
   const TypologyRecord typology(readText(inputs.typology));
-  generate(plantilla, typology, output.lines(), progressBar);
+  generate(*plantilla, typology, output.lines(), progressBar);
   output.guardar();
   return 1;
 }

@@ -39,6 +39,7 @@ class LeerBDL {
 
   /// Takes the text of `fuente`, which must outlive this object and all that is cut out of it.
   explicit LeerBDL(const SourceText& fuente);
+  explicit LeerBDL(SourceText&& fuente) = delete;
 
   /// The command of type `tipo` called `nombre` (with its double quotes) in `origen`, from its
   /// label up to its "..", followed by the type's first SET-DEFAULT FOR block; as getters take the
@@ -113,7 +114,9 @@ class LeerBDL {
   };
   LeerBDL(LeerBDL& origen, std::string_view tipo, Etiqueta etiqueta);
 
-  std::string_view texto() const { return texto_->bytes().substr(inicio_); }
+  std::string_view texto() const {
+    return texto_ ? texto_->bytes().substr(inicio_) : std::string_view();
+  }
   std::size_t enFichero(std::size_t posicion) const;
   Span tramo(std::size_t posicion, std::size_t largo) const;
   std::size_t buscarValor(std::string_view clave);

@@ -6,15 +6,19 @@
 
 std::string asOneLine(const Place& place) {
   constexpr std::size_t kLongest = 200;  // bytes of the line
+  constexpr std::size_t kInFront = 100;  // of them, before a column that would not be shown
   if (place.line == 0) return {};
-  const std::size_t start = place.text.find_first_not_of(" \t");
-  std::string text = start == std::string::npos ? std::string() : place.text.substr(start);
+  const std::size_t start = std::min(place.text.find_first_not_of(" \t"), place.text.size());
+  std::string text = place.text.substr(start);
+  const auto column = static_cast<std::size_t>(place.column - 1);
+  if (column > start + kLongest) text = "... " + place.text.substr(column - kInFront);
   if (text.size() > kLongest) text = text.substr(0, kLongest) + " ...";
-  // A terminal takes other control characters for orders.
+  std::string line = concat(place.file, ":", std::to_string(place.line), ":",
+                            std::to_string(place.column), text.empty() ? ":" : ": ", text);
+  // A terminal takes other control characters for orders, and one line is one line.
   std::ranges::replace_if(
-      text,
+      line,
       [](char c) { return (static_cast<unsigned char>(c) < ' ' && c != '\t') || c == '\x7F'; },
       '?');
-  return concat(place.file, ":", std::to_string(place.line), ":", std::to_string(place.column),
-                text.empty() ? ":" : ": ", text);
+  return line;
 }

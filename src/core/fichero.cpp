@@ -94,6 +94,7 @@ OutputLines& fichero::lines() {
 void fichero::guardar() {
   const bool written = lines().writeTo(stream_.get());
   const bool closed = std::fclose(stream_.release()) == 0;
+  lines_.reset();
   if (written && closed) return;
   // Half an output must not pass for a whole one.
   std::error_code ignored;

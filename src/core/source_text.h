@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "core/fault.h"
 
@@ -24,12 +25,24 @@ class SourceText {
   SourceText(std::string name, std::unique_ptr<char[]> buffer, std::size_t size)
       : name_(std::move(name)), buffer_(std::move(buffer)), size_(size) {}
 
+  SourceText(SourceText&& other) noexcept
+      : name_(std::move(other.name_)),
+        buffer_(std::move(other.buffer_)),
+        size_(std::exchange(other.size_, 0)) {}
+  SourceText& operator=(SourceText&& other) noexcept {
+    name_ = std::move(other.name_);
+    buffer_ = std::move(other.buffer_);
+    size_ = std::exchange(other.size_, 0);
+    return *this;
+  }
+
   const std::string& name() const { return name_; }
   std::string_view bytes() const { return {buffer_.get(), size_}; }
 
   /// Where `span` stands. One that reaches over several lines is cut at the end of its first; the
   /// text's end is a place too. A line ends at a line feed, or at the two of CR LF; a lone CR is a
-  /// character like any other.
+  /// character like any other. (A LineReader counts the pieces of a line of 20000 bytes and the
+  /// repeat of the last one as lines of their own, and so do messages with a line number.)
   Place placeOf(Span span) const;
   /// The line that holds the offset, its line end left out.
   Span lineAround(std::size_t offset) const;

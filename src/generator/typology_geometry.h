@@ -13,5 +13,5 @@ std::string_view nameOf(PlanKeyword keyword);
 
 /// Draws the plan of the context's typology, writes its outlines into the template's next POLYGON
 /// commands and gives it to those who need its bays. The first limit that it breaks ends the run
-/// before anything is written.
+/// before any outline is written.
 Plan geometriaTipologia(GeneratorContext& context);

@@ -69,7 +69,7 @@ Block checkedBlock(const PlanData& data, Courtyards courtyards, PlanChecks& chec
   check("La longitud del patio debe ser menor que la de la fachada",
         inFacades ? b.lp < b.L : 0.5 * b.L > b.lp, {kAp, kPp, kL});
   b.dPE = length((b.L - Ae / Pe) * 0.5);
-  // With side courtyards the stair-well must stay clear of them, though the text says only ">0".
+  // With side courtyards the stair-well must stay clear of them, though the message says only ">0".
   constexpr std::string_view kMeetsStair = "La distancia del patio a la escalera debe ser >0";
   if (inFacades) {
     check(kMeetsStair, b.dPE > 0, {kL, kAe, kPe});

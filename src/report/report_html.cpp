@@ -374,7 +374,7 @@ class Page {
   void findings() {
     html_.raw("<section id=\"comprobaciones\">\n<h2>7. Comprobaciones</h2>\n");
     if (report_.findings.empty()) {
-      html_.raw("<p>Este informe no lleva comprobaciones de las entradas.</p>\n</section>\n");
+      html_.raw("<p>Sin errores, avisos ni notas.</p>\n</section>\n");
       return;
     }
     HtmlTable table("Comprobaciones de las entradas", {"Grado", "Mensaje", "Lugar", "Código"}, 4);

@@ -49,7 +49,7 @@ void readKeyword(LeerBDL& vivienda, const ViviendaKeyword& keyword, TypologyReco
     ReportFailure(
         ErrorLog,
         {concat("En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD ", keyword.name),
-         record.placeOf({})});
+         record.placeOf(keyword.name)});
   }
   const std::string_view fault = keyword.fault != nullptr ? keyword.fault(record) : "";
   if (!fault.empty()) ReportFailure(ErrorLog, {std::string(fault), record.placeOf(keyword.name)});

@@ -23,7 +23,16 @@ std::set<std::string> wordsOf(const std::string& list) {
     std::replace(line.begin(), line.end(), '(', ' ');
     std::replace(line.begin(), line.end(), ')', ' ');
     std::istringstream stream(line);
-    for (std::string word; stream >> word;) words.insert(word);
+    for (std::string word; stream >> word;) {
+      // What CMake picks by the system: all of them count as listed.
+      constexpr std::string_view kPicked = "${PLATFORM}";
+      const std::size_t picked = word.find(kPicked);
+      words.insert(word);
+      if (picked == std::string::npos) continue;
+      for (const char* platform : {"posix", "win32"}) {
+        words.insert(std::string(word).replace(picked, kPicked.size(), platform));
+      }
+    }
   }
   return words;
 }

@@ -107,8 +107,8 @@ TEST(TypologyFaultPlace, OfAMissingKeywordIsTheCommand) {
   }
 }
 
-TEST(TypologyFaultPlace, OfARequiredNumberThatDoesNotConvertIsTheCommandToo) {
-  EXPECT_EQ("casa.tip:2: \"C\" = [VIVIENDA]", TypologyFile().with("TIPO", "abc").place());
+TEST(TypologyFaultPlace, OfARequiredNumberThatDoesNotConvertIsWhatStandsThere) {
+  EXPECT_EQ("casa.tip:3: TIPO = [abc]", TypologyFile().with("TIPO", "abc").place());
 }
 
 TEST(TypologyFaultPlace, OfAValueThatIsNotValidIsTheValue) {

@@ -15,7 +15,7 @@ int statusOf(
     const std::function<void(const RunPaths&)>& runForms = [](const RunPaths&) {}) {
   try {
     startUp(commandLine, runForms);
-  } catch (const ProcessEnded& ended) {
+  } catch (const RunEnded& ended) {
     return ended.status;
   }
 }

@@ -5,6 +5,9 @@
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "app/version.h"
+#include "check/checker.h"
+#include "check/formats.h"
+#include "core/concat.h"
 #include "core/output_lines.h"
 #include "core/platform.h"
 #include "core/report_error.h"
@@ -34,6 +37,26 @@ report::InputFile inputFile(const char* role, const std::string& path) {
   return input;
 }
 
+/// What a check says of the same files, as the report shows it.
+std::vector<report::Finding> findingsOf(const std::string& templateFile,
+                                        const std::string& typologyFile) {
+  std::vector<report::Finding> shown;
+  for (const Finding& finding : Checker(templateFile).check(typologyFile)) {
+    std::string place;
+    if (finding.place) {
+      place = report::baseName(finding.place->file);
+      if (finding.place->line > 0) {
+        place +=
+            concat(":", std::to_string(finding.place->line), ":",
+                   std::to_string(characterColumn(finding.place->text, finding.place->column)));
+      }
+    }
+    shown.push_back({std::string(wordOf(severityOf(finding))),
+                     std::string(rowOf(finding.code).word), finding.message, std::move(place)});
+  }
+  return shown;
+}
+
 report::Report reportOf(const std::string& templateFile, const std::string& typologyFile) {
   report::Report report;
   report.program = std::string("tip2bdl ") + kVersion;
@@ -60,6 +83,7 @@ report::Report reportOf(const std::string& templateFile, const std::string& typo
                          {inputFile("Tabla de superficies", paths.table),
                           inputFile("Librería de valores por defecto", paths.defaults)});
   }
+  report.findings = findingsOf(templateFile, typologyFile);
   return report;
 }
 
