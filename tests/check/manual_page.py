@@ -137,6 +137,8 @@ class Page:
         for code in sections:
             if code not in codes:
                 self.fault(code, "no code of the program")
+        for code in set(WITHOUT) - set(codes):
+            self.fault(code, "stands in the list of those without an example, and is no code")
         if list(WITHOUT) != sorted(WITHOUT):
             self.fault("WITHOUT", "is not sorted")
         return SECTION.sub(self.section, self.text)

@@ -221,6 +221,15 @@ TEST_F(Comprobar, ThePathsOfARunAreCheckedInBothForms) {
   }
 }
 
+TEST_F(Comprobar, APathThatTheDesktopFormLacksIsAFileThatIsNotThere) {
+  const ProgramResult noTemplate = check({"#,casa.tip,salida.bdl,fin.txt"});
+  EXPECT_EQ(3, noTemplate.status);
+  EXPECT_THAT(noTemplate.out, HasSubstr("error: No existe el fichero de datos *.bdl"));
+  const ProgramResult noTypology = check({"#casa.bdl"});
+  EXPECT_EQ(3, noTypology.status);
+  EXPECT_THAT(noTypology.out, HasSubstr("error: No existe el fichero de datos *.tip"));
+}
+
 TEST_F(Comprobar, TheFirstErrorIsTheMessageOfTheRun) {
   writeWith("error.tip", "AREA-PLANTA = 110", "AREA-PLANTA = 20");
   ProgramOptions options;

@@ -22,7 +22,7 @@ namespace {
 
 /// The files to check, and the paths that a run of them would write.
 struct Request {
-  std::string plantilla;  // empty: the typologies alone
+  std::optional<std::string> plantilla;  // none: the typologies alone
   std::vector<std::string> typologies;
   std::string output;
   std::string marker;
@@ -55,13 +55,14 @@ Request requestOf(const WorkArguments& arguments) {
 
 Findings findingsOf(const Request& request) {
   Findings findings;
-  Checker checker = request.plantilla.empty() ? Checker() : Checker(request.plantilla);
+  Checker checker = request.plantilla ? Checker(*request.plantilla) : Checker();
   for (const std::string& typology : request.typologies) {
     Findings more = checker.check(typology);
     std::move(more.begin(), more.end(), std::back_inserter(findings));
   }
   const std::string& typology = request.typologies.front();
-  Findings ofPaths = pathFindings(request.plantilla, typology, request.output, request.marker);
+  Findings ofPaths =
+      pathFindings(request.plantilla.value_or(""), typology, request.output, request.marker);
   std::move(ofPaths.begin(), ofPaths.end(), std::back_inserter(findings));
   return findings;
 }
