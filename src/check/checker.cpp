@@ -207,8 +207,11 @@ const Checker::TemplateReading& Checker::templateReading(const InputPaths& paths
 
 /// Leaves out what an earlier check has said of a file that is not the typology.
 void Checker::dropWhatWasSaid(Findings& findings, const std::string& typologyFile) {
+  // With a template that can be read, an error in it is one of this typology.
+  const bool keepsErrors = template_ && template_->plantilla;
   std::erase_if(findings, [&](const Finding& finding) {
     if (!finding.place || finding.place->file == typologyFile) return false;
+    if (keepsErrors && severityOf(finding) == Severity::kError) return false;
     const std::string key = concat(rowOf(finding.code).word, "\n", finding.place->file, "\n",
                                    std::to_string(finding.place->line), "\n",
                                    std::to_string(finding.place->column), "\n", finding.message);

@@ -17,7 +17,7 @@
 /// with, because that run is carried out, all but the writing; where it would come to its end there
 /// are no errors. Behind them stand warnings and notes, those of the template before those of the
 /// typology, in the order of their places. What has been said of a template is not said again for
-/// the next typology.
+/// the next typology; what stands in the way of each one's building is.
 class Checker {
  public:
   /// Typologies alone.

@@ -324,6 +324,31 @@ TEST(Checker, WhatIsWrongWithATypologyIsSaidOfEachOne) {
   }
 }
 
+TEST(Checker, ATemplateThatNoTypologyCanUseIsToldOnce) {
+  const TemporaryFolder folder;
+  Inputs inputs = Inputs::minimal();
+  inputs.table = "Tabla\n";
+  inputs.writeInto(folder);
+  folder.write("otra.tip", inputs.typology);
+  Checker checker(folder / "casa.bdl");
+  EXPECT_EQ(1U, messagesOf(checker.check(folder / "casa.tip"), Severity::kError).size());
+  EXPECT_THAT(messagesOf(checker.check(folder / "otra.tip"), Severity::kError), IsEmpty());
+}
+
+TEST(Checker, AnErrorInTheTemplateThatEndsEachTypologysRunIsToldOfEachOne) {
+  const TemporaryFolder folder;
+  Inputs inputs = Inputs::minimal();
+  inputs.building.replace(inputs.building.find("BUILD-PARAMETERS"), 16, "OTRA-COSA");
+  inputs.writeInto(folder);
+  folder.write("otra.tip", inputs.typology);
+  Checker checker(folder / "casa.bdl");
+  for (const char* name : {"casa.tip", "otra.tip"}) {
+    EXPECT_THAT(messagesOf(checker.check(folder / name), Severity::kError),
+                ElementsAre("Error al generar el edificio. No se ha encontrado la clave: "
+                            "BUILD-PARAMETERS"));
+  }
+}
+
 TEST(Checker, ReadsATemplateOnceForAThousandTypologies) {
   const TemporaryFolder folder;
   Inputs::minimal().writeInto(folder);
