@@ -82,14 +82,14 @@ TEST_F(Comprobar, AWrongCommandLineEndsWithTwoAndTheUsage) {
     std::vector<std::string> arguments;
     const char* problem;
   } cases[] = {
-      {{}, "falta la tipología"},
+      {{}, "se esperaba al menos 1 fichero y se han dado 0"},
       {{"casa.bdl"}, "falta la tipología"},
       {{"--formato", "xml", "casa.tip"},
-       "--formato no puede ser \"xml\": debe ser uno de texto, gcc, json, sarif"},
+       "la opción --formato no admite «xml»; admite: texto, gcc, json, sarif"},
       {{"--rapido", "casa.tip"}, "opción desconocida: --rapido"},
       {{"-x", "casa.tip"}, "opción desconocida: -x"},
-      {{"casa.tip", "--formato"}, "falta el valor de una opción"},
-      {{"--salida"}, "falta el valor de una opción"},
+      {{"casa.tip", "--formato"}, "a la opción --formato le falta su valor"},
+      {{"--salida"}, "a la opción --salida le falta su valor"},
   };
   for (const auto& c : cases) {
     const ProgramResult result = check(c.arguments);

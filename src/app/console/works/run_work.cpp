@@ -128,7 +128,8 @@ std::string WorkArguments::value(std::string_view option, std::string_view other
 std::string helpOf(const Work& work) {
   std::size_t width = 0;
   for (const Option* option : work.options) width = std::max(width, asLeft(*option).size());
-  std::string help = usageOf(work) + "\n" + std::string(work.detail) + "\n\nOpciones:\n";
+  std::string help = concat("Ejemplo:\n  tip2bdl-cli ", work.name, " ", work.example, "\n\n",
+                            work.detail, "\n\n", usageOf(work), "\nOpciones:\n");
   for (const Option* option : work.options) {
     std::string left = asLeft(*option);
     left.resize(width, ' ');

@@ -38,6 +38,7 @@ struct WorkArguments {
 struct Work {
   std::string_view name;
   std::string_view brief;
+  std::string_view example;   // of its arguments; help begins with it
   std::string_view operands;  // of the usage line: "PLANTILLA.bdl TIPOLOGIA.tip"
   std::string_view detail;    // paragraph of its help
   std::span<const Option* const> options;

@@ -57,7 +57,7 @@ constexpr std::array kPlanoOptions = {&kPlanta, &kSalida, &kHelpOption};
 constexpr std::array kInformeOptions = {&kFormato, &kSalida, &kHelpOption};
 
 constexpr Work kWorks[] = {
-    {"comprobar", "busca todas las faltas de una tipología y su plantilla",
+    {"comprobar", "busca todas las faltas de una tipología y su plantilla", "casa.bdl casa.tip",
      "[PLANTILLA.bdl] TIPOLOGIA.tip [TIPOLOGIA.tip ...]",
      "Dice todos los errores a la vez, cada uno con su lugar, y avisa de lo que se va a leer de\n"
      "otro modo que como está escrito. No escribe ningún edificio. Con una plantilla se "
@@ -68,12 +68,13 @@ constexpr Work kWorks[] = {
      "Código de salida: 0 sin errores, 1 con avisos y --estricto, 3 con errores, 2 si la línea de\n"
      "órdenes es incorrecta.",
      kComprobarOptions, 1, kAnyNumber, comprobar},
-    {"plano", "dibuja la planta de un edificio (SVG)", "TIPOLOGIA.tip",
+    {"plano", "dibuja la planta de un edificio (SVG)", "casa.tip --salida plano.svg",
+     "TIPOLOGIA.tip",
      "Dibuja la planta de la tipología: viviendas, escalera, patios, paños, cotas, superficies y\n"
      "norte. El SVG va en milímetros y, impreso al 100 %, está a escala.",
      kPlanoOptions, 1, 1, plano},
     {"informe", "informe de un edificio: imágenes, huecos y medidas (HTML, JSON)",
-     "PLANTILLA.bdl TIPOLOGIA.tip",
+     "casa.bdl casa.tip --salida informe.html", "PLANTILLA.bdl TIPOLOGIA.tip",
      "Genera el edificio sin escribirlo y cuenta qué es: imágenes, huecos pedidos y obtenidos,\n"
      "medidas, datos con su origen y qué se ha reescrito. Si el edificio no se genera, el informe\n"
      "muestra lo que se ha podido leer y el error, y el código de salida es 3.",
