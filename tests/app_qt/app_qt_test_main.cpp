@@ -10,7 +10,7 @@ int main(int argc, char* argv[]) {
   testing::InitGoogleTest(&argc, argv);
   testing::FLAGS_gtest_death_test_style = "threadsafe";
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  qunsetenv("QT_SCALE_FACTOR");
+  qputenv("QT_SCALE_FACTOR", qgetenv("TEST_SCALE"));
   const QApplication framework(argc, argv);
   Application = &recordingApplication();
   return RUN_ALL_TESTS();

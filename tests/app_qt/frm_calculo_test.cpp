@@ -38,6 +38,8 @@ TEST(FrmCalculo, IsLaidOutAsDrawn) {
 
   EXPECT_EQ("Edificio Objeto", form.Label1->text());
   EXPECT_EQ(QPoint(61, 32), form.Label1->pos());
+  EXPECT_EQ(form.edDatos->geometry().center().y(), form.Label1->geometry().center().y());
+  EXPECT_TRUE(form.Label1->alignment().testFlag(Qt::AlignVCenter));
   EXPECT_EQ(QPoint(136, 32), form.edDatos->pos());
   EXPECT_EQ(313, form.edDatos->width());
   EXPECT_EQ("Calcular", form.btnCalcular->text());

@@ -13,6 +13,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "app/qt/drawn_form.h"
 #include "app/qt/progress_bar.h"
 #include "app/run_generation.h"
 #include "support/recording_application.h"
@@ -30,6 +31,17 @@ class FormWithoutFiles : public TPrincipal {
   explicit FormWithoutFiles(const TemporaryFolder& folder)
       : TPrincipal(nullptr, folder / "no.bdl", folder / "no.tip", folder / "out", folder / "fin") {}
 };
+
+/// The pixels within `part` that are not white.
+QRect notWhite(const QImage& image, const QRect& part) {
+  QRect found;
+  for (int y = part.top(); y <= part.bottom(); ++y) {
+    for (int x = part.left(); x <= part.right(); ++x) {
+      if (image.pixelColor(x, y) != QColor(Qt::white)) found |= QRect(x, y, 1, 1);
+    }
+  }
+  return found;
+}
 
 /// The bar of a run without a form; keeps positions beyond 100.
 class UnboundedBar : public TProgressBar {
@@ -72,15 +84,15 @@ TEST(Principal, ShowsTheFourStages) {
   const FormWithoutFiles form(folder);
   const struct {
     const char* name;
-    const QLabel* label;
+    const PlacedLabel* label;
     const char* caption;
-    int top;  // 200, 246, 292 and 338 at 144 pixels per inch
+    int top;  // the first at 200 of 144 pixels per inch, the others 46 below each other
     bool bold;
   } cases[] = {
       {"Label1", form.Label1, "Generando el edificio", 133, true},
       {"Label2", form.Label2, "Obtención de parámetros característicos", 164, false},
       {"Label3", form.Label3, "Cálculo de demandas, consumos, calificación", 195, false},
-      {"Label4", form.Label4, "Cálculo de medidas de ahorro precuantificadas", 225, false},
+      {"Label4", form.Label4, "Cálculo de medidas de ahorro precuantificadas", 226, false},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -97,12 +109,25 @@ TEST(Principal, ShowsTheFourStages) {
   }
 }
 
+TEST(Principal, ItsCaptionsArePaintedWhereTheyStand) {
+  const TemporaryFolder folder;
+  FormWithoutFiles form(folder);
+  const QImage image = form.grab().toImage();
+  for (const PlacedLabel* label : {form.Label1, form.Label2, form.Label3, form.Label4}) {
+    const QRect painted = notWhite(image, label->geometry());
+    EXPECT_NEAR(label->x(), painted.left(), 2);
+    EXPECT_GE(painted.width(), label->fontMetrics().horizontalAdvance(label->text()) - 4);
+    EXPECT_GE(painted.top(), label->y());
+    EXPECT_LT(painted.bottom(), label->geometry().bottom()) << "cut off";
+  }
+}
+
 TEST(Principal, ShowsItsLogoAtTheTopLeftStretched) {
   const TemporaryFolder folder;
   FormWithoutFiles form(folder);
   EXPECT_EQ(form.Image1, form.findChild<QLabel*>("Image1"));
   EXPECT_TRUE(form.Image1->hasScaledContents());
-  EXPECT_FALSE(form.Image1->pixmap().isNull());
+  EXPECT_EQ(QSize(328, 106), form.Image1->pixmap().size()) << "its raster of 100 %";
   EXPECT_EQ(form.pbBarra->x(), form.Image1->x());
   EXPECT_LT(form.Image1->geometry().bottom(), form.Label1->y());
   // The dwelling in the plan's corner, well inside its walls.
@@ -117,7 +142,7 @@ TEST(Principal, IsWhiteWhateverTheDesktopsColours) {
   {
     FormWithoutFiles form(folder);
     EXPECT_EQ(form.Panel1, form.findChild<QFrame*>("Panel1"));
-    EXPECT_EQ(form.rect(), form.Panel1->geometry());
+    EXPECT_TRUE(form.Panel1->geometry().contains(form.rect()));
     const QImage image = form.grab().toImage();
     for (const QPoint corner : {form.rect().topLeft(), form.rect().topRight(),
                                 form.rect().bottomLeft(), form.rect().bottomRight()}) {
@@ -125,6 +150,14 @@ TEST(Principal, IsWhiteWhateverTheDesktopsColours) {
     }
   }
   QApplication::setPalette(before);
+}
+
+TEST(Principal, ItsPanelCoversItInWhateverSizeItIsGiven) {
+  const TemporaryFolder folder;
+  FormWithoutFiles form(folder);
+  form.setFixedSize(600, 500);  // by a window manager that does as it likes
+  form.show();
+  EXPECT_TRUE(form.Panel1->geometry().contains(form.rect()));
 }
 
 TEST(Principal, ItsBarIsEmptyAtFirst) {
@@ -142,6 +175,7 @@ TEST(Principal, ItsTimerStartsWhenItIsShown) {
   EXPECT_EQ(form.Timer1, form.findChild<QTimer*>("Timer1"));
   EXPECT_EQ(1000, form.Timer1->interval());
   EXPECT_FALSE(form.Timer1->isSingleShot());
+  EXPECT_EQ(Qt::PreciseTimer, form.Timer1->timerType());
   EXPECT_FALSE(form.Timer1->isActive());
   form.show();
   EXPECT_TRUE(form.Timer1->isActive());

@@ -30,11 +30,17 @@ TEST(ProgressBar, PositionsBeyondTheEndsStopAtThem) {
 TEST(ProgressBar, IsFilledWithItsBlueOnWhite) {
   const QColor blue(0, 164, 219);
   ProgressBar bar(nullptr);
-  bar.resize(200, 15);
+  bar.setPlace({0, 0, 202, 15});  // an edge of one pixel around 200
+  const auto colourAt = [&](int x) { return bar.grab().toImage().pixelColor(x, 7); };
   bar.SetPosition(50);
-  const QImage image = bar.grab().toImage();
-  EXPECT_EQ(blue, image.pixelColor(10, 7));
-  EXPECT_EQ(blue, image.pixelColor(90, 7));
-  EXPECT_EQ(QColor(Qt::white), image.pixelColor(110, 7));
-  EXPECT_EQ(QColor(Qt::white), image.pixelColor(190, 7));
+  EXPECT_EQ(QColor(160, 190, 202), colourAt(0));
+  EXPECT_EQ(blue, colourAt(1));
+  EXPECT_EQ(blue, colourAt(100));
+  EXPECT_EQ(QColor(Qt::white), colourAt(101));
+  EXPECT_EQ(QColor(Qt::white), colourAt(200));
+  EXPECT_EQ(QColor(160, 190, 202), colourAt(201));
+  bar.SetPosition(0);
+  EXPECT_EQ(QColor(Qt::white), colourAt(1));
+  bar.SetPosition(100);
+  EXPECT_EQ(blue, colourAt(200));
 }

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "app/desktop/forms.h"
 #include "app/run_generation.h"
 #include "app/run_safely.h"
 #include "core/platform.h"
@@ -9,7 +10,7 @@
 ProgressRun::ProgressRun(RunPaths paths) : paths_(std::move(paths)) {}
 
 bool ProgressRun::tick() {
-  if (ticks_ == kIdleTicks) return true;
+  if (ticks_ == progress_form::kIdleTicks) return true;
   ++ticks_;
   return false;
 }

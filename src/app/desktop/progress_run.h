@@ -8,8 +8,6 @@ class TProgressBar;
 /// it is seen, runs on the one that follows, and may be closed when the run is over.
 class ProgressRun {
  public:
-  static constexpr int kIdleTicks = 2;
-
   explicit ProgressRun(RunPaths paths);
 
   /// A tick of the form's timer. False on the idle ones; true when the run is due: the form is then

@@ -1,59 +1,57 @@
 #include "app/qt/frm_calculo.h"
 
-#include <QGuiApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QScreen>
+#include <algorithm>
 
-#include "app/qt/fonts.h"
+#include "app/desktop/forms.h"
+#include "app/qt/drawn_form.h"
 #include "app/qt/principal.h"
-#include "core/cp1252.h"
+#include "app/qt/window_place.h"
 #include "core/platform.h"
 
 TfrmCalculo* frmCalculo = nullptr;
 
-namespace {
-constexpr int kLabelLeft = 61;
-constexpr int kEditLeft = 136;
-constexpr int kGap = 4;
-}  // namespace
+using namespace input_form;
 
 TfrmCalculo::TfrmCalculo(QWidget* owner) : QDialog(owner) {
   setObjectName("frmCalculo");
-  setWindowTitle("VORK");
+  setWindowTitle(toQt(kTitle));
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
-  resize(532, 243);
-  move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
-  QFont font = formFont();
-  font.setPixelSize(11);
-  setFont(font);
-
-  Label1 = new QLabel("Edificio Objeto", this);
-  Label1->setObjectName("Label1");
-  placeLabel(*Label1, kLabelLeft, 32, kEditLeft - kGap - kLabelLeft);
+  resize(kClient.width, kClient.height);
+  new WindowPlace(*this, nullptr);
+  setFont(toQt(kFont, kDpi));
 
   edDatos = new QLineEdit(this);
   edDatos->setObjectName("edDatos");
-  edDatos->setGeometry(kEditLeft, 32, 313, edDatos->sizeHint().height());
+  QRect place = toQt(kEditPlace);
+  place.setHeight(std::max(place.height(), edDatos->sizeHint().height()));  // a style may need more
+  edDatos->setGeometry(place);
 
-  btnCalcular = new QPushButton("Calcular", this);
-  btnCalcular->setObjectName("btnCalcular");
-  btnCalcular->setGeometry(352, 208, 75, 25);
-  btnCalcular->setAutoDefault(false);  // Return in the edit is no click
+  Label1 = new QLabel(toQt(kLabel), this);
+  Label1->setObjectName("Label1");
+  Label1->setFont(fitted(Label1->font(), Label1->text(), kLabelPlace.width));
+  Label1->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  Label1->setGeometry(kLabelPlace.left, place.top(), kLabelPlace.width, place.height());
+
+  const auto button = [this](const char* name, std::string_view caption, const FormPlace& at) {
+    auto* made = new QPushButton(toQt(caption), this);
+    made->setObjectName(name);
+    made->setGeometry(toQt(at));
+    made->setAutoDefault(false);  // Return in the edit is no click
+    return made;
+  };
+  btnCalcular = button("btnCalcular", kCalculate, kCalculatePlace);
   connect(btnCalcular, &QPushButton::clicked, this, &TfrmCalculo::btnCalcularClick);
-
-  btnCerrar = new QPushButton("Cerrar", this);
-  btnCerrar->setObjectName("btnCerrar");
-  btnCerrar->setGeometry(448, 208, 75, 25);
-  btnCerrar->setAutoDefault(false);
+  btnCerrar = button("btnCerrar", kClose, kClosePlace);
   connect(btnCerrar, &QPushButton::clicked, this, &TfrmCalculo::btnCerrarClick);
 }
 
 void TfrmCalculo::btnCalcularClick() {
   if (edDatos->text().isEmpty()) {
-    Application->MessageBox("No ha introducido algunos de los ficheros.", "Información"_cp1252);
+    Application->MessageBox(kNoFile, kNoFileCaption);
     return;
   }
   TPrincipal progress(nullptr, edDatos->text().toLocal8Bit().toStdString(), "", "", "");

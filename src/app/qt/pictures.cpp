@@ -3,12 +3,17 @@
 // A resource in a static library is only linked when it is asked for.
 static void ensureResources() { Q_INIT_RESOURCE(pictures); }
 
-QPixmap logoPicture() {
+QPixmap logoPicture(int pixels) {
   ensureResources();
-  return QPixmap(":/pictures/logo.png");
+  QPixmap picture;
+  for (const char* name : {"100", "150", "200"}) {
+    picture.load(QString(":/pictures/logo-%1.bmp").arg(name));
+    if (picture.width() >= pixels) break;
+  }
+  return picture;
 }
 
 QIcon programIcon() {
   ensureResources();
-  return QIcon(":/pictures/icon.png");
+  return QIcon(":/pictures/icon.ico");
 }

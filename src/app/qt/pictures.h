@@ -3,7 +3,9 @@
 #include <QIcon>
 #include <QPixmap>
 
-/// The program's pictures. They are drawn in pictures/*.svg; the program carries the rasters beside
-/// them (rsvg-convert -w 984 logo.svg -o logo.png, -w 256 icon.svg -o icon.png).
-QPixmap logoPicture();  // three times the size at which the progress form shows it
+/// The program's pictures, of which app/desktop/pictures has the drawings and rasters.
+
+/// The logo for a place that is `pixels` wide: the raster of that width or, where there is none,
+/// the next larger.
+QPixmap logoPicture(int pixels);
 QIcon programIcon();

@@ -1,84 +1,75 @@
 #include "app/qt/principal.h"
 
 #include <QFrame>
-#include <QGuiApplication>
-#include <QLabel>
-#include <QScreen>
 #include <QShowEvent>
 #include <QTimer>
+#include <QWindow>
 
-#include "app/qt/fonts.h"
+#include "app/desktop/forms.h"
+#include "app/qt/drawn_form.h"
 #include "app/qt/pictures.h"
 #include "app/qt/progress_bar.h"
+#include "app/qt/window_place.h"
+
+using namespace progress_form;
 
 TPrincipal* Principal = nullptr;
-
-namespace {
-
-/// The form is drawn at 144 pixels per inch; the framework counts 96 and scales for the screen.
-constexpr int fromDesign(int pixels) { return (pixels * 96 + 72) / 144; }
-
-constexpr int kWidth = fromDesign(545);
-constexpr int kHeight = fromDesign(434);
-constexpr int kBarLeft = fromDesign(23);
-constexpr int kBarWidth = fromDesign(492);
-
-}  // namespace
 
 TPrincipal::TPrincipal(QWidget* owner, const std::string& item0, const std::string& item1,
                        const std::string& item2, const std::string& item3)
     : QDialog(owner), run_({item0, item1, item2, item3}) {
   setObjectName("Principal");
-  setWindowTitle("Calculando ...");
+  setWindowTitle(toQt(kTitle));
   // A title and nothing to click on it.
   setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                  Qt::MSWindowsFixedSizeDialogHint);
-  setFixedSize(kWidth, kHeight);
-  move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
-  setFont(formFont());
+  setFixedSize(toPixels(kClient.width, kDpi, 96), toPixels(kClient.height, kDpi, 96));
+  new WindowPlace(*this, nullptr);
+  setFont(toQt(kFont, kDpi));
+  QPalette colours = palette();
+  colours.setColor(QPalette::Window, toQt(kPanel));
+  colours.setColor(QPalette::WindowText, toQt(kStageColour));
+  setPalette(colours);
 
   Panel1 = new QFrame(this);
   Panel1->setObjectName("Panel1");
-  Panel1->setGeometry(rect());
   Panel1->setAutoFillBackground(true);
-  QPalette blackOnWhite = Panel1->palette();
-  blackOnWhite.setColor(QPalette::Window, Qt::white);
-  blackOnWhite.setColor(QPalette::WindowText, Qt::black);
-  Panel1->setPalette(blackOnWhite);
 
-  Image1 = new QLabel(Panel1);
+  Image1 = new PlacedPicture(Panel1);
   Image1->setObjectName("Image1");
-  Image1->setGeometry(kBarLeft, 14, kBarWidth, 106);
-  Image1->setPixmap(logoPicture());
   Image1->setScaledContents(true);
 
-  Label1 = stage("Label1", 200, "Generando el edificio", true);
-  Label2 = stage("Label2", 246, "Obtención de parámetros característicos");
-  Label3 = stage("Label3", 292, "Cálculo de demandas, consumos, calificación");
-  Label4 = stage("Label4", 338, "Cálculo de medidas de ahorro precuantificadas");
+  PlacedLabel** const labels[] = {&Label1, &Label2, &Label3, &Label4};
+  static_assert(std::size(labels) == std::size(kStages));
+  for (std::size_t i = 0; i < std::size(labels); ++i) {
+    PlacedLabel* const label = *labels[i] = new PlacedLabel(Panel1);
+    label->setObjectName(kStages[i].name);
+    label->setTextFormat(Qt::PlainText);
+    label->setText(toQt(kStages[i].caption));
+    QFont font = toQt(kStageFont, kDpi);
+    font.setBold(kStages[i].bold);
+    label->setFont(font);
+  }
 
   pbBarra = new ProgressBar(Panel1);
   pbBarra->setObjectName("pbBarra");
-  pbBarra->setGeometry(kBarLeft, fromDesign(385), kBarWidth, fromDesign(23));
+  layOut();
 
   Timer1 = new QTimer(this);
   Timer1->setObjectName("Timer1");
-  Timer1->setInterval(1000);
+  Timer1->setTimerType(Qt::PreciseTimer);
+  Timer1->setInterval(kTimerInterval);
   connect(Timer1, &QTimer::timeout, this, &TPrincipal::Timer1Timer);
 }
 
-QLabel* TPrincipal::stage(const char* name, int designTop, const char* caption, bool bold) {
-  auto* label = new QLabel(Panel1);
-  label->setObjectName(name);
-  label->setTextFormat(Qt::PlainText);
-  label->setText(caption);
-  QFont font = stageFont();
-  font.setPixelSize(fromDesign(18));
-  font.setBold(bold);
-  label->setFont(font);
-  const int left = fromDesign(69);
-  placeLabel(*label, left, fromDesign(designTop), kBarLeft + kBarWidth - left);
-  return label;
+void TPrincipal::layOut() {
+  const int dpi = dpiOf(*this);
+  Panel1->setGeometry(rect().adjusted(0, 0, 1, 1));  // a screen's last pixel may be half of one
+  Image1->setPlace(at(kLogo, kDpi, dpi));
+  Image1->setPixmap(logoPicture(Image1->place().width));
+  PlacedLabel* const labels[] = {Label1, Label2, Label3, Label4};
+  for (std::size_t i = 0; i < std::size(labels); ++i) labels[i]->setPlace(stagePlace(i, dpi));
+  pbBarra->setPlace(at(kBar, kDpi, dpi));
 }
 
 void TPrincipal::FormShow() { Timer1->start(); }
@@ -94,7 +85,15 @@ void TPrincipal::reject() {
   if (run_.isOver()) QDialog::reject();
 }
 
+void TPrincipal::resizeEvent(QResizeEvent* event) {
+  QDialog::resizeEvent(event);
+  layOut();
+}
+
 void TPrincipal::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
-  if (!event->spontaneous()) FormShow();
+  if (event->spontaneous()) return;
+  layOut();
+  connect(windowHandle(), &QWindow::screenChanged, this, &TPrincipal::layOut, Qt::UniqueConnection);
+  FormShow();
 }

@@ -5,9 +5,10 @@
 
 #include "app/desktop/progress_run.h"
 
+class PlacedLabel;
+class PlacedPicture;
 class ProgressBar;
 class QFrame;
-class QLabel;
 class QTimer;
 
 /// The progress form: the program's face during a run. Once shown it lets two ticks of its timer
@@ -27,20 +28,22 @@ class TPrincipal : public QDialog {
   void reject() override;
 
   // The parts of the form, which owns them.
-  QFrame* Panel1;  // white background
-  QLabel* Image1;  // the logo, stretched
-  QLabel* Label1;  // the four stages of a rating; this program is the first, in bold
-  QLabel* Label2;
-  QLabel* Label3;
-  QLabel* Label4;
+  QFrame* Panel1;         // white background
+  PlacedPicture* Image1;  // the logo, stretched
+  PlacedLabel* Label1;    // the four stages of a rating; this program is the first, in bold
+  PlacedLabel* Label2;
+  PlacedLabel* Label3;
+  PlacedLabel* Label4;
   ProgressBar* pbBarra;
   QTimer* Timer1;  // enabled when the form is shown
 
  protected:
+  void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
-  QLabel* stage(const char* name, int designTop, const char* caption, bool bold = false);
+  /// Puts everything in its place on the screen that the form is on.
+  void layOut();
 
   ProgressRun run_;
 };

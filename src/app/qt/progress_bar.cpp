@@ -1,23 +1,33 @@
 #include "app/qt/progress_bar.h"
 
-#include <QPalette>
+#include <QPainter>
 #include <algorithm>
 
+#include "app/qt/drawn_form.h"
+
 ProgressBar::ProgressBar(QWidget* parent) : QProgressBar(parent) {
-  setRange(0, 100);
+  setRange(0, progress_form::kBarMaximum);
   setValue(0);
   setTextVisible(false);
+}
 
-  QPalette colours = palette();
-  colours.setColor(QPalette::Highlight, QColor(0, 164, 219));
-  colours.setColor(QPalette::Base, Qt::white);
-  setPalette(colours);
-  // Styles draw bars as they like; a style sheet settles it.
-  setStyleSheet(
-      "QProgressBar { background-color: rgb(255, 255, 255); border: 1px solid rgb(160, 190, 202); }"
-      "QProgressBar::chunk { background-color: rgb(0, 164, 219); }");
+void ProgressBar::setPlace(const FormPlace& place) {
+  place_ = place;
+  cover(*this, place);
 }
 
 void ProgressBar::SetPosition(int position) {
   setValue(std::clamp(position, minimum(), maximum()));
+}
+
+void ProgressBar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  paintInPixelsOfTheScreen(painter, *this);
+  const QRect whole = toQt(place_);
+  painter.fillRect(whole, toQt(progress_form::kBarEdge));
+  const int edge = std::max(1, dpiOf(*this) / 96);
+  QRect inside = whole.adjusted(edge, edge, -edge, -edge);
+  painter.fillRect(inside, toQt(progress_form::kBarEmpty));
+  inside.setWidth(inside.width() * value() / maximum());
+  painter.fillRect(inside, toQt(progress_form::kBarFilled));
 }
