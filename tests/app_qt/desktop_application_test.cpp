@@ -1,5 +1,6 @@
 #include "app/qt/desktop_application.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -7,6 +8,7 @@
 #include <QWidget>
 #include <cstdio>
 
+#include "app/qt/framework_faults.h"
 #include "app/qt/screen.h"
 #include "core/report_error.h"
 
@@ -69,4 +71,17 @@ TEST(DesktopApplicationDeathTest, OpenStreamsAreFlushed) {
         application.Terminate(5);
       },
       testing::ExitedWithCode(5), "the end");
+}
+
+TEST(DesktopApplicationDeathTest, TheFrameworksRemarksComeOnlyAfterAFailure) {
+  const auto end = [](int status) {
+    endAsAnErrorOnFrameworkFaults();
+    qWarning("una observación");
+    DesktopApplication application;
+    if (status != 0) application.MessageBox("una falta", "Se ha producido un error");
+    application.Terminate(status);
+  };
+  EXPECT_EXIT(end(0), testing::ExitedWithCode(0), testing::Not(testing::HasSubstr("observación")));
+  EXPECT_EXIT(end(3), testing::ExitedWithCode(3),
+              "Se ha producido un error: una falta\nuna observación\n$");
 }

@@ -7,6 +7,7 @@
 #include <QThread>
 #include <QtGlobal>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <string>
 #include <utility>
@@ -62,13 +63,38 @@ TEST(FrameworkFaults, ASignalThatWouldKillIsAnError) {
   }
 }
 
-TEST(FrameworkFaults, OtherRemarksAreWrittenUnlessTheyAreDropped) {
-  const auto remark = [](bool dropped) {
+TEST(FrameworkFaults, OtherRemarksAreKeptUntilTheyAreAskedFor) {
+  const auto remark = [](bool dropped, bool asked) {
     endAsAnErrorOnFrameworkFaults();
-    if (dropped) dropFrameworkRemarks();
     warn();
+    if (dropped) dropFrameworkRemarks();
+    std::fputs("un mensaje\n", stderr);
+    if (asked) writeKeptRemarks();
     std::exit(0);
   };
-  EXPECT_EXIT(remark(false), testing::ExitedWithCode(0), "una observación");
-  EXPECT_EXIT(remark(true), testing::ExitedWithCode(0), Not(HasSubstr("una observación")));
+  EXPECT_EXIT(remark(false, false), testing::ExitedWithCode(0), Not(HasSubstr("una observación")));
+  EXPECT_EXIT(remark(false, true), testing::ExitedWithCode(0), "un mensaje\nuna observación\n$");
+  EXPECT_EXIT(remark(true, true), testing::ExitedWithCode(0), Not(HasSubstr("una observación")));
+}
+
+TEST(FrameworkFaults, AFatalRemarkComesBeforeThoseThatWereKept) {
+  const auto fail = [] {
+    endAsAnErrorOnFrameworkFaults();
+    warn();
+    warn();
+    qFatal("se acabó");
+  };
+  EXPECT_EXIT(fail(), kEndsAsAnError,
+              "Error inesperado: se acabó\nuna observación\nuna observación\n$");
+}
+
+TEST(FrameworkFaults, MoreRemarksThanTheStoreHoldsAreForgotten) {
+  const auto remark = [] {
+    endAsAnErrorOnFrameworkFaults();
+    for (int i = 0; i < 10000; ++i) warn();
+    writeKeptRemarks();
+    std::fputs("fin\n", stderr);
+    std::exit(0);
+  };
+  EXPECT_EXIT(remark(), testing::ExitedWithCode(0), "una observación\nfin\n$");
 }

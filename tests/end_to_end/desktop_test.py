@@ -5,8 +5,8 @@ usage: desktop_test.py TIP2BDL TIP2BDL_CLI SAMPLES_FOLDER LOCALES_FOLDER [TEST..
 
 Each test has an X server of its own, or none. A run takes three seconds by design, nearly all of
 them spent waiting, so the tests run side by side. LOCALES_FOLDER has a compiled es_ES.UTF-8. Ends
-with 77 (skipped) where that or a tool is missing (Xvfb, xdotool, xprop); on a build server (the
-variable CI is set), which installs them all, that is a failure.
+with 77 (skipped) where that or a tool is missing (Xvfb, xdotool, xprop, icewm, import); on a build
+server (the variable CI is set), which installs them all, that is a failure.
 """
 
 import ctypes
@@ -48,10 +48,10 @@ def eventually(question, what):
 
 
 class Desktop:
-    """An X server on a free display, without a window manager. `end` says what it does when its
-    last visitor has left."""
+    """An X server on a free display. `end` says what it does when its last visitor has left,
+    `manager` is the command of a window manager."""
 
-    def __init__(self, end="-noreset"):
+    def __init__(self, end="-noreset", manager=None):
         reading, writing = os.pipe()
         self.server = subprocess.Popen(
             ["Xvfb", "-displayfd", str(writing), "-screen", "0", "1024x768x24",
@@ -62,8 +62,17 @@ class Desktop:
             self.display = ":" + numbers.readline().strip()
         if self.display == ":":
             raise AssertionError("the X server has not started")
+        self.manager = manager and subprocess.Popen(
+            manager, env={**os.environ, "DISPLAY": self.display}, stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        if manager:
+            eventually(lambda: "window id" in self.tool("xprop", "-root", "_NET_SUPPORTING_WM_CHECK"),
+                       "a window manager")
 
     def stop(self):
+        if self.manager:
+            self.manager.terminate()
+            self.manager.wait()
         self.server.terminate()
         self.server.wait()
 
@@ -83,6 +92,32 @@ class Desktop:
 
     def property(self, window, name):
         return self.tool("xprop", "-id", str(window), name)
+
+    def geometry(self, window):
+        """Left, top, width and height of a window without its frame, and with it."""
+        told = dict(line.split("=") for line in
+                    self.tool("xdotool", "getwindowgeometry", "--shell", str(window)).splitlines())
+        left, top, width, height = (int(told[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+        frame = re.findall(r"\d+", self.property(window, "_NET_FRAME_EXTENTS").split("=")[-1])
+        fl, fr, ft, fb = (int(number) for number in frame or (0, 0, 0, 0))
+        return ((left, top, width, height),
+                (left - fl, top - ft, width + fl + fr, height + ft + fb))
+
+    def colour(self, x, y):
+        """The colour of a pixel of the screen, as red, green and blue."""
+        told = self.tool("import", "-window", "root", "-crop", f"1x1+{x}+{y}", "-depth", "8",
+                         "txt:-")
+        return tuple(int(number) for number in re.findall(r"\((\d+),(\d+),(\d+)", told)[-1])
+
+    def destroy(self, window):
+        """What another client may do to any window."""
+        x11 = ctypes.CDLL("libX11.so.6")
+        x11.XSetErrorHandler(IGNORE_X_ERROR)
+        x11.XOpenDisplay.restype = ctypes.c_void_p
+        display = ctypes.c_void_p(x11.XOpenDisplay(self.display.encode()))
+        x11.XDestroyWindow(display, ctypes.c_ulong(window))
+        x11.XSync(display, 0)
+        x11.XCloseDisplay(display)
 
     def press(self, window, key):
         """A key of the keyboard, as if typed by a person whose focus is there."""
@@ -208,6 +243,9 @@ class DesktopTest(unittest.TestCase):
     def test_a_box_is_dismissed_by_its_close_box(self):
         self.failing_run(lambda desktop, box: desktop.ask_to_close(box))
 
+    def test_a_box_is_dismissed_by_whoever_destroys_it(self):
+        self.failing_run(lambda desktop, box: desktop.destroy(box))
+
     def test_an_overlong_command_line_has_a_box_too(self):
         desktop = self.desktop()
         process = self.start("#" + "a" * 250, desktop=desktop)
@@ -251,6 +289,73 @@ class DesktopTest(unittest.TestCase):
         self.assertIn("Se ha producido un error: Se ha perdido la conexión con la pantalla\n",
                       err.decode())
         self.assert_failed_run_left_no_marker()
+
+    def test_the_message_of_a_box_outlives_its_screen(self):
+        desktop = self.desktop()
+        process = self.start(self.command_line(typology="no.tip"), desktop=desktop)
+        desktop.window(BOX)
+        desktop.server.kill()
+        status, _, err = self.ended(process)
+        self.assertEqual(3, status)
+        self.assertEqual("Se ha producido un error: No existe el fichero de datos *.tip",
+                         err.decode().splitlines()[0])
+        self.assert_failed_run_left_no_marker()
+
+    def test_a_run_that_succeeds_says_nothing(self):
+        """The framework has a remark to make about a folder that is not there."""
+        process = self.start(self.command_line(), desktop=self.desktop(), XDG_RUNTIME_DIR="/no")
+        self.assertEqual((0, b"", b""), self.ended(process))
+
+    def test_a_platform_that_is_not_there_gives_way_to_the_screen(self):
+        for platform in ("no-existe", "linuxfb:fb=/dev/no-existe"):
+            with self.subTest(platform):
+                desktop = self.desktop()
+                process = self.start(self.command_line(typology="no.tip"), desktop=desktop,
+                                     QT_QPA_PLATFORM=platform)
+                desktop.press(desktop.window(BOX), "Return")
+                self.assertEqual((3, b""), self.ended(process)[:2])
+
+    def test_the_run_begins_three_seconds_after_the_form(self):
+        desktop = self.desktop()
+        process = self.start(self.command_line(typology="no.tip"), desktop=desktop)
+        desktop.window(FORM)
+        shown = time.monotonic()
+        log = self.folder / "Error.log"
+        while not log.exists():
+            time.sleep(0.005)
+        # The window is found a little after it is shown.
+        self.assertAlmostEqual(3, time.monotonic() - shown, delta=0.25)
+        self.clear(process)
+
+    def test_windows_stand_in_the_middle_with_their_frames(self):
+        for scale, size in ((1, (363, 289)), (1.5, (545, 434))):
+            with self.subTest(scale):
+                desktop = self.desktop(manager=["icewm", "--theme=win95/default.theme"])
+                process = self.start(self.command_line(typology="no.tip"), desktop=desktop,
+                                     QT_SCALE_FACTOR=str(scale))
+                form = desktop.window(FORM)
+                time.sleep(0.5)  # for the window manager to be done with it
+                inner, outer = desktop.geometry(form)
+                self.assertEqual(size, inner[2:])
+                self.assertNotEqual(inner, outer, "no frame")
+                self.assertNotIn("increment", desktop.property(form, "WM_NORMAL_HINTS"))
+                area = [int(number) for number in re.findall(
+                    r"\d+", desktop.tool("xprop", "-root", "_NET_WORKAREA").split("=")[-1])][:4]
+                self.assert_centred(outer, area)
+                for x in (inner[0], inner[0] + size[0] - 1):
+                    for y in (inner[1], inner[1] + size[1] - 1):
+                        self.assertEqual((255, 255, 255), desktop.colour(x, y))
+                box = desktop.window(BOX)
+                time.sleep(0.5)
+                self.assert_centred(desktop.geometry(box)[1], desktop.geometry(form)[1])
+                self.assertNotIn("increment", desktop.property(box, "WM_NORMAL_HINTS"))
+                desktop.press(box, "Return")
+                self.assertEqual(3, self.ended(process)[0])
+
+    def assert_centred(self, inner, outer):
+        for side in (0, 1):
+            self.assertAlmostEqual(outer[side] + outer[side + 2] / 2,
+                                   inner[side] + inner[side + 2] / 2, delta=2)
 
     def test_a_decimal_comma_changes_nothing(self):
         spanish = {"LOCPATH": str(LOCALES), "LC_ALL": "es_ES.UTF-8"}
@@ -327,7 +432,7 @@ class DesktopTest(unittest.TestCase):
 
 
 def main():
-    missing = [tool for tool in ("Xvfb", "xdotool", "xprop")
+    missing = [tool for tool in ("Xvfb", "xdotool", "xprop", "icewm", "import")
                if shutil.which(tool) is None]
     if missing:
         print("missing:", ", ".join(missing))

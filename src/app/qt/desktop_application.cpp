@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "app/qt/framework_faults.h"
 #include "app/qt/message_box.h"
 #include "app/qt/screen.h"
 
@@ -26,6 +27,7 @@ void DesktopApplication::ShowFault(const Fault& fault) {
 }
 
 void DesktopApplication::endProcess(int status) {
+  if (status != 0) writeKeptRemarks();
   std::fflush(nullptr);
   std::_Exit(status);
 }

@@ -3,7 +3,10 @@
 #include <QString>
 #include <QtGlobal>
 #include <csignal>
+#include <cstdio>
+#include <mutex>
 #include <string_view>
+#include <utility>
 
 #include "app/run_safely.h"
 
@@ -27,25 +30,58 @@ constexpr Signal kSignals[] = {
   endWithLastWords({kUnexpected, "el programa se ha interrumpido (", name, ")"});
 }
 
-bool remarksAreDropped = false;
-QtMessageHandler writeRemark = nullptr;
-
-void hearRemark(QtMsgType type, const QMessageLogContext& context, const QString& remark) {
-  if (type == QtFatalMsg) {
-    endWithLastWords({kUnexpected, remark.simplified().toUtf8().constData()});
+/// Needs no memory, which may be what a remark is about.
+class KeptRemarks {
+ public:
+  void add(std::string_view remark) {
+    const std::lock_guard lock(mutex_);
+    if (dropped_ || remark.size() >= sizeof text_ - length_) return;
+    length_ += remark.copy(text_ + length_, remark.size());
+    text_[length_++] = '\n';
   }
-  if (remark.startsWith("QThread::start: Thread creation error")) endWithLastWords({kNoMemory});
-  if (!remarksAreDropped) writeRemark(type, context, remark);
+  /// Gives them, each with a line end, and has none any more.
+  std::string_view take() {
+    const std::lock_guard lock(mutex_);
+    return {text_, std::exchange(length_, 0)};
+  }
+  void drop() {
+    take();
+    dropped_ = true;
+  }
+
+ private:
+  std::mutex mutex_;  // the framework has threads of its own
+  char text_[4096];
+  std::size_t length_ = 0;
+  bool dropped_ = false;
+};
+
+KeptRemarks keptRemarks;
+
+void hearRemark(QtMsgType type, const QMessageLogContext&, const QString& remark) {
+  const QByteArray text = remark.simplified().toUtf8();
+  if (type == QtFatalMsg) {
+    std::string_view before = keptRemarks.take();
+    if (!before.empty()) before.remove_suffix(1);  // the last line end is written anyway
+    endWithLastWords({kUnexpected, text.constData(), before.empty() ? "" : "\n", before});
+  }
+  if (text.startsWith("QThread::start: Thread creation error")) endWithLastWords({kNoMemory});
+  keptRemarks.add({text.constData(), static_cast<std::size_t>(text.size())});
 }
 
 }  // namespace
 
 void endAsAnErrorOnFrameworkFaults() {
-  writeRemark = qInstallMessageHandler(hearRemark);
+  qInstallMessageHandler(hearRemark);
   for (const Signal& signal : kSignals) {
     const auto before = std::signal(signal.number, endOnSignal);
     if (before != SIG_DFL) std::signal(signal.number, before);  // a sanitizer's, say
   }
 }
 
-void dropFrameworkRemarks() { remarksAreDropped = true; }
+void writeKeptRemarks() {
+  const std::string_view remarks = keptRemarks.take();
+  if (!remarks.empty()) std::fwrite(remarks.data(), 1, remarks.size(), stderr);
+}
+
+void dropFrameworkRemarks() { keptRemarks.drop(); }

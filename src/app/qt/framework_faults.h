@@ -7,5 +7,10 @@
 /// signal that would kill the process. There is no box, which would need what has just failed.
 void endAsAnErrorOnFrameworkFaults();
 
-/// Keeps the framework's other remarks off standard error.
+/// The framework's other remarks, in English, are kept from then on, as many as a small store
+/// holds: in a run that succeeds nobody needs them. Those of a run that fails are written to
+/// standard error by this, to be called behind the message.
+void writeKeptRemarks();
+
+/// Keeps none any more, nor those that were kept.
 void dropFrameworkRemarks();

@@ -10,12 +10,14 @@
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QScreen>
 #include <QString>
 #include <QtGlobal>
 #include <cstdlib>
 
 #include "app/console/console_application.h"
 #include "app/qt/framework_faults.h"
+#include "app/qt/message_box.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
 
@@ -41,7 +43,9 @@ constexpr int kPatience = 10'000;  // ms; a screen that has not answered by then
   char* argv[] = {name, nullptr};
   const QGuiApplication framework(argc, argv);
   char byte = 1;
-  const bool stay = write(connection, &byte, 1) == 1 && read(connection, &byte, 1) == 0;
+  // Some platforms open without any screen to show windows on.
+  const bool stay = QGuiApplication::primaryScreen() != nullptr &&
+                    write(connection, &byte, 1) == 1 && read(connection, &byte, 1) == 0;
   _exit(stay ? 0 : 1);
 }
 
@@ -70,36 +74,50 @@ ScreenChoice::ScreenChoice() {
     return;
   }
   if (isSet("DISPLAY") || isSet("WAYLAND_DISPLAY")) {
-    // Trying it out in a process of its own is the only way to ask: whether a screen can be used
-    // depends on its server, on permissions and on the plug-ins that are installed.
-    int ends[2];
-    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) == 0) {
-      visitor_ = fork();
-      if (visitor_ == 0) {
-        close(ends[0]);
-        visit(ends[1]);
-      }
-      close(ends[1]);
-      connection_ = ends[0];
-      if (visitor_ != -1 && hasAnswered(connection_)) return;
-    }
+    if (canBeVisited()) return;
+    // The platform that was asked for is of no use; the one that goes with the screen may be.
+    if (qunsetenv("QT_QPA_PLATFORM") && canBeVisited()) return;
   }
   qputenv("QT_QPA_PLATFORM", "offscreen");
   doWithoutScreen();
 }
 
-ScreenChoice::~ScreenChoice() {
+/// Whether a screen can be used depends on its server, on permissions and on the plug-ins that are
+/// installed. Trying it out in a process of its own is the only way to ask.
+bool ScreenChoice::canBeVisited() {
+  int ends[2];
+  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends) != 0) return false;
+  visitor_ = fork();
+  if (visitor_ == 0) {
+    close(ends[0]);
+    visit(ends[1]);
+  }
+  close(ends[1]);
+  connection_ = ends[0];
+  if (visitor_ != -1 && hasAnswered(connection_)) return true;
+  endVisit();
+  return false;
+}
+
+void ScreenChoice::endVisit() {
   if (connection_ != -1) close(connection_);
   if (visitor_ != -1) {
     kill(visitor_, SIGKILL);
     waitpid(visitor_, nullptr, 0);
   }
+  connection_ = visitor_ = -1;
 }
+
+ScreenChoice::~ScreenChoice() { endVisit(); }
 
 void endAsAnErrorIfScreenIsLost() {
   std::atexit([] {
-    ConsoleApplication().MessageBox("Se ha perdido la conexión con la pantalla"_cp1252,
-                                    kErrorCaption);
+    // The box that was on it has not been read, or not to its end.
+    const std::string_view boxText = textOfOpenBox();
+    ConsoleApplication().MessageBox(
+        boxText.empty() ? "Se ha perdido la conexión con la pantalla"_cp1252 : boxText,
+        kErrorCaption);
+    writeKeptRemarks();
     std::_Exit(kExitError);
   });
 }
