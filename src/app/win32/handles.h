@@ -1,0 +1,12 @@
+#pragma once
+
+#include <memory>
+#include <type_traits>
+
+#include "app/win32/windows_api.h"
+
+struct DeleteGdiObject {
+  void operator()(HGDIOBJ object) const { DeleteObject(object); }
+};
+using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, DeleteGdiObject>;
+using Bitmap = std::unique_ptr<std::remove_pointer_t<HBITMAP>, DeleteGdiObject>;

@@ -1,0 +1,132 @@
+#include "app/win32/principal.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "app/win32/resources.h"
+
+using namespace progress_form;
+
+TPrincipal* Principal = nullptr;
+
+namespace {
+
+constexpr UINT_PTR kTimer1 = 1;
+
+constexpr COLORREF toWindows(Colour colour) { return RGB(colour.red, colour.green, colour.blue); }
+
+/// The logo's raster for a place that is so wide or, where there is none, the next larger.
+Bitmap loadLogo(int pixels) {
+  Bitmap logo;
+  for (const int resource : {kLogo100, kLogo150, kLogo200}) {
+    logo.reset(
+        static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(resource),
+                                        IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
+    BITMAP measures = {};
+    GetObjectW(logo.get(), sizeof measures, &measures);
+    if (measures.bmWidth >= pixels) break;
+  }
+  return logo;
+}
+
+}  // namespace
+
+int ProgressBar::GetPosition() const {
+  return static_cast<int>(SendMessageW(control_, PBM_GETPOS, 0, 0));
+}
+
+void ProgressBar::SetPosition(int position) {
+  const int bounded = std::clamp(position, 0, kBarMaximum);
+  SendMessageW(control_, PBM_SETPOS, static_cast<WPARAM>(bounded), 0);
+}
+
+TPrincipal::TPrincipal(HWND owner, const RunPaths& paths, std::function<void()> closed)
+    // A title and nothing to click on it.
+    : FormWindow({kTitle, kClient, kDpi, WS_POPUP | WS_CAPTION | WS_CLIPCHILDREN, COLOR_WINDOW},
+                 owner),
+      run_(paths),
+      closed_(std::move(closed)),
+      labels_(),
+      pbBarra_(addChild(PROGRESS_CLASSW, {}, 0)) {
+  for (std::size_t i = 0; i < labels_.size(); ++i) {
+    labels_[i] = addChild(WC_STATICW, kStages[i].caption, SS_LEFTNOWORDWRAP | SS_NOPREFIX);
+  }
+  // A bar in the system's style has the system's colour.
+  SetWindowTheme(pbBarra_.handle(), L"", L"");
+  SendMessageW(pbBarra_.handle(), PBM_SETRANGE32, 0, kBarMaximum);
+  SendMessageW(pbBarra_.handle(), PBM_SETBARCOLOR, 0, static_cast<LPARAM>(toWindows(kBarFilled)));
+  SendMessageW(pbBarra_.handle(), PBM_SETBKCOLOR, 0, static_cast<LPARAM>(toWindows(kBarEmpty)));
+  placeAll();
+}
+
+void TPrincipal::layOut() {
+  stage_ = makeFont(kStageFont, kDpi, dpi());
+  boldStage_ = makeFont(kStageFont, kDpi, dpi(), true);
+  for (std::size_t i = 0; i < labels_.size(); ++i) {
+    setFont(labels_[i], kStages[i].bold ? boldStage_ : stage_);
+    place(labels_[i], stagePlace(i, dpi()));
+  }
+  place(pbBarra_.handle(), at(kBar, kDpi, dpi()));
+  logo_ = loadLogo(at(kLogo, kDpi, dpi()).width);
+}
+
+void TPrincipal::show() {
+  FormWindow::show();
+  FormShow();
+}
+
+void TPrincipal::FormShow() { SetTimer(handle(), kTimer1, kTimerInterval, nullptr); }
+
+void TPrincipal::Timer1Timer() {
+  if (!run_.tick()) return;
+  KillTimer(handle(), kTimer1);
+  run_.run(pbBarra_);
+  DestroyWindow(handle());
+}
+
+void TPrincipal::paintLogo(HDC paper) const {
+  const FormPlace place = at(kLogo, kDpi, dpi());
+  BITMAP picture = {};
+  GetObjectW(logo_.get(), sizeof picture, &picture);
+  const HDC memory = CreateCompatibleDC(paper);
+  const HGDIOBJ before = SelectObject(memory, logo_.get());
+  SetStretchBltMode(paper, HALFTONE);
+  StretchBlt(paper, place.left, place.top, place.width, place.height, memory, 0, 0, picture.bmWidth,
+             picture.bmHeight, SRCCOPY);
+  SelectObject(memory, before);
+  DeleteDC(memory);
+}
+
+LRESULT TPrincipal::onMessage(UINT message, WPARAM wide, LPARAM longer) {
+  switch (message) {
+    case WM_TIMER:
+      Timer1Timer();
+      return 0;
+    case WM_CLOSE:
+      if (run_.isOver()) break;
+      return 0;
+    case WM_DESTROY:
+      closed_();
+      return 0;
+    case WM_PAINT: {
+      PAINTSTRUCT painting;
+      paintLogo(BeginPaint(handle(), &painting));
+      EndPaint(handle(), &painting);
+      return 0;
+    }
+    case WM_ERASEBKGND: {  // the panel
+      RECT inner;
+      GetClientRect(handle(), &inner);
+      FillRect(reinterpret_cast<HDC>(wide), &inner,
+               static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+      return 1;
+    }
+    case WM_CTLCOLORSTATIC:
+      SetTextColor(reinterpret_cast<HDC>(wide), toWindows(kStageColour));
+      SetBkColor(reinterpret_cast<HDC>(wide), toWindows(kPanel));
+      return reinterpret_cast<LRESULT>(GetStockObject(WHITE_BRUSH));
+    default:
+      break;
+  }
+  return otherwise(message, wide, longer);
+}
