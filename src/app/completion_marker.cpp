@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/paths.h"
 #include "core/report_error.h"
 
 void createCompletionMarker(const std::string& path) {
@@ -12,8 +13,8 @@ void createCompletionMarker(const std::string& path) {
   if (marker != nullptr && std::fclose(marker) == 0) return;
   // A marker that is there although its creation failed would still be believed.
   std::error_code ignored;
-  if (marker != nullptr && std::filesystem::is_regular_file(path, ignored)) {
-    std::filesystem::remove(path, ignored);
+  if (marker != nullptr && std::filesystem::is_regular_file(filePath(path), ignored)) {
+    std::filesystem::remove(filePath(path), ignored);
   }
   ReportFailure(ErrorLog, concat("Error al abrir fichero de escritura: ", path));
 }

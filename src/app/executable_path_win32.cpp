@@ -1,7 +1,7 @@
 #include <windows.h>
 
 #include "app/executable_path.h"
-#include "app/wide_text.h"
+#include "core/wide_text.h"
 
 std::string executablePath() {
   // The longest path that the system knows; a buffer that is too short cuts in silence.

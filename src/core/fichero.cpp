@@ -7,8 +7,10 @@
 
 #include "core/concat.h"
 #include "core/cp1252.h"
+#include "core/paths.h"
 #include "core/platform.h"
 #include "core/report_error.h"
+#include "core/text_mode.h"
 
 namespace {
 
@@ -41,8 +43,8 @@ fichero::fichero(std::string name, std::string_view mode) : name_(std::move(name
   } else if (mode == "lectura") {
     // A pipe may keep its reader waiting for ever, and gives its text once where some read twice.
     std::error_code unknown;
-    const bool isPipe = std::filesystem::is_fifo(name_, unknown);
-    const Stream stream(isPipe ? nullptr : std::fopen(name_.c_str(), "r"));
+    const bool isPipe = std::filesystem::is_fifo(filePath(name_), unknown);
+    const Stream stream(isPipe ? nullptr : std::fopen(name_.c_str(), "rb"));
     if (!stream) failReading("Error al abrir fichero de lectura: ", name_);
     text_ = readWhole(name_, stream.get());
     reader_.emplace(text_->bytes());
@@ -52,11 +54,12 @@ fichero::fichero(std::string name, std::string_view mode) : name_(std::move(name
   }
 }
 
-/// Reads into the buffer that keeps the text.
+/// Reads into the buffer that keeps the text. Binary, and put into text mode afterwards: that of
+/// some C libraries takes a byte 1A for the end, and what is behind it would be lost in silence.
 SourceText fichero::readWhole(const std::string& name, std::FILE* stream) {
   constexpr std::size_t kBlock = 1 << 16;  // bytes read in one go
   std::error_code noSize;
-  const std::uintmax_t fileSize = std::filesystem::file_size(name, noSize);
+  const std::uintmax_t fileSize = std::filesystem::file_size(filePath(name), noSize);
   std::size_t room = noSize ? kBlock : fileSize + 1;  // for the end to be met within it
   auto buffer = std::make_unique_for_overwrite<char[]>(room);
   std::size_t size = 0;
@@ -72,6 +75,7 @@ SourceText fichero::readWhole(const std::string& name, std::FILE* stream) {
     rejectNul(name, {buffer.get(), size}, size - got);  // block by block: /dev/zero has no end
   } while (got > 0);
   if (std::ferror(stream) != 0) failReading("Error al leer fichero: ", name);
+  size = asTextMode(buffer.get(), size);
   return {name, std::move(buffer), size};
 }
 
@@ -98,6 +102,6 @@ void fichero::guardar() {
   if (written && closed) return;
   // Half an output must not pass for a whole one.
   std::error_code ignored;
-  std::filesystem::resize_file(name_, 0, ignored);
+  std::filesystem::resize_file(filePath(name_), 0, ignored);
   failWriting("Error al escribir fichero: ", name_);
 }

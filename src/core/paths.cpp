@@ -1,6 +1,5 @@
 #include "core/paths.h"
 
-#include <filesystem>
 #include <system_error>
 
 #include "core/concat.h"
@@ -22,6 +21,6 @@ std::string folderOf(std::string_view path) {
 
 bool fileExists(const std::string& path) {
   std::error_code error;
-  const std::filesystem::file_status status = std::filesystem::status(path, error);
+  const std::filesystem::file_status status = std::filesystem::status(filePath(path), error);
   return std::filesystem::exists(status) && !std::filesystem::is_directory(status);
 }

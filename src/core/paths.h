@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -15,6 +16,10 @@ void requirePathWithin(std::string_view path, std::size_t capacity);
 /// The folder of `path`: everything up to and including the last "/" or "\", or a drive's colon
 /// ("C:casa.bdl"); empty when there is none.
 std::string folderOf(std::string_view path);
+
+/// `path` for the standard library, which would misread UTF-8 where the system's own names are no
+/// bytes. Every call of std::filesystem takes one of these.
+std::filesystem::path filePath(const std::string& path);
 
 /// Whether `path` names something that can be read as a file; a folder is no file.
 bool fileExists(const std::string& path);

@@ -1,16 +1,25 @@
+#include "app/desktop/platform_command_line_win32.h"
+
 #include <windows.h>
 
+#include <algorithm>
+
 #include "app/desktop/platform_command_line.h"
-#include "app/wide_text.h"
+#include "core/wide_text.h"
+
+std::string behindProgramName(std::wstring_view commandLine) {
+  constexpr std::wstring_view kGap = L" \t";
+  std::size_t end = 0;
+  bool quoted = false;
+  for (; end < commandLine.size(); ++end) {
+    if (commandLine[end] == L'"') quoted = !quoted;
+    if (!quoted && kGap.find(commandLine[end]) != std::wstring_view::npos) break;
+  }
+  const std::size_t rest = commandLine.find_first_not_of(kGap, end);
+  return toUtf8(commandLine.substr(std::min(rest, commandLine.size())));
+}
 
 /// The system hands over one text; the arguments that the C library makes of it are not asked.
 std::string platformCommandLine(int, const char* const[]) {
-  const wchar_t* rest = GetCommandLineW();
-  // The program's name comes first; it is quoted when it has blanks.
-  bool quoted = false;
-  for (; *rest != L'\0' && (quoted || (*rest != L' ' && *rest != L'\t')); ++rest) {
-    if (*rest == L'"') quoted = !quoted;
-  }
-  while (*rest == L' ' || *rest == L'\t') ++rest;
-  return toUtf8(rest);
+  return behindProgramName(GetCommandLineW());
 }

@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/wide_text.h"
+#include "core/wide_text.h"
 #include "app/win32/windows_api.h"
 #include "core/cp1252.h"
 

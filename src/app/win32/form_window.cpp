@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "app/wide_text.h"
+#include "core/wide_text.h"
 #include "core/platform.h"
 #include "core/report_error.h"
 

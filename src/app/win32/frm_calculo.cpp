@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "app/wide_text.h"
+#include "core/wide_text.h"
 #include "app/win32/principal.h"
 #include "core/platform.h"
 

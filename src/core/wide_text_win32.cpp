@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "app/wide_text.h"
+#include "core/wide_text.h"
 
 std::string toUtf8(std::wstring_view wide) {
   const auto length = static_cast<int>(wide.size());

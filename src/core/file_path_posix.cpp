@@ -1,0 +1,3 @@
+#include "core/paths.h"
+
+std::filesystem::path filePath(const std::string& path) { return path; }
