@@ -1,7 +1,6 @@
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -9,14 +8,11 @@
 #include <iterator>
 
 #include "core/cp1252.h"
+#include "support/new_files.h"
 
 namespace fs = std::filesystem;
 
-TemporaryFolder::TemporaryFolder() {
-  std::string pattern = (fs::temp_directory_path() / "tip2bdl-test-XXXXXX").string();
-  if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-  path_ = pattern;
-}
+TemporaryFolder::TemporaryFolder() : path_(newFolder()) {}
 
 TemporaryFolder::~TemporaryFolder() {
   std::error_code ignored;
@@ -43,7 +39,8 @@ std::vector<std::string> TemporaryFolder::names() const {
 }
 
 std::string readFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(
+      path);  // not binary: where lines of an output end in CR LF, that is a line end
   EXPECT_TRUE(file.good()) << "cannot read " << path;
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }

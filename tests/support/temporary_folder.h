@@ -27,7 +27,7 @@ class TemporaryFolder {
   std::string path_;
 };
 
-/// The bytes of a file; the test fails where it cannot be read.
+/// The bytes of a file, in the system's text mode; the test fails where it cannot be read.
 std::string readFile(const std::string& path);
 void writeFile(const std::string& path, std::string_view bytes);
 
