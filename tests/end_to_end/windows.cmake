@@ -1,0 +1,20 @@
+# Whole runs of the programs for Windows, under wine.
+# By its path, not as a target: CMake would start a target under wine.
+find_package(Python3 3.9 REQUIRED COMPONENTS Interpreter)
+set(here "${PROJECT_SOURCE_DIR}/tests/end_to_end")
+
+add_test(NAME windows_samples
+  COMMAND ${Python3_EXECUTABLE} ${here}/windows_samples_test.py
+    $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR})
+add_test(NAME windows_desktop
+  COMMAND ${Python3_EXECUTABLE} ${here}/windows_desktop_test.py
+    $<TARGET_FILE:tip2bdl> ${PROJECT_SOURCE_DIR})
+add_test(NAME windows_programs
+  COMMAND ${Python3_EXECUTABLE} ${here}/windows_programs_test.py
+    ${CMAKE_OBJDUMP} ${PROJECT_VERSION} ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}
+    $<TARGET_FILE:tip2bdl> $<TARGET_FILE:tip2bdl-cli>)
+add_test(NAME windows_same_bytes
+  COMMAND ${here}/windows_same_bytes ${PROJECT_SOURCE_DIR}
+    $<TARGET_FILE:tip2bdl> $<TARGET_FILE:tip2bdl-cli>)
+set_tests_properties(windows_samples windows_desktop windows_programs PROPERTIES
+  SKIP_RETURN_CODE 77 TIMEOUT 300 ENVIRONMENT PYTHONDONTWRITEBYTECODE=1)
