@@ -16,5 +16,8 @@ add_test(NAME windows_programs
 add_test(NAME windows_same_bytes
   COMMAND ${here}/windows_same_bytes ${PROJECT_SOURCE_DIR}
     $<TARGET_FILE:tip2bdl> $<TARGET_FILE:tip2bdl-cli>)
-set_tests_properties(windows_samples windows_desktop windows_programs PROPERTIES
+add_test(NAME windows_package
+  COMMAND ${Python3_EXECUTABLE} ${here}/windows_package_test.py
+    ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${PROJECT_VERSION})
+set_tests_properties(windows_samples windows_desktop windows_programs windows_package PROPERTIES
   SKIP_RETURN_CODE 77 TIMEOUT 300 ENVIRONMENT PYTHONDONTWRITEBYTECODE=1)

@@ -1,9 +1,6 @@
-// What the desktop program carries; the resource compiler reads this too.
-#ifndef APP_WIN32_RESOURCES_H
-#define APP_WIN32_RESOURCES_H
+#pragma once
 
+// The numbers of what the desktop program carries; the resource compiler reads this too.
 #define kLogo100 100
 #define kLogo150 150
 #define kLogo200 200
-
-#endif
