@@ -8,13 +8,13 @@
 
 namespace fs = std::filesystem;
 
-// core <- bdl <- typology <- plan <- generator <- check <- report <- app: a folder includes from
-// itself and from those to its left, and only app/qt knows Qt.
+// core <- bdl <- typology <- plan <- generator <- check <- report <- stock <- app: a folder includes
+// from itself and from those to its left, and only app/qt knows Qt.
 
 namespace {
 
-const std::vector<std::string> kOrder = {"core",      "bdl",   "typology", "plan",
-                                         "generator", "check", "report",   "app"};
+const std::vector<std::string> kOrder = {"core",  "bdl",    "typology", "plan", "generator",
+                                         "check", "report", "stock",    "app"};
 
 /// The files of src/, each with the texts that it includes.
 std::map<std::string, std::vector<std::string>> includesOfSources() {

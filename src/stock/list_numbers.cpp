@@ -1,0 +1,63 @@
+#include "stock/list_numbers.h"
+
+#include <algorithm>
+
+namespace stock {
+
+namespace {
+
+constexpr std::size_t kLongestInteger = 9;  // digits; more may not fit
+constexpr std::size_t kLongestNumber = 40;
+
+std::size_t digits(std::string_view text) {
+  const std::size_t end = text.find_first_not_of("0123456789");
+  return end == std::string_view::npos ? text.size() : end;
+}
+
+std::string_view withoutSign(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  return text;
+}
+
+ListNumber refused(std::string fault) { return {{}, std::move(fault), false}; }
+
+}  // namespace
+
+ListNumber readListNumber(std::string_view text, bool commaSeparates) {
+  const bool comma = text.find(',') != std::string_view::npos;
+  const bool point = text.find('.') != std::string_view::npos;
+  if (comma && point) return refused("mezcla punto y coma; escriba un solo separador decimal");
+  if (comma && commaSeparates) {
+    return refused("tiene una coma, que en esta lista separa las columnas; escriba un punto");
+  }
+  const std::string_view number = withoutSign(text);
+  const std::size_t whole = digits(number);
+  std::string_view rest = number.substr(whole);
+  std::size_t decimals = 0;
+  if (rest.starts_with(',') || rest.starts_with('.')) {
+    decimals = digits(rest.substr(1));
+    if (decimals == 0) return refused("no es un número");
+    rest.remove_prefix(1 + decimals);
+  }
+  if (rest.starts_with('e') || rest.starts_with('E')) {
+    const std::string_view exponent = withoutSign(rest.substr(1));
+    if (digits(exponent) != exponent.size() || exponent.empty()) return refused("no es un número");
+    rest = {};
+  }
+  if (whole == 0 || !rest.empty()) return refused("no es un número");
+  if (text.size() > kLongestNumber) return refused("es demasiado largo");
+  ListNumber read;
+  read.text = text;
+  std::ranges::replace(read.text, ',', '.');
+  read.noted = point && decimals == 3;
+  return read;
+}
+
+ListNumber readListInteger(std::string_view text) {
+  const std::string_view number = withoutSign(text);
+  if (number.empty() || digits(number) != number.size()) return refused("no es un número entero");
+  if (number.size() > kLongestInteger) return refused("es demasiado grande");
+  return {std::string(text), {}, false};
+}
+
+}  // namespace stock

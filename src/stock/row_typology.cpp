@@ -1,0 +1,195 @@
+#include "stock/row_typology.h"
+
+#include <algorithm>
+#include <variant>
+
+#include "core/concat.h"
+#include "core/numbers.h"
+#include "stock/encoding.h"
+#include "stock/list_numbers.h"
+#include "stock/refusal.h"
+
+namespace stock {
+
+namespace {
+
+constexpr std::size_t kLongestId = 100;
+
+[[noreturn]] void refuse(const char* code, std::string message, Place place) {
+  throw Refusal{code, std::move(message), std::move(place)};
+}
+
+/// One keyword of a row. Empty cells leave the keyword out.
+class KeywordWriter {
+ public:
+  KeywordWriter(const ListRow& row, const KeywordColumns& columns, RowTypology& out)
+      : row_(row), columns_(columns), out_(out) {}
+
+  void operator()(int TypologyRecord::*) const {
+    if (const auto text = cell(0); !text.empty()) line(numberOf(0, readListInteger(text)));
+  }
+  void operator()(float TypologyRecord::*) const {
+    if (const auto text = cell(0); !text.empty()) line(real(0));
+  }
+  void operator()(PerFacade<float> TypologyRecord::*) const {
+    const auto size = columns_.at.size();
+    std::size_t given = 0;
+    for (std::size_t i = 0; i < size; ++i) given += cell(i).empty() ? 0 : 1;
+    if (given == 0) return;
+    std::string list = "( ";
+    for (std::size_t i = 0; i < size; ++i) {
+      if (cell(i).empty()) {
+        refuse(kMissingCell, concat("Falta el valor de ", columns_.names[i]),
+               row_.placeOf(columns_.at[i]));
+      }
+      list += concat(i > 0 ? ", " : "", real(i));
+    }
+    line(list + " )");
+  }
+  void operator()(std::string TypologyRecord::*) const { name(); }
+  void operator()(IgnoredText) const { name(); }
+
+ private:
+  std::string_view cell(std::size_t i) const { return row_.text(columns_.at[i]); }
+
+  std::string numberOf(std::size_t i, const ListNumber& number) const {
+    if (!number.fault.empty()) {
+      refuse(kBadNumber, concat(columns_.names[i], ": \"", cell(i), "\" ", number.fault),
+             row_.placeOf(columns_.at[i]));
+    }
+    if (number.noted && !std::ranges::count(out_.notes, kPointNote)) {
+      out_.notes.emplace_back(kPointNote);
+    }
+    return number.text;
+  }
+  std::string real(std::size_t i) const {
+    return numberOf(i, readListNumber(cell(i), row_.columns().separator == ','));
+  }
+
+  void name() const {
+    std::string_view text = cell(0);
+    if (text.empty()) return;
+    // Whoever copies a name from a file may copy its quotes as well.
+    if (text.size() > 1 && text.starts_with('"') && text.ends_with('"')) {
+      text = text.substr(1, text.size() - 2);
+    }
+    const auto refuseText = [&](std::string_view why) {
+      refuse(kBadText, concat(columns_.names[0], ": \"", text, "\" ", why),
+             row_.placeOf(columns_.at[0]));
+    };
+    if (std::ranges::any_of(
+            text, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == '"'; })) {
+      refuseText("contiene comillas, fines de línea u otros caracteres que un nombre no admite");
+    }
+    const std::optional<std::string> bytes = toCp1252(text);
+    if (!bytes) refuseText("contiene caracteres que no existen en Windows-1252");
+    line(concat("\"", *bytes, "\""));
+  }
+
+  void line(std::string_view value) const {
+    out_.bytes += concat("   ", columns_.keyword->name, " = ", value, "\n");
+    out_.columnOfLine.push_back(columns_.at[0]);
+  }
+
+  const ListRow& row_;
+  const KeywordColumns& columns_;
+  RowTypology& out_;
+};
+
+/// Whether a field holds what the row says.
+class HoldsWhatIsWritten {
+ public:
+  HoldsWhatIsWritten(const ListRow& row, const KeywordColumns& columns, const TypologyRecord& read)
+      : row_(row), columns_(columns), read_(read) {}
+
+  bool operator()(int TypologyRecord::*field) const {
+    int wanted = 0;
+    const std::string number = readListInteger(cell(0)).text;
+    std::string_view text = number;
+    return number.empty() || (scanInteger(text, wanted) && read_.*field == wanted);
+  }
+  bool operator()(float TypologyRecord::*field) const { return same(0, read_.*field); }
+  bool operator()(PerFacade<float> TypologyRecord::*field) const {
+    for (std::size_t i = 0; i < columns_.at.size(); ++i) {
+      if (!same(i, (read_.*field).at(i))) return false;
+    }
+    return true;
+  }
+  bool operator()(std::string TypologyRecord::*field) const {
+    std::string_view text = cell(0);
+    if (text.empty()) return (read_.*field).empty() || columns_.keyword->required;
+    if (text.size() > 1 && text.starts_with('"') && text.ends_with('"')) {
+      text = text.substr(1, text.size() - 2);
+    }
+    return read_.*field == concat("\"", toCp1252(text).value_or(""), "\"");
+  }
+  bool operator()(IgnoredText) const { return true; }
+
+ private:
+  std::string_view cell(std::size_t i) const { return row_.text(columns_.at[i]); }
+  bool same(std::size_t i, float value) const {
+    const std::string number = readListNumber(cell(i), row_.columns().separator == ',').text;
+    if (number.empty()) return true;
+    std::string_view text = number;
+    float wanted = 0;
+    return scanReal(text, wanted) && wanted == value;
+  }
+
+  const ListRow& row_;
+  const KeywordColumns& columns_;
+  const TypologyRecord& read_;
+};
+
+}  // namespace
+
+std::string_view ListRow::text(int column) const {
+  if (column < 0 || static_cast<std::size_t>(column) >= record_.size()) return {};
+  const std::string_view text = record_.fields()[static_cast<std::size_t>(column)].text;
+  const std::size_t first = text.find_first_not_of(" \t");
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+Place ListRow::placeOf(int column) const {
+  Place place{.file = std::string(listName_), .line = record_.line(), .column = 1, .text = {}};
+  if (column < 0 || static_cast<std::size_t>(column) >= record_.size()) return place;
+  const Field& field = record_.fields()[static_cast<std::size_t>(column)];
+  place.line = field.line;
+  place.column = field.column;
+  place.length = field.text.size();
+  return place;
+}
+
+bool isGoodId(std::string_view id) {
+  constexpr std::string_view kAllowed =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_.";
+  return !id.empty() && id.size() <= kLongestId &&
+         id.find_first_not_of(kAllowed) == std::string_view::npos;
+}
+
+RowTypology writeTypology(const ListRow& row, std::string_view texts) {
+  RowTypology out;
+  // No ID in it: the reading goes by search, and an ID may hold a keyword.
+  out.bytes = "\"Edificio\" = VIVIENDA\n";
+  out.columnOfLine.push_back(-1);
+  for (const KeywordColumns& columns : row.columns().keywords) {
+    std::visit(KeywordWriter(row, columns, out), columns.keyword->field);
+  }
+  out.bytes += "   ..\n";
+  out.columnOfLine.push_back(-1);
+  out.textsLine = static_cast<long>(out.columnOfLine.size()) + 1;
+  out.bytes += texts;
+  return out;
+}
+
+void requireReadAsWritten(const ListRow& row, const TypologyRecord& read) {
+  for (const KeywordColumns& columns : row.columns().keywords) {
+    if (std::visit(HoldsWhatIsWritten(row, columns, read), columns.keyword->field)) continue;
+    refuse(kBadText,
+           concat(columns.keyword->name,
+                  " se leería de otro modo: otro nombre de la fila contiene esa palabra"),
+           row.placeOf(columns.at[0]));
+  }
+}
+
+}  // namespace stock
