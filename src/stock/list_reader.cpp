@@ -45,20 +45,20 @@ Field& Record::addField() {
 ListReader::ListReader(std::string name, Source source)
     : name_(std::move(name)), source_(std::move(source)) {}
 
-ListReader ListReader::open(const std::string& path) {
+ListReader::Source ListReader::sourceOf(const std::string& path) {
   const std::shared_ptr<std::FILE> file(std::fopen(path.c_str(), "rb"), [](std::FILE* stream) {
     if (stream != nullptr) std::fclose(stream);
   });
   if (file == nullptr) {
     ReportFailure(ErrorLog, {concat("Error al abrir fichero de lectura: ", path), wholeFile(path)});
   }
-  return {path, [file, path](char* buffer, std::size_t size) {
-            const std::size_t got = std::fread(buffer, 1, size, file.get());
-            if (got == 0 && std::ferror(file.get()) != 0) {
-              ReportFailure(ErrorLog, {concat("Error al leer fichero: ", path), wholeFile(path)});
-            }
-            return got;
-          }};
+  return [file, path](char* buffer, std::size_t size) {
+    const std::size_t got = std::fread(buffer, 1, size, file.get());
+    if (got == 0 && std::ferror(file.get()) != 0) {
+      ReportFailure(ErrorLog, {concat("Error al leer fichero: ", path), wholeFile(path)});
+    }
+    return got;
+  };
 }
 
 bool ListReader::next(Record& record) {

@@ -52,10 +52,12 @@ class ListReader {
   /// Fills the buffer with the bytes that come next and says how many; 0 at the end.
   using Source = std::function<std::size_t(char* buffer, std::size_t size)>;
 
+  /// That of a file. One that cannot be opened ends the run, as one that cannot be read will.
+  static Source sourceOf(const std::string& path);
+
   /// `name`: what messages call the list.
   ListReader(std::string name, Source source);
-  /// Opens a file. One that cannot be opened ends the run, as one that cannot be read will.
-  static ListReader open(const std::string& path);
+  static ListReader open(const std::string& path) { return {path, sourceOf(path)}; }
 
   /// False, with `record` without fields, at the end.
   bool next(Record& record);

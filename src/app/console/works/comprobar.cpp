@@ -97,9 +97,7 @@ std::string encoded(const std::string& utf8, const std::string& file) {
 
 int comprobar(const WorkArguments& arguments) {
   const Request request = requestOf(arguments);
-  if (request.typologies.empty()) {
-    return tellWrongCommandLine(arguments, "falta la tipología");
-  }
+  if (request.typologies.empty()) throw WrongWorkArguments{"falta la tipología"};
   const std::string file = arguments.value(kSalida.name);
   const bool onTerminal = file.empty() && standardOutputIsTerminal();
   const std::string format = arguments.value("--formato", onTerminal ? "texto" : "gcc");

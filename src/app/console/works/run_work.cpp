@@ -125,6 +125,12 @@ std::string WorkArguments::value(std::string_view option, std::string_view other
   return found == values.end() ? std::string(otherwise) : found->second;
 }
 
+std::optional<std::string> WorkArguments::given(std::string_view option) const {
+  const auto found = values.find(option);
+  if (found == values.end()) return std::nullopt;
+  return found->second;
+}
+
 std::string helpOf(const Work& work) {
   std::size_t width = 0;
   for (const Option* option : work.options) width = std::max(width, asLeft(*option).size());
@@ -151,13 +157,8 @@ std::string listOfWorks() {
   return list + "Una plantilla que se llame como un trabajo se escribe con su carpeta: ./plano\n";
 }
 
-int tellWrongCommandLine(const WorkArguments& arguments, std::string_view problem) {
-  return wrong(*arguments.work, problem);
-}
-
 int runWork(const Work& work, std::span<const std::string> arguments) {
   WorkArguments read;
-  read.work = &work;
   const std::string misread = WorkParser(work, arguments).parse(read);
   if (!misread.empty()) return wrong(work, misread);
   if (read.has(kHelpOption.name)) {
@@ -167,5 +168,9 @@ int runWork(const Work& work, std::span<const std::string> arguments) {
   if (const std::string problem = problemWith(work, read); !problem.empty()) {
     return wrong(work, problem);
   }
-  return work.run(read);
+  try {
+    return work.run(read);
+  } catch (const WrongWorkArguments& mistake) {
+    return wrong(work, mistake.problem);
+  }
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <map>
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,17 +23,21 @@ struct Option {
   Complete complete = Complete::kNone;
 };
 
-struct Work;
+/// Thrown by a work that a command line makes no sense for.
+struct WrongWorkArguments {
+  std::string problem;
+};
 
 /// What a work was called with.
 struct WorkArguments {
-  const Work* work = nullptr;
   std::vector<std::string> operands;
   std::map<std::string_view, std::string> values;  // by the option's name; those that were given
 
   /// The value of an option, or `otherwise`.
   std::string value(std::string_view option, std::string_view otherwise = {}) const;
   bool has(std::string_view option) const { return values.contains(option); }
+  /// The value of an option that was given.
+  std::optional<std::string> given(std::string_view option) const;
 };
 
 struct Work {
@@ -44,7 +49,7 @@ struct Work {
   std::span<const Option* const> options;
   std::size_t leastOperands;
   std::size_t mostOperands;
-  int (*run)(const WorkArguments&);  // the exit code
+  int (*run)(const WorkArguments&);  // the exit code; may throw WrongWorkArguments
 };
 
 // Exit codes of the works, besides kExitError.
@@ -62,8 +67,6 @@ const Work* findWork(std::string_view argument);
 int runWork(const Work& work, std::span<const std::string> arguments);
 
 std::string helpOf(const Work& work);
-/// Says on standard error what is wrong with a command line, and gives the exit code.
-int tellWrongCommandLine(const WorkArguments& arguments, std::string_view problem);
 /// One line a work, for the program's own help.
 std::string listOfWorks();
 

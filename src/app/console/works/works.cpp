@@ -4,6 +4,7 @@
 
 #include "app/console/works/comprobar.h"
 #include "app/console/works/informe.h"
+#include "app/console/works/lote.h"
 #include "app/console/works/plano.h"
 #include "app/console/works/work.h"
 
@@ -50,6 +51,37 @@ constexpr Option kMarca{.name = "--marca",
                         .brief = "comprueba también la ruta de la marca de fin",
                         .complete = Complete::kFile};
 
+constexpr Option kSalidaLote = {.name = "--salida",
+                                .value = "CARPETA",
+                                .brief = "escribe los edificios y los resultados en CARPETA"};
+constexpr Option kPlantillaDeLote = {.name = "--plantilla",
+                                     .value = "PLANTILLA.bdl",
+                                     .brief = "plantilla de las filas que no nombran una"};
+constexpr Option kTrabajos = {
+    .name = "--trabajos", .value = "N", .brief = "trabajos a la vez; si falta, uno por núcleo"};
+constexpr Option kFragmento = {
+    .name = "--fragmento", .value = "K/N", .brief = "solo las filas K, K+N, K+2N, ..."};
+constexpr Option kReanudar = {.name = "--reanudar",
+                              .value = "",
+                              .brief = "sigue donde quedó: solo lo que falta o ha cambiado"};
+constexpr Option kReintentar = {.name = "--reintentar",
+                                .value = "",
+                                .brief = "como --reanudar, y repite las viviendas rechazadas"};
+constexpr Option kMaxErrores = {.name = "--max-errores",
+                                .value = "N",
+                                .brief = "termina tras N viviendas rechazadas o fallidas"};
+constexpr Option kGuardarTip = {.name = "--guardar-tip",
+                                .value = "",
+                                .brief = "guarda la tipología que se escribe de cada fila"};
+constexpr Option kUnir = {
+    .name = "--unir", .value = "", .brief = "une los resultados de todas las partes"};
+constexpr Option kEsquema = {
+    .name = "--esquema", .value = "", .brief = "muestra las columnas de una lista"};
+constexpr Option kQuiet = {.name = "--quiet", .value = "", .brief = "no muestra el avance"};
+constexpr std::array kLoteOptions = {&kSalidaLote, &kPlantillaDeLote, &kTrabajos,   &kFragmento,
+                                     &kReanudar,   &kReintentar,      &kMaxErrores, &kGuardarTip,
+                                     &kUnir,       &kEsquema,         &kQuiet,      &kHelpOption};
+
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
 constexpr std::array kComprobarOptions = {&kFormatoDeFaltas, &kEstricto, &kSalidaPrevista,
                                           &kMarca,           &kSalida,   &kHelpOption};
@@ -79,6 +111,16 @@ constexpr Work kWorks[] = {
      "medidas, datos con su origen y qué se ha reescrito. Si el edificio no se genera, el informe\n"
      "muestra lo que se ha podido leer y el error, y el código de salida es 3.",
      kInformeOptions, 2, 2, informe},
+    {"lote", "genera todas las viviendas de una lista, con todos los núcleos",
+     "LISTA.csv --salida CARPETA",
+     "Cada fila de la lista es una vivienda: su ID, su PLANTILLA y su TIPOLOGIA (rutas desde la\n"
+     "lista), o los datos de VIVIENDA en columnas. Los edificios quedan en carpetas de 1000, y\n"
+     "CARPETA/resultados.csv dice qué ha sido de cada fila, con sus medidas. Una vivienda\n"
+     "rechazada no detiene a las demás.\n"
+     "\n"
+     "Código de salida: 0 todas correctas, 1 alguna rechazada o fallida, 2 si la línea de órdenes\n"
+     "es incorrecta, 3 si no se ha podido trabajar en la lista, 130 tras Ctrl-C.",
+     kLoteOptions, 0, 1, lote},
 };
 
 static_assert(std::ranges::none_of(kWorks, [](const Work& work) { return work.brief.empty(); }));

@@ -1,0 +1,6 @@
+#pragma once
+
+struct WorkArguments;
+
+/// The work `lote`: a list of dwellings, on all cores.
+int lote(const WorkArguments& arguments);

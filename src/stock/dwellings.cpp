@@ -1,0 +1,292 @@
+#include "stock/dwellings.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+#include <tuple>
+#include <utility>
+
+#include "check/codes.h"
+#include "core/concat.h"
+#include "core/output_lines.h"
+#include "core/paths.h"
+#include "core/platform.h"
+#include "core/run_ended.h"
+#include "generator/generation_sequence.h"
+#include "generator/run_inputs.h"
+#include "plan/plan.h"
+#include "report/fingerprint.h"
+#include "report/generated_building.h"
+#include "stock/refusal.h"
+
+namespace fs = std::filesystem;
+
+namespace stock {
+
+namespace {
+
+constexpr long kFolderSize = 1000;  // rows
+
+/// A bar that nobody sees.
+class NoProgressBar : public TProgressBar {
+ public:
+  int GetPosition() const override { return 0; }
+  void SetPosition(int /*position*/) override {}
+};
+
+Refusal refusalOf(const Fault& fault) {
+  return {std::string(rowOf(codeOfRunMessage(fault.message)).word), fault.message, fault.place};
+}
+
+/// Leads from a place in the text that was written for a row to the cell that it comes from, or to
+/// the file of texts behind it.
+std::optional<Place> placeInInputs(const ListRow& row, const PreparedDwelling& prepared,
+                                   std::optional<Place> place) {
+  if (!place || prepared.ownFile || place->file != prepared.typologyName) return place;
+  const RowTypology& typology = prepared.typology;
+  if (place->line >= typology.textsLine && !prepared.textsName.empty()) {
+    place->file = prepared.textsName;
+    place->line -= typology.textsLine - 1;
+    return place;
+  }
+  const auto index = static_cast<std::size_t>(place->line > 0 ? place->line - 1 : 0);
+  const bool known = index < typology.columnOfLine.size() && typology.columnOfLine[index] >= 0;
+  return known ? row.placeOf(typology.columnOfLine[index]) : row.place();
+}
+
+template <typename Body>
+void refuseUnless(const Body& body, const ListRow& row, const PreparedDwelling& prepared) {
+  const std::optional<Fault> fault = faultOf(body);
+  if (!fault) return;
+  Refusal refusal = refusalOf(*fault);
+  refusal.place = placeInInputs(row, prepared, std::move(refusal.place));
+  if (!refusal.place) refusal.place = row.place();
+  throw refusal;
+}
+
+[[noreturn]] void failToWrite(const std::string& path) {
+  throw DiskFault{concat("Error al escribir fichero: ", path)};
+}
+
+BuildingMeasures measuresOf(const Template& plantilla, const TypologyRecord& typology,
+                            std::string_view output) {
+  const PlanResult result = planTipologia(
+      {typology.tipo, typology.areaPlanta, typology.areaPatio, typology.areaEscalera,
+       typology.longitudFachada, typology.profundidadPatio, typology.profundidadEscalera});
+  const Plan& plan = std::get<Plan>(result);  // a building that was generated has one
+  const report::GeneratedBuilding building = report::readBuilding(
+      output, typology.textoTipologia(), plantilla.building().bytes(), plantilla.table(), plan);
+  return {typology.tipo, report::measure(building, plan,
+                                         {typology.porcentajeFachada, typology.porcentajePatio,
+                                          static_cast<double>(typology.orientacion)})};
+}
+
+}  // namespace
+
+std::string Dwellings::outputOf(std::string_view id, long number) {
+  std::array<char, 32> folder{};
+  std::snprintf(folder.data(), folder.size(), "%06ld/", (number - 1) / kFolderSize);
+  return concat(folder.data(), id, ".bdl");
+}
+
+std::string Dwellings::typologyOf(const std::string& output) {
+  constexpr std::size_t kExtension = 3;
+  return output.substr(0, output.size() - kExtension) + "tip";
+}
+
+std::string Dwellings::pathInList(std::string_view path) const {
+  const bool absolute =
+      path.starts_with('/') || path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
+  return absolute ? std::string(path) : options_.listFolder + std::string(path);
+}
+
+SharedTemplate Dwellings::readTemplate(const std::string& path) const {
+  SharedTemplate shared;
+  InputPaths paths;
+  const std::optional<Fault> tooLong = faultOf([&] {
+    requirePathWithin(path, kPathCapacity);
+    // The typology, which is each row's own, is asked for between the table and the library; the
+    // template stands for it here.
+    paths = requireInputs(path, path, [&](const Fault& fault) {
+      if (fault.message.find("*.tip") != std::string::npos) return;
+      const bool library = fault.message.find("defectos.inp") != std::string::npos;
+      std::optional<Fault>& kept = library ? shared.missingLibrary : shared.missing;
+      if (!kept) kept = fault;
+    });
+  });
+  if (tooLong) shared.missing = tooLong;
+  std::string prints;
+  if (!shared.missing && !shared.missingLibrary) {
+    shared.fault = faultOf([&] {
+      prints += report::fingerprint(readText(paths.defaults).bytes());
+      TemplateTexts texts = readTemplateTexts(paths);
+      prints += report::fingerprint(texts.building.bytes());
+      prints += report::fingerprint(texts.table.bytes());
+      shared.plantilla =
+          std::make_unique<const Template>(std::move(texts.building), std::move(texts.table));
+    });
+  }
+  for (const auto* fault : {&shared.missing, &shared.missingLibrary, &shared.fault}) {
+    if (*fault) prints += (*fault)->message;
+  }
+  shared.fingerprint = report::fingerprint(prints);
+  return shared;
+}
+
+namespace {
+
+SharedText readSharedText(const std::string& path) {
+  SharedText shared;
+  shared.fault = faultOf([&] {
+    requirePathWithin(path, kPathCapacity);
+    const SourceText text = readText(path);
+    shared.bytes = text.bytes();
+  });
+  shared.fingerprint = report::fingerprint(shared.fault ? shared.fault->message : shared.bytes);
+  return shared;
+}
+
+}  // namespace
+
+PreparedDwelling Dwellings::prepare(const ListRow& row, long number, bool repeated) {
+  const std::string_view id = row.id();
+  if (!isGoodId(id)) {
+    throw Refusal{kBadId,
+                  concat("El ID \"", id,
+                         "\" no es válido: debe tener de 1 a 100 letras sin acento, cifras, \"-\", "
+                         "\"_\" o \".\""),
+                  row.placeOf(row.columns().id)};
+  }
+  if (repeated) {
+    throw Refusal{kRepeatedId, concat("El ID ", id, " ya está en otra fila"),
+                  row.placeOf(row.columns().id)};
+  }
+  PreparedDwelling prepared;
+  prepared.output = outputOf(id, number);
+  const std::size_t cells = row.record().size();
+  if (const int bad = row.record().badQuotes(); bad >= 0) {
+    throw Refusal{kBadRow, "Hay texto detrás de unas comillas de cierre", row.placeOf(bad)};
+  }
+  if (cells != row.columns().count) {
+    throw Refusal{kBadRow,
+                  concat("La fila tiene ", std::to_string(cells), " celdas y la lista, ",
+                         std::to_string(row.columns().count), " columnas"),
+                  row.place()};
+  }
+  const std::string_view named = row.text(row.columns().plantilla);
+  if (named.empty() && !options_.plantilla) {
+    throw Refusal{kMissingCell, "Falta la PLANTILLA", row.placeOf(row.columns().plantilla)};
+  }
+  const std::string path = named.empty() ? *options_.plantilla : pathInList(named);
+  prepared.plantilla =
+      templates_.get(path, [this](const std::string& name) { return readTemplate(name); });
+  const SharedTemplate& shared = *prepared.plantilla;
+  if (shared.missing) throw refusalOf(*shared.missing);
+  readTypology(row, prepared);
+  if (shared.missingLibrary) throw refusalOf(*shared.missingLibrary);
+  prepared.fingerprint = report::fingerprint(
+      concat(id, "\n", path, "\n", shared.fingerprint, "\n", prepared.typologyName, "\n",
+             report::fingerprint(prepared.typology.bytes), "\n", options_.version));
+  prepared.refusedPrint =
+      report::fingerprint(concat(prepared.fingerprint, "\n", options_.listName, "\n",
+                                 std::to_string(row.record().line()), "\n", prepared.textsName));
+  return prepared;
+}
+
+void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
+  const auto read = [&](std::string_view named, int column) {
+    const std::string path = pathInList(named);
+    std::shared_ptr<const SharedText> text = texts_.get(path, readSharedText);
+    if (text->fault) {
+      Refusal refusal = refusalOf(*text->fault);
+      refusal.place = row.placeOf(column);
+      throw refusal;
+    }
+    return std::pair(path, text);
+  };
+  const ListColumns& columns = row.columns();
+  if (const std::string_view own = row.text(columns.tipologia); !own.empty()) {
+    const std::string path = pathInList(own);
+    refuseUnless(
+        [&] {
+          requirePathWithin(path, kPathCapacity);
+          if (fileExists(path)) return;
+          ReportFailure(ErrorLog, {"No existe el fichero de datos *.tip", wholeFile(path)});
+        },
+        row, prepared);
+    // Each is read for one row, so that none is kept.
+    const SharedText text = readSharedText(path);
+    if (text.fault) throw refusalOf(*text.fault);
+    prepared.ownFile = true;
+    prepared.typologyName = path;
+    prepared.typology.bytes = text.bytes;
+    return;
+  }
+  std::shared_ptr<const SharedText> texts;
+  if (const std::string_view named = row.text(columns.textos); !named.empty()) {
+    std::tie(prepared.textsName, texts) = read(named, columns.textos);
+  }
+  prepared.typologyName = concat(row.id(), ".tip");
+  prepared.typology = writeTypology(row, texts == nullptr ? std::string_view() : texts->bytes);
+}
+
+void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Outcome& outcome) const {
+  const SharedTemplate& shared = *prepared.plantilla;
+  outcome.fingerprint = prepared.refusedPrint;
+  for (const std::string& note : prepared.typology.notes) {
+    outcome.notes += concat(outcome.notes.empty() ? "" : " ", note);
+  }
+  if (shared.fault) throw refusalOf(*shared.fault);
+  std::optional<TypologyRecord> typology;
+  std::string text;
+  refuseUnless(
+      [&] {
+        typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
+        if (!prepared.ownFile) requireReadAsWritten(row, *typology);
+        OutputLines lines;
+        NoProgressBar bar;
+        generate(*shared.plantilla, *typology, lines, bar);
+        text = lines.text();
+      },
+      row, prepared);
+  outcome.measures = measuresOf(*shared.plantilla, *typology, text);
+  const std::string path = options_.folder + prepared.output;
+  if (options_.keepTypologies && !prepared.ownFile)
+    putInPlace(typologyOf(path), prepared.typology.bytes);
+  putInPlace(path, text);
+  outcome.output = prepared.output;
+  outcome.fingerprint = prepared.fingerprint;
+}
+
+void Dwellings::putInPlace(const std::string& path, std::string_view bytes) const {
+  const std::string beside = path + ".parcial";
+  const char* const mode = path.ends_with(".tip") ? "wb" : "w";
+  std::FILE* file = std::fopen(beside.c_str(), mode);
+  std::error_code failed;
+  if (file == nullptr) {
+    fs::create_directories(folderOf(path), failed);
+    file = std::fopen(beside.c_str(), mode);
+  }
+  if (file == nullptr) failToWrite(path);
+  std::setvbuf(file, nullptr, _IONBF, 0);
+  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+  const bool closed = std::fclose(file) == 0;
+  if (written && closed) {
+    fs::rename(beside, path, failed);
+    if (!failed) return;
+  }
+  fs::remove(beside, failed);
+  failToWrite(path);
+}
+
+void Dwellings::removeOutput(const std::string& output) const {
+  const std::string path = options_.folder + output;
+  for (const std::string& name : {path, typologyOf(path)}) {
+    std::error_code ignored;
+    fs::remove(name, ignored);
+    fs::remove(name + ".parcial", ignored);
+  }
+}
+
+}  // namespace stock

@@ -1,0 +1,50 @@
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <utility>
+
+#include "core/concat.h"
+#include "core/report_error.h"
+#include "stock/folder_lock.h"
+
+namespace stock {
+
+namespace {
+
+/// Whether the open file is the one that has the path: whoever held the lock before may have
+/// removed it in between.
+bool isStillThere(int file, const std::string& path) {
+  struct stat open {};
+  struct stat named {};
+  return fstat(file, &open) == 0 && stat(path.c_str(), &named) == 0 &&
+         open.st_ino == named.st_ino && open.st_dev == named.st_dev;
+}
+
+}  // namespace
+
+FolderLock::FolderLock(std::string path) : path_(std::move(path)) {
+  constexpr mode_t kMode = 0666;
+  while (true) {
+    file_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
+    if (file_ < 0) {
+      ReportFailure(ErrorLog,
+                    {concat("Error al abrir fichero de escritura: ", path_), wholeFile(path_)});
+    }
+    if (::flock(file_, LOCK_EX | LOCK_NB) != 0) {
+      ::close(file_);
+      ReportFailure(ErrorLog, {concat("Otro proceso está trabajando en esta carpeta: ", path_),
+                               std::nullopt});
+    }
+    if (isStillThere(file_, path_)) return;
+    ::close(file_);
+  }
+}
+
+FolderLock::~FolderLock() {
+  ::unlink(path_.c_str());
+  ::close(file_);
+}
+
+}  // namespace stock

@@ -1,0 +1,41 @@
+#include "stock/list_overview.h"
+
+#include <algorithm>
+#include <deque>
+#include <memory>
+
+#include "stock/hash.h"
+#include "stock/row_typology.h"
+
+namespace stock {
+
+ListOverview overviewOf(const std::string& path, bool needsTemplate) {
+  RunningHash hash;
+  const ListReader::Source file = ListReader::sourceOf(path);
+  ListReader list(path, [&](char* buffer, std::size_t size) {
+    const std::size_t got = file(buffer, size);
+    hash.add({buffer, got});
+    return got;
+  });
+  ListOverview overview;
+  overview.columns = readHeader(list, needsTemplate);
+  std::deque<std::uint64_t> ids;  // grows without being copied
+  Record record;
+  while (list.next(record)) {
+    ids.push_back(hashOf(ListRow(overview.columns, record, path).id()));
+  }
+  overview.rows = static_cast<long>(ids.size());
+  overview.fingerprint = hash.text();
+  std::ranges::sort(ids);
+  for (std::size_t i = 1; i < ids.size(); ++i) {
+    if (ids[i] == ids[i - 1]) overview.repeated.insert(ids[i]);
+  }
+  return overview;
+}
+
+bool RepeatedIds::seenBefore(std::string_view id) {
+  if (!hashes_.contains(hashOf(id))) return false;
+  return !seen_.emplace(id).second;
+}
+
+}  // namespace stock

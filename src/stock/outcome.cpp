@@ -1,0 +1,193 @@
+#include "stock/outcome.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+
+#include "core/concat.h"
+#include "core/cp1252.h"
+
+namespace stock {
+
+namespace {
+
+using report::Measures;
+
+/// "12,50": a number for a Spanish spreadsheet. The locale is left alone.
+std::string decimal(double value, int decimals) {
+  std::array<char, 64> digits{};
+  const int size = std::snprintf(digits.data(), digits.size(), "%.*f", decimals, value);
+  if (size < 0 || static_cast<std::size_t>(size) >= digits.size() || !std::isfinite(value))
+    return {};
+  std::string text(digits.data());
+  std::ranges::replace(text, '.', ',');
+  return text;
+}
+
+/// A measure with its heading. Areas and percentages have 2 decimals, ratios 3.
+struct MeasureColumn {
+  std::string_view name;
+  int decimals;
+  double (*value)(const Measures& measures);
+};
+
+constexpr int kCount = 0;
+constexpr int kArea = 2;
+constexpr int kRatio = 3;
+
+constexpr MeasureColumn kMeasures[] = {
+    {"plantas", kCount, [](const Measures& m) { return double{1} * m.storeys; }},
+    {"altura_planta_m", kArea, [](const Measures& m) { return m.storeyHeight; }},
+    {"viviendas", kCount, [](const Measures& m) { return double{1} * m.dwellings; }},
+    {"superficie_planta_m2", kArea, [](const Measures& m) { return m.footprint; }},
+    {"superficie_total_m2", kArea, [](const Measures& m) { return m.floorArea; }},
+    {"volumen_m3", kArea, [](const Measures& m) { return m.volume; }},
+    {"compacidad_m3_m2", kRatio, [](const Measures& m) { return m.compactness; }},
+    {"fachada_m2", kArea, [](const Measures& m) { return m.facade; }},
+    {"patio_m2", kArea, [](const Measures& m) { return m.courtyard; }},
+    {"medianera_m2", kArea, [](const Measures& m) { return m.party; }},
+    {"cubierta_m2", kArea, [](const Measures& m) { return m.roof; }},
+    {"suelo_m2", kArea, [](const Measures& m) { return m.ground; }},
+    {"huecos_m2", kArea, [](const Measures& m) { return m.openings; }},
+};
+
+struct SideName {
+  Facade side;
+  bool courtyard;
+  std::string_view name;
+};
+
+constexpr SideName kSidesInOrder[] = {
+    {kSouth, false, "fachada_sur"},   {kEast, false, "fachada_este"},
+    {kNorth, false, "fachada_norte"}, {kWest, false, "fachada_oeste"},
+    {kSouth, true, "patio_sur"},      {kEast, true, "patio_este"},
+    {kNorth, true, "patio_norte"},    {kWest, true, "patio_oeste"},
+};
+
+constexpr std::array kFirstColumns = {"ID",    "ESTADO", "CODIGO", "MENSAJE",
+                                      "LUGAR", "AVISOS", "SALIDA"};
+
+std::vector<std::string> makeHeadings() {
+  std::vector<std::string> names(kFirstColumns.begin(), kFirstColumns.end());
+  names.emplace_back("tipo");
+  for (const MeasureColumn& column : kMeasures) names.emplace_back(column.name);
+  for (const SideName& side : kSidesInOrder) {
+    names.push_back(concat(side.name, "_pedido_pct"));
+    names.push_back(concat(side.name, "_obtenido_pct"));
+  }
+  for (const char* name : {"huecos_por_planta_pct", "huella", "version"}) names.emplace_back(name);
+  return names;
+}
+
+const std::vector<std::string>& headings() {
+  static const std::vector<std::string> names = makeHeadings();
+  return names;
+}
+
+/// A cell, in quotes where it needs them. Whatever may end a line or a text becomes a blank.
+std::string cell(std::string_view text) {
+  std::string plain(text);
+  std::ranges::replace_if(
+      plain, [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 0x7F; }, ' ');
+  if (plain.find_first_of(";\"") == std::string::npos) return plain;
+  std::string quoted = "\"";
+  for (const char c : plain) {
+    if (c == '"') quoted += '"';
+    quoted += c;
+  }
+  return quoted + '"';
+}
+
+void addSides(std::vector<std::string>& cells, const Measures* measures) {
+  for (const SideName& side : kSidesInOrder) {
+    std::string asked, obtained;
+    if (measures != nullptr) {
+      const auto found = std::ranges::find_if(measures->facades, [&](const auto& facade) {
+        return facade.side == side.side && facade.courtyard == side.courtyard;
+      });
+      if (found != measures->facades.end()) {
+        asked = decimal(found->asked, kArea);
+        obtained = decimal(found->obtained, kArea);
+      }
+    }
+    cells.push_back(std::move(asked));
+    cells.push_back(std::move(obtained));
+  }
+}
+
+std::string line(const std::vector<std::string>& cells) {
+  std::string text;
+  for (std::size_t i = 0; i < cells.size(); ++i) text += concat(i > 0 ? ";" : "", cells[i]);
+  return text + "\r\n";
+}
+
+}  // namespace
+
+std::string_view wordOf(State state) {
+  switch (state) {
+    case State::kCorrecta:
+      return "correcta";
+    case State::kRechazada:
+      return "rechazada";
+    case State::kFallida:
+      return "fallida";
+  }
+  return "";
+}
+
+std::string resultsHeading() { return "\xEF\xBB\xBF" + line(headings()); }
+
+std::string resultsRow(const Outcome& outcome, std::string_view version) {
+  std::string place;
+  if (outcome.place) {
+    place = outcome.place->file;
+    if (outcome.place->line > 0) {
+      place += concat(":", std::to_string(outcome.place->line), ":",
+                      std::to_string(outcome.place->column));
+    }
+  }
+  const Measures* const measures = outcome.measures ? &outcome.measures->measures : nullptr;
+  std::vector<std::string> cells = {cell(cp1252::toUtf8(outcome.id)),
+                                    std::string(wordOf(outcome.state)),
+                                    cell(outcome.code),
+                                    cell(cp1252::toUtf8(outcome.message)),
+                                    cell(cp1252::toUtf8(place)),
+                                    cell(outcome.notes),
+                                    cell(outcome.output)};
+  cells.push_back(measures == nullptr ? "" : std::to_string(outcome.measures->tipo));
+  for (const MeasureColumn& column : kMeasures) {
+    cells.push_back(measures == nullptr ? "" : decimal(column.value(*measures), column.decimals));
+  }
+  addSides(cells, measures);
+  cells.push_back(measures == nullptr ? "" : decimal(measures->openingsByFloor, kArea));
+  cells.push_back(cell(outcome.fingerprint));
+  cells.push_back(cell(version));
+  return line(cells);
+}
+
+std::optional<std::vector<std::string>> cellsOf(std::string_view text) {
+  std::vector<std::string> cells(1);
+  bool quoted = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const char c = text[i];
+    if (c == '"') {
+      if (quoted && text.substr(i + 1).starts_with('"')) {
+        cells.back() += '"';
+        ++i;
+      } else {
+        quoted = !quoted;
+      }
+    } else if (c == ';' && !quoted) {
+      cells.emplace_back();
+    } else {
+      cells.back() += c;
+    }
+  }
+  if (quoted || cells.size() != headings().size()) return std::nullopt;
+  return cells;
+}
+
+std::size_t fingerprintColumn() { return headings().size() - 2; }
+
+}  // namespace stock

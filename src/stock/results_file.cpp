@@ -1,0 +1,141 @@
+#include "stock/results_file.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+#include "core/concat.h"
+#include "stock/dwellings.h"
+#include "stock/hash.h"
+#include "stock/outcome.h"
+#include "stock/refusal.h"
+
+namespace fs = std::filesystem;
+
+namespace stock {
+
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+/// Reads a line and its line end. False at the end, and for a piece of a line.
+bool readWholeLine(std::istream& in, std::string& line) {
+  if (!std::getline(in, line) || in.eof() || !line.ends_with('\r')) return false;
+  line.pop_back();
+  return true;
+}
+
+}  // namespace
+
+ResultsFile::ResultsFile(std::string path, bool goOn) : path_(std::move(path)) {
+  if (goOn) load();
+  std::error_code failed;
+  if (size_ == 0) {
+    fs::remove(path_, failed);
+  } else {
+    fs::resize_file(path_, size_, failed);
+    if (failed) fail();
+  }
+  openToAppend();
+  if (size_ == 0) append(resultsHeading());
+}
+
+void ResultsFile::openToAppend() {
+  file_.reset(std::fopen(path_.c_str(), "ab"));
+  if (file_ == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", path_)};
+  // In one piece: a line is one call of the system.
+  std::setvbuf(file_.get(), nullptr, _IONBF, 0);
+}
+
+void ResultsFile::fail() const { throw DiskFault{concat("Error al escribir fichero: ", path_)}; }
+
+/// Finds the lines that are there, up to the first that is not whole.
+void ResultsFile::load() {
+  std::ifstream in(path_, std::ios::binary);
+  std::string line;
+  if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return;
+  size_ = line.size() + kLineEnd.size();
+  while (readWholeLine(in, line)) {
+    const auto cells = cellsOf(line);
+    if (!cells) break;
+    // An ID that is there twice tells nothing of the first row that has it.
+    if ((*cells)[kResultCode] != kRepeatedId) {
+      lines_.push_back({hashOf((*cells)[kResultId]), size_});
+    }
+    size_ += line.size() + kLineEnd.size();
+  }
+  std::ranges::stable_sort(lines_, {}, &Line::id);
+}
+
+std::string ResultsFile::lineAt(std::uint64_t offset) {
+  if (!reader_.is_open()) reader_.open(path_, std::ios::binary);
+  reader_.clear();
+  reader_.seekg(static_cast<std::streamoff>(offset));
+  std::string line;
+  if (!readWholeLine(reader_, line)) fail();
+  return line;
+}
+
+std::optional<ResultsFile::Known> ResultsFile::find(std::string_view id) {
+  const auto same = std::ranges::equal_range(lines_, hashOf(id), {}, &Line::id);
+  const std::lock_guard lock(mutex_);
+  for (auto line = same.end(); line != same.begin();) {
+    --line;
+    auto cells = cellsOf(lineAt(line->offset));
+    if (cells && (*cells)[kResultId] == id) return Known{*std::move(cells), line->offset};
+  }
+  return std::nullopt;
+}
+
+std::uint64_t ResultsFile::append(std::string_view line) {
+  const std::lock_guard lock(mutex_);
+  if (file_ == nullptr) fail();
+  const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size() &&
+                       std::fflush(file_.get()) == 0;
+  if (!written) {
+    // Back to the last whole line.
+    file_.reset();
+    std::error_code ignored;
+    fs::resize_file(path_, size_, ignored);
+    fail();
+  }
+  const std::uint64_t offset = size_;
+  size_ += line.size();
+  return offset;
+}
+
+void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
+  const std::lock_guard lock(mutex_);
+  const std::string beside = path_ + ".parcial";
+  std::error_code failed;
+  {
+    std::unique_ptr<std::FILE, CloseFile> out(std::fopen(beside.c_str(), "wb"));
+    if (out == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", beside)};
+    const auto put = [&](const std::string& text) {
+      if (std::fwrite(text.data(), 1, text.size(), out.get()) == text.size()) return;
+      fs::remove(beside, failed);
+      fail();
+    };
+    put(resultsHeading());
+    for (const std::uint64_t offset : offsets) put(lineAt(offset).append(kLineEnd));
+    if (std::fclose(out.release()) != 0) {
+      fs::remove(beside, failed);
+      fail();
+    }
+  }
+  reader_.close();
+  file_.reset();
+  fs::rename(beside, path_, failed);
+  if (failed) fail();
+}
+
+long ResultsFile::countRows(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::string line;
+  if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return -1;
+  long rows = 0;
+  while (readWholeLine(in, line)) ++rows;
+  return rows;
+}
+
+}  // namespace stock

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <fstream>
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace stock {
+
+/// The results of a list while they come in: a heading and a line a row, in the order in which the
+/// rows were done, each written in one piece and handed to the system before `append` comes back.
+/// So a process that is killed leaves whole lines and at most a piece of one behind them; a machine
+/// that loses its power may lose more, and rows that are lost are done again. The last line of an
+/// ID counts. At the end `arrange` puts the file in the list's order, beside its place and renamed.
+///
+/// Any number of threads. Errors of writing are thrown as DiskFault; the file ends in a whole line
+/// then, too.
+class ResultsFile {
+ public:
+  /// Begins anew, or goes on with what is there (nothing, when it is none of ours).
+  ResultsFile(std::string path, bool goOn);
+
+  /// The cells of the last line of an ID that was there when the file was opened, and where it is.
+  struct Known {
+    std::vector<std::string> cells;
+    std::uint64_t offset = 0;
+  };
+  std::optional<Known> find(std::string_view id);
+
+  /// Adds a line, and gives its offset.
+  std::uint64_t append(std::string_view line);
+
+  /// Replaces the file with the heading and the lines at these offsets.
+  void arrange(std::span<const std::uint64_t> offsets);
+
+  /// Lines behind the heading, a piece of one not counted. For a file that nobody writes.
+  static long countRows(const std::string& path);
+
+ private:
+  struct CloseFile {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+  };
+  struct Line {
+    std::uint64_t id;  // its hash
+    std::uint64_t offset;
+  };
+
+  void load();
+  void openToAppend();
+  [[noreturn]] void fail() const;
+  std::string lineAt(std::uint64_t offset);
+
+  std::string path_;
+  std::mutex mutex_;
+  std::unique_ptr<std::FILE, CloseFile> file_;
+  std::ifstream reader_;
+  std::uint64_t size_ = 0;
+  std::vector<Line> lines_;  // those that were there, by hash; of one hash the last comes last
+};
+
+}  // namespace stock

@@ -1,0 +1,309 @@
+#include "stock/stock_run.h"
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <filesystem>
+#include <mutex>
+#include <new>
+#include <system_error>
+#include <thread>
+
+#include "core/concat.h"
+#include "core/paths.h"
+#include "core/report_error.h"
+#include "core/run_ended.h"
+#include "stock/dwellings.h"
+#include "stock/folder_lock.h"
+#include "stock/journal.h"
+#include "stock/list_overview.h"
+#include "stock/outcome.h"
+#include "stock/refusal.h"
+#include "stock/results_file.h"
+
+namespace fs = std::filesystem;
+
+namespace stock {
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+double secondsSince(Clock::time_point start) {
+  return std::chrono::duration<double>(Clock::now() - start).count();
+}
+
+/// A row handed to a worker.
+struct Ticket {
+  Record record;
+  long number = 0;  // in the list, from 1
+  bool repeated = false;
+};
+
+/// Hands out the rows of a shard, one at a time.
+class RowQueue {
+ public:
+  RowQueue(const std::string& path, const ListOverview& overview, const Shard& shard)
+      : overview_(overview),
+        shard_(shard),
+        list_(ListReader::open(path)),
+        repeated_(overview.repeated) {
+    Record header;
+    list_.next(header);
+  }
+
+  /// False when no row is left, or the list can no longer be read.
+  bool next(Ticket& ticket) {
+    const std::lock_guard lock(mutex_);
+    if (fault_) return false;
+    bool found = false;
+    fault_ = faultOf([&] { found = read(ticket); });
+    return found && !fault_;
+  }
+  const std::optional<Fault>& fault() const { return fault_; }
+
+ private:
+  bool read(Ticket& ticket) {
+    while (number_ < overview_.rows && list_.next(ticket.record)) {
+      ticket.number = ++number_;
+      const ListRow row(overview_.columns, ticket.record, list_.name());
+      ticket.repeated = repeated_.seenBefore(row.id());
+      if (shard_.has(ticket.number)) return true;
+    }
+    return false;
+  }
+
+  const ListOverview& overview_;
+  Shard shard_;
+  std::mutex mutex_;
+  ListReader list_;
+  RepeatedIds repeated_;
+  std::optional<Fault> fault_;
+  long number_ = 0;
+};
+
+class StockRun {
+ public:
+  StockRun(const StockOptions& options, const StockWatch& watch, ListOverview overview,
+           const std::string& folder)
+      : options_(options),
+        watch_(watch),
+        overview_(std::move(overview)),
+        lock_(folder + "." + options.shard.nameOf("lote")),
+        results_(folder + options.shard.nameOf("resultados") + ".csv", goesOn()),
+        journal_(folder + options.shard.nameOf("diario") + ".csv", goesOn()),
+        queue_(options.list, overview_, options.shard),
+        folder_(folder),
+        dwellings_({.folder = folder,
+                    .listName = options.list,
+                    .listFolder = folderOf(options.list),
+                    .plantilla = options.plantilla,
+                    .keepTypologies = options.keepTypologies,
+                    .version = options.version}) {
+    end_.counts.rows = options.shard.rowsOf(overview_.rows);
+    offsets_.resize(static_cast<std::size_t>(end_.counts.rows));
+  }
+
+  StockEnd run() {
+    {
+      std::vector<std::jthread> workers;
+      running_ = options_.workers;
+      for (unsigned i = 0; i < options_.workers; ++i) workers.emplace_back([this] { work(); });
+      watchWorkers();
+    }
+    if (diskFault_) throw DiskFault{*diskFault_};
+    if (queue_.fault()) ReportFailure(ErrorLog, *queue_.fault());
+    if (end_.complete()) {
+      results_.arrange(offsets_);
+      journal_.finish({overview_.rows, end_.counts.rows, overview_.fingerprint});
+    }
+    end_.interrupted = isInterrupted() && !end_.complete();
+    end_.seconds = secondsSince(start_);
+    return end_;
+  }
+
+ private:
+  bool goesOn() const { return options_.mode != StockOptions::Mode::kAnew; }
+  bool isInterrupted() const { return watch_.interrupted != nullptr && watch_.interrupted->load(); }
+
+  void watchWorkers() {
+    constexpr auto kTick = std::chrono::milliseconds(100);
+    std::unique_lock lock(mutex_);
+    while (running_ > 0) {
+      workerEnded_.wait_for(lock, kTick, [&] { return running_ == 0; });
+      const StockCounts counts = end_.counts;
+      lock.unlock();
+      watch_.progress(counts, secondsSince(start_));
+      lock.lock();
+    }
+  }
+
+  /// One thread's life. What goes wrong with a row is its outcome; what goes wrong here ends all.
+  void work() {
+    try {
+      Ticket ticket;
+      while (!stop_ && !isInterrupted() && queue_.next(ticket)) workOn(ticket);
+    } catch (const DiskFault& fault) {
+      stopFor(fault.message);
+    } catch (const std::exception&) {
+      stopFor("No hay memoria suficiente");
+    }
+    const std::lock_guard lock(mutex_);
+    --running_;
+    workerEnded_.notify_all();
+  }
+
+  void stopFor(const std::string& message) {
+    const std::lock_guard lock(mutex_);
+    if (!diskFault_) diskFault_ = message;
+    stop_ = true;
+  }
+
+  void workOn(const Ticket& ticket) {
+    const auto start = Clock::now();
+    const ListRow row(overview_.columns, ticket.record, options_.list);
+    Outcome outcome;
+    outcome.id = row.id();
+    std::optional<PreparedDwelling> prepared;
+    const std::optional<State> before = carryOut(row, ticket, prepared, outcome);
+    if (before) {
+      count(*before, {}, {}, true);
+      return;
+    }
+    if (outcome.state != State::kCorrecta && !ticket.repeated && isGoodId(row.id())) {
+      dwellings_.removeOutput(Dwellings::outputOf(row.id(), ticket.number));
+    }
+    keep(ticket, results_.append(resultsRow(outcome, options_.version)));
+    journal_.addRow(outcome.id, wordOf(outcome.state), secondsSince(start));
+    count(outcome.state, outcome.code, outcome.notes, false);
+  }
+
+  /// Fills the outcome; or gives the state of a row that was done before.
+  std::optional<State> carryOut(const ListRow& row, const Ticket& ticket,
+                                std::optional<PreparedDwelling>& prepared, Outcome& outcome) {
+    try {
+      prepared = dwellings_.prepare(row, ticket.number, ticket.repeated);
+      if (const auto known = doneBefore(row, *prepared)) {
+        keep(ticket, known->offset);
+        return known->cells[kResultState] == wordOf(State::kCorrecta) ? State::kCorrecta
+                                                                      : State::kRechazada;
+      }
+      dwellings_.make(row, *prepared, outcome);
+      outcome.state = State::kCorrecta;
+    } catch (const Refusal& refusal) {
+      outcome.state = State::kRechazada;
+      outcome.code = refusal.code;
+      outcome.message = refusal.message;
+      outcome.place = refusal.place ? refusal.place : row.place();
+    } catch (const DiskFault& fault) {
+      fail(outcome, "disco", fault.message);
+    } catch (const std::bad_alloc&) {
+      fail(outcome, "memoria", "No hay memoria suficiente");
+    } catch (const std::exception& error) {
+      fail(outcome, "inesperado", concat("Error inesperado: ", error.what()));
+    }
+    return std::nullopt;
+  }
+
+  static void fail(Outcome& outcome, const char* code, std::string message) {
+    outcome.state = State::kFallida;
+    outcome.code = code;
+    outcome.message = std::move(message);
+    outcome.output.clear();
+    outcome.measures.reset();
+    outcome.fingerprint.clear();
+  }
+
+  /// What a results file says of the row counts when nothing has changed since, and what it says is
+  /// there is there.
+  std::optional<ResultsFile::Known> doneBefore(const ListRow& row,
+                                               const PreparedDwelling& prepared) {
+    if (!goesOn()) return std::nullopt;
+    auto known = results_.find(row.id());
+    if (!known) return std::nullopt;
+    const auto& cells = known->cells;
+    const std::string& print = cells[fingerprintColumn()];
+    if (cells[kResultState] == wordOf(State::kCorrecta)) {
+      const bool same = print == prepared.fingerprint && cells[kResultOutput] == prepared.output;
+      const std::string path = folder_ + prepared.output;
+      const bool there =
+          same && fileExists(path) &&
+          (!options_.keepTypologies || prepared.ownFile || fileExists(Dwellings::typologyOf(path)));
+      return there ? known : std::nullopt;
+    }
+    const bool counts = cells[kResultState] == wordOf(State::kRechazada) &&
+                        options_.mode == StockOptions::Mode::kResume &&
+                        print == prepared.refusedPrint;
+    return counts ? known : std::nullopt;
+  }
+
+  /// Where the result of a row stands. Each row has a place of its own.
+  void keep(const Ticket& ticket, std::uint64_t offset) {
+    offsets_.at(static_cast<std::size_t>((ticket.number - options_.shard.number) /
+                                         options_.shard.count)) = offset;
+  }
+
+  void count(State state, const std::string& code, const std::string& notes, bool skipped) {
+    const std::lock_guard lock(mutex_);
+    StockCounts& counts = end_.counts;
+    if (state == State::kCorrecta) ++counts.correct;
+    if (state == State::kRechazada) ++counts.refused;
+    if (state == State::kFallida) ++counts.failed;
+    if (!code.empty()) ++end_.faultsByCode[code];
+    if (!notes.empty()) ++end_.notesByCode[notes];
+    if (skipped) {
+      ++counts.skipped;
+      return;
+    }
+    if (state != State::kCorrecta && ++newFaults_ == options_.maxFaults) {
+      end_.tooManyFaults = true;
+      stop_ = true;
+    }
+  }
+
+  const StockOptions& options_;
+  const StockWatch& watch_;
+  ListOverview overview_;
+  FolderLock lock_;
+  ResultsFile results_;
+  Journal journal_;
+  RowQueue queue_;
+  std::string folder_;
+  Dwellings dwellings_;
+  std::vector<std::uint64_t> offsets_;  // of the shard's rows, in the list's order
+  const Clock::time_point start_ = Clock::now();
+
+  std::atomic<bool> stop_ = false;
+  std::mutex mutex_;  // of what follows
+  std::condition_variable workerEnded_;
+  unsigned running_ = 0;
+  StockEnd end_;
+  long newFaults_ = 0;
+  std::optional<std::string> diskFault_;
+};
+
+}  // namespace
+
+std::string folderForResults(const std::string& folder) {
+  const bool ended = folder.ends_with('/') || folder.ends_with('\\');
+  std::string path = ended ? folder : folder + "/";
+  std::error_code failed;
+  fs::create_directories(path, failed);
+  if (!fs::is_directory(path, failed)) {
+    ReportFailure(ErrorLog, {concat("No se ha podido crear la carpeta: ", folder), std::nullopt});
+  }
+  return path;
+}
+
+StockEnd runStock(const StockOptions& options, const StockWatch& watch) {
+  try {
+    // The list first: one that cannot be worked on leaves nothing behind.
+    ListOverview overview = overviewOf(options.list, !options.plantilla);
+    watch.begin(overview.columns.warnings);
+    return StockRun(options, watch, std::move(overview), folderForResults(options.folder)).run();
+  } catch (const DiskFault& fault) {
+    ReportFailure(ErrorLog, {fault.message, std::nullopt});
+  }
+}
+
+}  // namespace stock

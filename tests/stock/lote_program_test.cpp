@@ -1,0 +1,242 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <map>
+#include <random>
+
+#include "support/run_program.h"
+#include "support/temporary_folder.h"
+
+namespace fs = std::filesystem;
+
+// The work `lote` as a caller starts it.
+
+namespace {
+
+/// A list of the sample buildings, every 20th row with a fault.
+class SampleList {
+ public:
+  explicit SampleList(long rows, long faults = 20) {
+    const ProgramResult made = runProgram(
+        PYTHON, {MAKE_LIST, folder_.path(), SAMPLES, std::to_string(rows), std::to_string(faults)});
+    EXPECT_EQ(0, made.status) << made.err;
+  }
+
+  ProgramResult lote(std::vector<std::string> arguments,
+                     const std::map<std::string, std::string>& environment = {}) const {
+    arguments.insert(arguments.begin(), "lote");
+    return runProgram(TIP2BDL_CLI, arguments, inFolder(environment));
+  }
+  /// The same, sent `signal` after so many seconds.
+  ProgramResult loteUntil(const std::string& signal, double seconds,
+                          std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(),
+                     {"-s", signal, std::to_string(seconds), TIP2BDL_CLI, "lote"});
+    return runProgram("/usr/bin/timeout", arguments, inFolder({}));
+  }
+
+  const TemporaryFolder& folder() const { return folder_; }
+  std::string read(const std::string& name) const { return readFile(folder_ / name); }
+  /// All files of the results but the journal, whose times differ.
+  std::map<std::string, std::string> files(const std::string& name) const {
+    std::map<std::string, std::string> found;
+    for (const auto& entry : fs::recursive_directory_iterator(folder_ / name)) {
+      const std::string file = entry.path().filename().string();
+      if (!entry.is_regular_file() || file.starts_with("diario")) continue;
+      found[entry.path().lexically_relative(folder_ / name).string()] =
+          readFile(entry.path().string());
+    }
+    return found;
+  }
+
+ private:
+  ProgramOptions inFolder(const std::map<std::string, std::string>& environment) const {
+    ProgramOptions options;
+    options.folder = folder_.path();
+    options.environment = environment;
+    return options;
+  }
+
+  TemporaryFolder folder_;
+};
+
+bool says(const std::string& text, std::string_view part) {
+  return text.find(part) != std::string::npos;
+}
+
+}  // namespace
+
+TEST(LoteProgram, EachOutputIsThatOfARunWithFourPaths) {
+  const SampleList list(62, 0);
+  const ProgramResult result = list.lote({"lista.csv", "--salida", "r", "--guardar-tip"});
+  EXPECT_EQ(0, result.status) << result.err;
+  EXPECT_TRUE(says(result.err, "62 viviendas: 62 correctas")) << result.err;
+  const std::vector<std::string> rows = linesOf(list.read("lista.csv"));
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    const std::string id = rows[i].substr(0, rows[i].find(';'));
+    SCOPED_TRACE(id);
+    const std::string plantilla =
+        rows[i].substr(id.size() + 1, rows[i].find(';', id.size() + 1) - id.size() - 1);
+    const std::string place = list.folder() / ("r/000000/" + id);
+    const std::string output = list.folder() / "salida.bdl";
+    ASSERT_EQ(
+        0, runProgram(TIP2BDL_CLI, {plantilla, place + ".tip", output, list.folder() / "fin.txt"})
+               .status);
+    EXPECT_TRUE(readFile(output) == readFile(place + ".bdl"));
+  }
+}
+
+TEST(LoteProgram, ATypologyOfItsOwnGivesTheSampleRunsBytes) {
+  const TemporaryFolder folder;
+  std::string text = "id,plantilla,tipología\n";
+  std::vector<std::string> names;
+  for (const auto& entry : fs::recursive_directory_iterator(SAMPLES)) {
+    if (entry.path().extension() != ".tip") continue;
+    const fs::path parent = entry.path().parent_path();
+    names.push_back(parent.filename().string() + "/" + entry.path().stem().string());
+    text += entry.path().stem().string() + "," +
+            (parent / (parent.filename().string() + ".bdl")).string() + "," +
+            entry.path().string() + "\n";
+  }
+  ProgramOptions options;
+  options.folder = folder.path();
+  folder.write("lista.csv", text);
+  const ProgramResult result =
+      runProgram(TIP2BDL_CLI, {"lote", "lista.csv", "--salida", "r"}, options);
+  EXPECT_EQ(0, result.status) << result.err;
+  for (const std::string& name : names) {
+    SCOPED_TRACE(name);
+    EXPECT_TRUE(readFile(std::string(GOLDEN) + "/" + name + ".bdl") ==
+                folder.read("r/000000" + name.substr(name.find('/')) + ".bdl"));
+  }
+  EXPECT_GT(names.size(), 20U);
+}
+
+TEST(LoteProgram, SaysWithItsExitCodeHowItEnded) {
+  const SampleList list(40);
+  const ProgramResult faults = list.lote({"lista.csv", "--salida", "r", "--trabajos", "2"});
+  EXPECT_EQ(1, faults.status);
+  EXPECT_TRUE(says(faults.err, "40 viviendas: 38 correctas, 2 rechazadas, 0 fallidas\n"))
+      << faults.err;
+  EXPECT_EQ("", faults.out);
+
+  const struct {
+    const char* why;
+    std::vector<std::string> arguments;
+    int status;
+    const char* words;
+  } cases[] = {
+      {"no list", {"--salida", "r"}, 2, "falta la lista"},
+      {"two lists", {"a.csv", "b.csv", "--salida", "r"}, 2, "sobra un argumento: b.csv"},
+      {"no folder", {"lista.csv"}, 2, "falta --salida CARPETA"},
+      {"no shard",
+       {"lista.csv", "--salida", "r", "--fragmento", "3/2"},
+       2,
+       "--fragmento debe ser K/N"},
+      {"no workers",
+       {"lista.csv", "--salida", "r", "--trabajos", "0"},
+       2,
+       "--trabajos debe ser un número de 1 a 1024"},
+      {"two ways to go on",
+       {"lista.csv", "--salida", "r", "--reanudar", "--reintentar"},
+       2,
+       "no van juntas"},
+      {"no such file", {"no.csv", "--salida", "r"}, 3, "Error al abrir fichero de lectura: no.csv"},
+      {"nothing to join", {"--unir", "--salida", "r"}, 3, "No hay resultados de partes"},
+      {"a folder that is a file",
+       {"lista.csv", "--salida", "lista.csv"},
+       3,
+       "No se ha podido crear la carpeta: lista.csv"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    const ProgramResult result = list.lote(c.arguments);
+    EXPECT_EQ(c.status, result.status);
+    EXPECT_TRUE(says(result.err, c.words)) << result.err;
+  }
+  const ProgramResult schema = list.lote({"--esquema"});
+  EXPECT_EQ(0, schema.status);
+  EXPECT_TRUE(says(schema.out, "\nALTURA-PLANTA;m;mayor que 0;3\n"));
+}
+
+TEST(LoteProgram, WarnsOfAColumnThatNobodyReads) {
+  const TemporaryFolder folder;
+  folder.write("lista.csv", "ID;PLANTILLA;TIPOLOGIA;PLANTILA\n");
+  ProgramOptions options;
+  options.folder = folder.path();
+  const ProgramResult result =
+      runProgram(TIP2BDL_CLI, {"lote", "lista.csv", "--salida", "r"}, options);
+  EXPECT_EQ(0, result.status);
+  EXPECT_TRUE(says(result.err,
+                   "lista.csv:1:24: aviso: Columna desconocida: \"PLANTILA\". No se leerá. "
+                   "¿Quería decir PLANTILLA?\n"))
+      << result.err;
+}
+
+TEST(LoteProgram, EndsInTheSameBytesHoweverOftenItIsKilled) {
+  const char* const wanted = std::getenv("LOTE_ROWS");
+  const long rows = wanted == nullptr ? 2000 : std::atol(wanted);
+  const SampleList list(rows);
+  const auto start = std::chrono::steady_clock::now();
+  ASSERT_EQ(1, list.lote({"lista.csv", "--salida", "entera", "--trabajos", "1"}).status);
+  const double seconds =
+      std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+
+  std::mt19937 random(3);
+  std::uniform_real_distribution<double> moment(0.02, seconds / 8);
+  int killed = 0;
+  for (int i = 0; i < 10; ++i) {
+    const ProgramResult result =
+        list.loteUntil("KILL", moment(random), {"lista.csv", "--salida", "r", "--reanudar"});
+    killed += result.status == 128 + 9 ? 1 : 0;
+  }
+  EXPECT_GT(killed, 5);
+  EXPECT_EQ(1, list.lote({"lista.csv", "--salida", "r", "--reanudar"}).status);
+  const auto whole = list.files("entera");
+  auto files = list.files("r");
+  files.erase(".lote");
+  EXPECT_EQ(whole.size(), files.size());
+  EXPECT_TRUE(whole == files);
+}
+
+TEST(LoteProgram, FinishesWhatIsBegunOnCtrlC) {
+  const SampleList list(4000, 0);
+  const ProgramResult result =
+      list.loteUntil("INT", 0.3, {"lista.csv", "--salida", "r", "--trabajos", "2"});
+  // `timeout` gives 124 where it had to send its signal; --preserve-status would hide a fast end.
+  EXPECT_EQ(124, result.status);
+  EXPECT_TRUE(says(result.err, "repita la orden con --reanudar para seguir")) << result.err;
+  const auto lines = linesOf(list.read("r/resultados.csv"));
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    const std::string id = lines[i].substr(0, lines[i].find(';'));
+    const std::string thousand = std::to_string((std::atol(id.substr(1).c_str()) - 1) / 1000);
+    EXPECT_TRUE(list.folder().has("r/00000" + thousand + "/" + id + ".bdl")) << id;
+  }
+  EXPECT_EQ(130, runProgram("/usr/bin/timeout",
+                            {"--preserve-status", "-s", "INT", "0.2", TIP2BDL_CLI, "lote",
+                             list.folder() / "lista.csv", "--salida", list.folder() / "s"})
+                     .status);
+}
+
+TEST(LoteProgram, ASlurmArrayChoosesTheShard) {
+  const SampleList list(40, 0);
+  const ProgramResult result =
+      list.lote({"lista.csv", "--salida", "r"}, {{"SLURM_ARRAY_TASK_ID", "2"},
+                                                 {"SLURM_ARRAY_TASK_MIN", "0"},
+                                                 {"SLURM_ARRAY_TASK_MAX", "3"},
+                                                 {"SLURM_ARRAY_TASK_COUNT", "4"}});
+  EXPECT_EQ(0, result.status);
+  EXPECT_TRUE(says(result.err, "Serie de Slurm: se trabaja en la parte 3/4\n")) << result.err;
+  EXPECT_TRUE(list.folder().has("r/resultados-3-de-4.csv"));
+  EXPECT_TRUE(says(list.read("r/resultados-3-de-4.csv"), "\nV0000003;correcta;"));
+  for (const char* shard : {"1/4", "2/4", "4/4"}) {
+    EXPECT_EQ(0, list.lote({"lista.csv", "--salida", "r", "--fragmento", shard}).status);
+  }
+  EXPECT_EQ(0, list.lote({"--unir", "--salida", "r"}).status);
+  EXPECT_EQ(0, list.lote({"lista.csv", "--salida", "entera"}).status);
+  EXPECT_EQ(list.read("entera/resultados.csv"), list.read("r/resultados.csv"));
+}
