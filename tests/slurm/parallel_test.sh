@@ -1,0 +1,38 @@
+#!/usr/bin/env bash
+# The example for GNU parallel: shards, one of them killed, the same order again: the bytes of a
+# serial run.
+#   parallel_test.sh PROGRAM SOURCES
+set -euo pipefail
+program=$1
+sources=$2
+if ! command -v parallel >/dev/null; then
+  echo "parallel is missing"
+  [ -z "${CI:-}" ] || exit 1
+  exit 77 # skipped
+fi
+D=$(mktemp -d)
+trap 'rm -rf "$D"' EXIT
+cd "$D"
+python3 "$sources/bench/make_list" . "$sources/samples" 400 50
+"$program" lote lista.csv --salida entera --trabajos 1 --quiet 2>/dev/null || [ $? -eq 1 ]
+
+# A program that is killed the first time it works on the second shard.
+cat >killed <<END
+#!/usr/bin/env bash
+case " \$* " in
+  *" --fragmento 2/4 "*) [ -e once ] || { touch once; exec timeout -s KILL 0.05 "$program" "\$@"; } ;;
+esac
+exec "$program" "\$@"
+END
+chmod +x killed
+export TIP2BDL_CLI=$D/killed
+if "$sources/examples/parallel/lote.sh" lista.csv resultados 4 -j2; then
+  echo "a killed shard counts as good"
+  exit 1
+fi
+[ ! -e resultados/resultados.csv ]
+"$sources/examples/parallel/lote.sh" lista.csv resultados 4 -j2
+[ "$(tail -n +2 resultados/partes.log | wc -l)" -eq 5 ] # only the killed one was done again
+cmp entera/resultados.csv resultados/resultados.csv
+diff -rq entera/000000 resultados/000000
+echo "the same bytes: 400 rows, four shards, one killed"
