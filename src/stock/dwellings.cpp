@@ -18,6 +18,7 @@
 #include "plan/plan.h"
 #include "report/fingerprint.h"
 #include "report/generated_building.h"
+#include "report/written_commands.h"
 #include "stock/refusal.h"
 
 namespace fs = std::filesystem;
@@ -69,14 +70,23 @@ void refuseUnless(const Body& body, const ListRow& row, const PreparedDwelling& 
   throw DiskFault{concat("Error al escribir fichero: ", path)};
 }
 
-BuildingMeasures measuresOf(const Template& plantilla, const TypologyRecord& typology,
+/// The WINDOW commands of a template, found once for all its dwellings.
+std::string windowsOf(std::string_view building) {
+  std::string windows;
+  for (const report::WrittenCommand& command : report::readCommands(building)) {
+    if (command.type == "WINDOW") windows += concat(command.text, "\n..\n");
+  }
+  return windows;
+}
+
+BuildingMeasures measuresOf(const SharedTemplate& shared, const TypologyRecord& typology,
                             std::string_view output) {
   const PlanResult result = planTipologia(
       {typology.tipo, typology.areaPlanta, typology.areaPatio, typology.areaEscalera,
        typology.longitudFachada, typology.profundidadPatio, typology.profundidadEscalera});
   const Plan& plan = std::get<Plan>(result);  // a building that was generated has one
   const report::GeneratedBuilding building = report::readBuilding(
-      output, typology.textoTipologia(), plantilla.building().bytes(), plantilla.table(), plan);
+      output, typology.textoTipologia(), shared.windows, shared.plantilla->table(), plan);
   return {typology.tipo, report::measure(building, plan,
                                          {typology.porcentajeFachada, typology.porcentajePatio,
                                           static_cast<double>(typology.orientacion)})};
@@ -125,6 +135,7 @@ SharedTemplate Dwellings::readTemplate(const std::string& path) const {
       prints += report::fingerprint(texts.table.bytes());
       shared.plantilla =
           std::make_unique<const Template>(std::move(texts.building), std::move(texts.table));
+      shared.windows = windowsOf(shared.plantilla->building().bytes());
     });
   }
   for (const auto* fault : {&shared.missing, &shared.missingLibrary, &shared.fault}) {
@@ -250,7 +261,7 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Outco
         text = lines.text();
       },
       row, prepared);
-  outcome.measures = measuresOf(*shared.plantilla, *typology, text);
+  outcome.measures = measuresOf(shared, *typology, text);
   const std::string path = options_.folder + prepared.output;
   if (options_.keepTypologies && !prepared.ownFile)
     putInPlace(typologyOf(path), prepared.typology.bytes);

@@ -17,6 +17,7 @@ struct SharedTemplate {
   std::optional<Fault> missingLibrary;        // and behind it
   std::optional<Fault> fault;                 // of reading them
   std::unique_ptr<const Template> plantilla;  // null with any of these
+  std::string windows;  // its WINDOW commands: all of it that measures ask for
   std::string fingerprint;
 };
 
