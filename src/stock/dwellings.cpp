@@ -36,9 +36,12 @@ class NoProgressBar : public TProgressBar {
   void SetPosition(int /*position*/) override {}
 };
 
-Refusal refusalOf(const Fault& fault) {
-  return {std::string(rowOf(codeOfRunMessage(fault.message)).word), fault.message, fault.place};
+Refusal refusalOf(const Fault& fault, std::optional<Place> place) {
+  return {std::string(rowOf(codeOfRunMessage(fault.message)).word), fault.message,
+          std::move(place)};
 }
+
+Refusal refusalOf(const Fault& fault) { return refusalOf(fault, fault.place); }
 
 /// Leads from a place in the text that was written for a row to the cell that it comes from, or to
 /// the file of texts behind it.
@@ -60,10 +63,8 @@ template <typename Body>
 void refuseUnless(const Body& body, const ListRow& row, const PreparedDwelling& prepared) {
   const std::optional<Fault> fault = faultOf(body);
   if (!fault) return;
-  Refusal refusal = refusalOf(*fault);
-  refusal.place = placeInInputs(row, prepared, std::move(refusal.place));
-  if (!refusal.place) refusal.place = row.place();
-  throw refusal;
+  const std::optional<Place> place = placeInInputs(row, prepared, fault->place);
+  throw refusalOf(*fault, place ? place : row.place());
 }
 
 [[noreturn]] void failToWrite(const std::string& path) {
@@ -209,11 +210,7 @@ void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
   const auto read = [&](std::string_view named, int column) {
     const std::string path = pathInList(named);
     std::shared_ptr<const SharedText> text = texts_.get(path, readSharedText);
-    if (text->fault) {
-      Refusal refusal = refusalOf(*text->fault);
-      refusal.place = row.placeOf(column);
-      throw refusal;
-    }
+    if (text->fault) throw refusalOf(*text->fault, row.placeOf(column));
     return std::pair(path, text);
   };
   const ListColumns& columns = row.columns();

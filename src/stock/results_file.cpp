@@ -77,9 +77,10 @@ std::string ResultsFile::lineAt(std::uint64_t offset) {
 }
 
 std::optional<ResultsFile::Known> ResultsFile::find(std::string_view id) {
-  const auto same = std::ranges::equal_range(lines_, hashOf(id), {}, &Line::id);
+  const std::uint64_t hash = hashOf(id);
+  const auto first = std::ranges::lower_bound(lines_, hash, {}, &Line::id);
   const std::lock_guard lock(mutex_);
-  for (auto line = same.end(); line != same.begin();) {
+  for (auto line = std::ranges::upper_bound(lines_, hash, {}, &Line::id); line != first;) {
     --line;
     auto cells = cellsOf(lineAt(line->offset));
     if (cells && (*cells)[kResultId] == id) return Known{*std::move(cells), line->offset};
