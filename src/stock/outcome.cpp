@@ -37,9 +37,9 @@ constexpr int kArea = 2;
 constexpr int kRatio = 3;
 
 constexpr MeasureColumn kMeasures[] = {
-    {"plantas", kCount, [](const Measures& m) { return double{1} * m.storeys; }},
+    {"plantas", kCount, [](const Measures& m) { return static_cast<double>(m.storeys); }},
     {"altura_planta_m", kArea, [](const Measures& m) { return m.storeyHeight; }},
-    {"viviendas", kCount, [](const Measures& m) { return double{1} * m.dwellings; }},
+    {"viviendas", kCount, [](const Measures& m) { return static_cast<double>(m.dwellings); }},
     {"superficie_planta_m2", kArea, [](const Measures& m) { return m.footprint; }},
     {"superficie_total_m2", kArea, [](const Measures& m) { return m.floorArea; }},
     {"volumen_m3", kArea, [](const Measures& m) { return m.volume; }},
