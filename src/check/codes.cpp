@@ -114,13 +114,13 @@ constexpr CodeRow kCodes[] = {
     {kPocoHabitual, "poco-habitual", kNote, "Un valor es poco habitual"},
 };
 
-// A row stands at the place of its code.
-static_assert([] {
+constexpr bool everyRowStandsAtItsCode() {
   for (std::size_t i = 0; i < std::size(kCodes); ++i) {
     if (kCodes[i].code != static_cast<Code>(i)) return false;
   }
   return true;
-}());
+}
+static_assert(everyRowStandsAtItsCode());
 
 /// A run's message by a piece of its words.
 struct RunMessage {

@@ -12,7 +12,7 @@ std::string asOneLine(const Place& place) {
   std::string text = place.text.substr(start);
   const auto column = static_cast<std::size_t>(place.column - 1);
   if (column > start + kLongest) text = "... " + place.text.substr(column - kInFront);
-  if (text.size() > kLongest) text = text.substr(0, kLongest) + " ...";
+  if (text.size() > kLongest) text.replace(kLongest, std::string::npos, " ...");
   std::string line = concat(place.file, ":", std::to_string(place.line), ":",
                             std::to_string(place.column), text.empty() ? ":" : ": ", text);
   // A terminal takes other control characters for orders, and one line is one line.

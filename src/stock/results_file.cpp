@@ -91,6 +91,7 @@ std::optional<ResultsFile::Known> ResultsFile::find(std::string_view id) {
 std::uint64_t ResultsFile::append(std::string_view line) {
   const std::lock_guard lock(mutex_);
   if (file_ == nullptr) fail();
+  // cppcheck-suppress danglingTemporaryLifetime ; the stream is the member's
   const bool written = std::fwrite(line.data(), 1, line.size(), file_.get()) == line.size() &&
                        std::fflush(file_.get()) == 0;
   if (!written) {

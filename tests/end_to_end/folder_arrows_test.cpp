@@ -8,8 +8,8 @@
 
 namespace fs = std::filesystem;
 
-// core <- bdl <- typology <- plan <- generator <- check <- report <- stock <- app: a folder includes
-// from itself and from those to its left, and only app/qt knows Qt.
+// core <- bdl <- typology <- plan <- generator <- check <- report <- stock <- app: a folder
+// includes from itself and from those to its left, and only app/qt knows Qt.
 
 namespace {
 

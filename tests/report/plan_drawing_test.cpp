@@ -152,8 +152,8 @@ TEST(PlanDrawing, NamesAFacadeByItsIndexAndByWhereItLooks) {
   for (const auto& c : cases) {
     const Drawing drawing = drawn(house, planOf(house), c.giro);
     const auto name = std::ranges::find(drawing.labels, "Fachada principal «sur»", &Label::text);
-    ASSERT_NE(drawing.labels.end(), name);
-    EXPECT_EQ(c.looks, (name + 1)->text);
+    ASSERT_LT(name - drawing.labels.begin() + 1, std::ssize(drawing.labels));
+    EXPECT_EQ(c.looks, std::next(name)->text);
   }
 }
 

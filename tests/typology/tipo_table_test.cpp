@@ -65,8 +65,7 @@ TEST(TipoTable, EveryNumberHasASampleInTheFolderOfItsKind) {
   static const std::regex kTypology(R"(tipo-(\d+).*\.tip)");
   std::set<int> seen;
   std::map<std::string, std::set<std::pair<PlanFamily, int>>> kindsOfFolders;
-  for (const auto& entry :
-       fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / "samples")) {
+  for (const auto& entry : fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / "samples")) {
     std::smatch name;
     const std::string file = entry.path().filename().string();
     if (!std::regex_match(file, name, kTypology)) continue;

@@ -52,6 +52,7 @@ class TypologyFile {
     return text + ".." + lineEnd_ + behind_;
   }
 
+  // cppcheck-suppress returnDanglingLifetime ; the record keeps a copy of the text
   TypologyRecord record() const { return recordOf(text()); }
   static TypologyRecord recordOf(std::string_view text) {
     return TypologyRecord(SourceText("casa.tip", text));

@@ -3,9 +3,9 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "core/wide_text.h"
 #include "app/win32/windows_api.h"
 #include "core/cp1252.h"
+#include "core/wide_text.h"
 
 namespace {
 

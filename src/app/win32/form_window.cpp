@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "core/wide_text.h"
 #include "core/platform.h"
 #include "core/report_error.h"
+#include "core/wide_text.h"
 
 namespace {
 

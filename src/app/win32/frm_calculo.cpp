@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "core/wide_text.h"
 #include "app/win32/principal.h"
 #include "core/platform.h"
+#include "core/wide_text.h"
 
 using namespace input_form;
 

@@ -112,7 +112,7 @@ constexpr Work kWorks[] = {
      "muestra lo que se ha podido leer y el error, y el código de salida es 3.",
      kInformeOptions, 2, 2, informe},
     {"lote", "genera todas las viviendas de una lista, con todos los núcleos",
-     "LISTA.csv --salida CARPETA",
+     "parque.csv --salida resultados", "LISTA.csv --salida CARPETA",
      "Cada fila de la lista es una vivienda: su ID, su PLANTILLA y su TIPOLOGIA (rutas desde la\n"
      "lista), o los datos de VIVIENDA en columnas. Los edificios quedan en carpetas de 1000, y\n"
      "CARPETA/resultados.csv dice qué ha sido de cada fila, con sus medidas. Una vivienda\n"
