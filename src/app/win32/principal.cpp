@@ -47,7 +47,7 @@ TPrincipal::TPrincipal(HWND owner, const RunPaths& paths, std::function<void()> 
       run_(paths),
       closed_(std::move(closed)),
       labels_(),
-      pbBarra_(addChild(PROGRESS_CLASSW, {}, 0)) {
+      pbBarra_(addChild(PROGRESS_CLASSW, {}, PBS_SMOOTH)) {
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     labels_[i] = addChild(WC_STATICW, kStages[i].caption, SS_LEFTNOWORDWRAP | SS_NOPREFIX);
   }
