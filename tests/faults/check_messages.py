@@ -46,6 +46,7 @@ OTHER_TEXTS = {
 OTHER_FOLDERS = {
     "check/": "findings, on the page of `comprobar`",
     "report/": "drawings and reports",
+    "stock/": "what a list says of its rows and of itself, in docs/lote.md",
     "app/console/works/": "help, and command lines that are wrong",
 }
 

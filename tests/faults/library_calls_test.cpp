@@ -154,9 +154,9 @@ constexpr std::string_view kFallible[] = {
 /// Imported with the C++ library's files, streams and locales, which are linked as a whole; a run
 /// calls none of them.
 const std::set<std::string_view> kNeverCalled = {
-    "closedir", "fchmod",  "fdopen", "fstat64", "getcwd",   "link",
-    "lseek64",  "lstat",   "mkdir",  "readdir", "realpath", "rename",
-    "setvbuf",  "statvfs", "strdup", "symlink", "unlinkat", "utimensat"};
+    "closedir", "fchmod",  "fdopen",  "fstat64",  "getcwd",   "link",    "lseek64",
+    "lstat",    "mkdir",   "readdir", "realpath", "rename",   "setvbuf", "statvfs",
+    "strdup",   "symlink", "unlink",  "unlinkat", "utimensat"};
 
 bool isWalked(std::string_view name) {
   if (name == "fopen64") return true;  // the same as fopen

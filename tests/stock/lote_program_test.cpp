@@ -131,7 +131,10 @@ TEST(LoteProgram, SaysWithItsExitCodeHowItEnded) {
     const char* words;
   } cases[] = {
       {"no list", {"--salida", "r"}, 2, "falta la lista"},
-      {"two lists", {"a.csv", "b.csv", "--salida", "r"}, 2, "sobra un argumento: b.csv"},
+      {"two lists",
+       {"a.csv", "b.csv", "--salida", "r"},
+       2,
+       "se esperaba 1 fichero como máximo y se han dado 2"},
       {"no folder", {"lista.csv"}, 2, "falta --salida CARPETA"},
       {"no shard",
        {"lista.csv", "--salida", "r", "--fragmento", "3/2"},

@@ -37,6 +37,7 @@ std::string listOf(std::span<const std::string_view> words) {
 
 std::string expectedOperands(const Work& work) {
   const std::string least = std::to_string(work.leastOperands);
+  if (work.leastOperands == 0) return "se esperaba 1 fichero como máximo";
   if (work.leastOperands != work.mostOperands) {
     return work.leastOperands == 1 ? "se esperaba al menos 1 fichero"
                                    : "se esperaban al menos " + least + " ficheros";
