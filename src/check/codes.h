@@ -104,8 +104,8 @@ enum class Code {
 
 struct CodeRow {
   Code code;
-  std::string_view word;
   Severity severity;
+  std::string_view word;
   std::string_view title;  // UTF-8: what it is about, for the tools' lists of rules
 };
 

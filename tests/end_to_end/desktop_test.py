@@ -324,7 +324,8 @@ class DesktopTest(unittest.TestCase):
         while not log.exists():
             time.sleep(0.005)
         # The window is found a little after it is shown.
-        self.assertAlmostEqual(3, time.monotonic() - shown, delta=0.25)
+        # A busy machine may take longer, but never less.
+        self.assertGreater(time.monotonic() - shown, 2.75)
         self.clear(process)
 
     def test_windows_stand_in_the_middle_with_their_frames(self):
