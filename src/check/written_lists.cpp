@@ -171,7 +171,7 @@ class ListInBoth {
     const auto number = text.empty() ? std::nullopt : run_.realAt(item.begin);
     if (!number) return notANumber(item);
     const float value = number->value;
-    const auto addItem = [&](Code code, std::string words, std::string suggestion) {
+    const auto addItem = [&](Code code, const std::string& words, std::string suggestion) {
       findings_.add(code, item, concat("Un valor de ", name_, words),
                     {.found = {},
                      .used = plainNumber(value),
