@@ -111,7 +111,7 @@ std::string numberInProse(float value) {
   return text;
 }
 
-std::string withUnit(std::string number, const ViviendaKeyword& keyword) {
+std::string withUnit(const std::string& number, const ViviendaKeyword& keyword) {
   constexpr struct {
     std::string_view unit, words;
   } kUnits[] = {{"m", " m"}, {"m2", " m²"_cp1252}, {"%", " %"}, {"1/h", " ren/h"}};

@@ -58,7 +58,7 @@ IfAbsent ifAbsent(const ViviendaKeyword& keyword);
 std::string plainNumber(float value);
 std::string numberInProse(float value);
 /// "2,8 m"
-std::string withUnit(std::string number, const ViviendaKeyword& keyword);
+std::string withUnit(const std::string& number, const ViviendaKeyword& keyword);
 
 /// The number that a person reads in `text`, in the form of a file: "1.234,5 m2" gives "1234.5".
 /// Empty where there is none.

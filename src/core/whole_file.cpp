@@ -28,7 +28,7 @@ std::string nameOf(const fs::path& path) {
 /// Where the result really goes: behind links, so that a link stays one.
 fs::path targetOf(const std::string& name) {
   std::error_code error;
-  const fs::path path = pathOf(name);
+  fs::path path = pathOf(name);
   if (!fs::is_symlink(path, error)) return path;
   const fs::path target = fs::canonical(path, error);
   return error ? path : target;

@@ -70,7 +70,7 @@ wait_for() {
   until "$@"; do
     if [ $SECONDS -ge $end ]; then
       echo "not in time: $*"
-      tail -5 "$D"/*.log "$D"/work/*.out 2>/dev/null || true
+      tail -5 "$D"/*.log "$D"/jobs/*.out 2>/dev/null || true
       exit 1
     fi
     sleep 0.2
@@ -79,8 +79,8 @@ wait_for() {
 idle() { [ "$(sinfo -h -o %t 2>/dev/null)" = idle ]; }
 wait_for 60 idle
 
-mkdir "$D/work"
-cd "$D/work"
+mkdir "$D/jobs"
+cd "$D/jobs"
 rows=${SLURM_TEST_ROWS:-2000}
 python3 "$sources/bench/make_list" . "$sources/samples" "$rows" 50
 "$TIP2BDL_CLI" lote lista.csv --salida entera --trabajos 1 --quiet 2>/dev/null || [ $? -eq 1 ]
