@@ -149,7 +149,8 @@ PlanCells::PlanCells(const Plan& plan) : plan_(&plan) {
 
 int PlanCells::region(int column, int row) const {
   if (column < 0 || row < 0 || column >= columns() || row >= rows()) return kOpenAir;
-  return regions_[static_cast<std::size_t>(row * columns() + column)];
+  return regions_[static_cast<std::size_t>(row) * static_cast<std::size_t>(columns()) +
+                  static_cast<std::size_t>(column)];
 }
 
 bool PlanCells::isBuilt(int region) const { return region >= 0 && !isCourtyard(region); }

@@ -109,7 +109,8 @@ class PlanDrawer {
         boxes, {}, [](const Box& box) { return box.width() * box.height(); });
     const Point from{(inside.x0 + inside.x1) / 2, (inside.y0 + inside.y1) / 2};
     const double right = L_ * k_ + 4;
-    for (double away = 0; away < 60; away += 0.5) {
+    for (int step = 0; step < 120; ++step) {
+      const double away = step / 2.0;  // mm
       for (const double sign : {-1.0, 1.0}) {
         const Point above{from.x + sign * away, -4};
         const Point beside{right, from.y + sign * away + kSmall / 2};

@@ -135,8 +135,10 @@ void addHatch(std::vector<std::vector<Point>>& lines, const Box& box,
               const std::vector<Box>& holes) {
   const double step = 2.4 * std::numbers::sqrt2;  // 2,4 mm from line to line
   // Lines x + y = c, rising to the right.
-  const double first = std::ceil((box.x0 + box.y0) / step) * step;
-  for (double c = first; c < box.x1 + box.y1; c += step) {
+  double next = std::ceil((box.x0 + box.y0) / step) * step;
+  while (next < box.x1 + box.y1) {
+    const double c = next;
+    next += step;
     double from = std::max(box.x0, c - box.y1);
     const double to = std::min(box.x1, c - box.y0);
     if (to - from < 1e-6) continue;

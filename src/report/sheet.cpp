@@ -99,11 +99,13 @@ void addScaleBar(Drawing& drawing, Point at, double perMetre) {
   constexpr std::array<double, 3> kSteps = {1, 2, 5};
   constexpr int kParts = 4;
   double step = 0;
-  for (double power = 0.01; step * perMetre < 9.9; power *= 10) {
+  double power = 0.01;
+  while (step * perMetre < 9.9) {
     for (const double each : kSteps) {
       step = each * power;
       if (step * perMetre >= 9.9) break;
     }
+    power *= 10;
   }
   const double part = step * perMetre;
   for (int i = 0; i < kParts; ++i) {

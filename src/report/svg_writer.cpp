@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 
+#include "core/concat.h"
 #include "core/cp1252.h"
 
 namespace report {
@@ -80,13 +81,13 @@ void writePath(std::string& out, const Shape& shape) {
     for (const Point& point : points) {
       const std::string x = coordinate(point.x), y = coordinate(point.y);
       if (&point == &points.front()) {
-        out += "M" + x + " " + y;
+        out += concat("M", x, " ", y);
       } else if (y == lastY) {
-        out += "H" + x;
+        out += concat("H", x);
       } else if (x == lastX) {
-        out += "V" + y;
+        out += concat("V", y);
       } else {
-        out += "L" + x + " " + y;
+        out += concat("L", x, " ", y);
       }
       lastX = x;
       lastY = y;

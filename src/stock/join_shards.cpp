@@ -141,6 +141,7 @@ JoinedShards joinShards(const std::string& folderName) {
   if (shards.empty()) refuse(concat("No hay resultados de partes en la carpeta ", folderName));
   const ShardEnd list = requireAll(folder, shards);
   std::vector<ShardLines> files;
+  files.reserve(shards.size());
   for (const Shard& shard : shards) {
     files.emplace_back(folder + shard.nameOf("resultados") + ".csv");
   }
