@@ -62,7 +62,7 @@ std::string nearest(const std::string& name, const std::vector<std::string>& nam
   std::string best;
   std::size_t least = 0;
   for (const std::string& candidate : names) {
-    const auto [shorter, longer] = std::minmax(name.size(), candidate.size());
+    const auto [shorter, longer] = std::minmax({name.size(), candidate.size()});
     const std::size_t most = (longer + 2) / 3;
     if (name.size() < 2 || longer - shorter > most) continue;
     const std::size_t distance = editDistance(name, candidate);
