@@ -1,35 +1,14 @@
 // A whole run over any four files: template, table, typology and defaults library, in this order,
 // with a line "%%" between them. Either the output is complete, or there is one message and the
 // output is empty; nothing else of the run is left.
-#include <algorithm>
 #include <filesystem>
 
 #include "app/run_generation.h"
-#include "core/output_lines.h"
 #include "core/path_table.h"
 #include "core/platform.h"
 #include "core/report_error.h"
 #include "fuzz_support.h"
-
-namespace {
-
-class Bar : public TProgressBar {
- public:
-  int GetPosition() const override { return position_; }
-  void SetPosition(int position) override { position_ = std::clamp(position, 0, 100); }
-
- private:
-  int position_ = 0;
-};
-
-void checkOutput(const std::string& output, std::string_view typology) {
-  expect(output.starts_with("$\t****"), "no header");
-  // At its capacity an output loses what comes after.
-  if (std::ranges::count(output, '\n') >= OutputLines::kCapacity) return;
-  expect(output.ends_with(std::string(typology) + "\n"), "the typology text does not come last");
-}
-
-}  // namespace
+#include "run_checks.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::vector<std::string_view> texts = splitInput(textOf(data, size), 4);

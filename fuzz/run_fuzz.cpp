@@ -11,27 +11,12 @@
 #include "fuzz_support.h"
 #include "generator/generation_sequence.h"
 #include "generator/template.h"
+#include "run_checks.h"
 #include "typology/typology_record.h"
 
 namespace {
 
 enum { kTemplate, kTable, kTypology, kDefaults, kTexts };
-
-class Bar : public TProgressBar {
- public:
-  int GetPosition() const override { return position_; }
-  void SetPosition(int position) override { position_ = std::clamp(position, 0, 100); }
-
- private:
-  int position_ = 0;
-};
-
-void checkOutput(const std::string& output, std::string_view typology) {
-  expect(output.starts_with("$\t****"), "no header");
-  // At its capacity an output loses what comes after.
-  if (std::ranges::count(output, '\n') >= OutputLines::kCapacity) return;
-  expect(output.ends_with(std::string(typology) + "\n"), "the typology text does not come last");
-}
 
 /// A fault names a place in one of the texts.
 void checkFault(const Ending& ending, const std::vector<SourceText>& sources) {
