@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <set>
 #include <tuple>
 
 #include "check/template_commands.h"
@@ -24,19 +25,20 @@ class NoProgressBar : public TProgressBar {
   void SetPosition(int /*position*/) override {}
 };
 
-bool sameFault(const Fault& a, const Fault& b) {
-  if (a.message != b.message || a.place.has_value() != b.place.has_value()) return false;
-  return !a.place || (a.place->file == b.place->file && a.place->line == b.place->line &&
-                      a.place->column == b.place->column);
+using FaultKey = std::tuple<std::string, std::string, long, long>;
+
+FaultKey keyOf(const Fault& fault) {
+  if (!fault.place) return {fault.message, {}, -1, -1};
+  return {fault.message, fault.place->file, fault.place->line, fault.place->column};
 }
 
 /// The fault that ends the run, and behind it what else is wrong. Without the first there is none.
 std::vector<Fault> inOrder(const std::optional<Fault>& runFault, const std::vector<Fault>& others) {
   if (!runFault) return {};
   std::vector<Fault> faults = {*runFault};
+  std::set<FaultKey> known = {keyOf(*runFault)};
   for (const Fault& fault : others) {
-    const auto isSame = [&](const Fault& known) { return sameFault(known, fault); };
-    if (std::ranges::none_of(faults, isSame)) faults.push_back(fault);
+    if (known.insert(keyOf(fault)).second) faults.push_back(fault);
   }
   return faults;
 }

@@ -90,7 +90,7 @@ class Readings {
                      .suggestion = {}});
     }
     if (std::ranges::find(kTypes, type) == kTypes.end()) return compareType(command.type, type);
-    const std::size_t close = bytes_.find("..", command.type.begin);
+    const std::size_t close = nextClose(command.type.begin);
     if (close == kNone || (command.close && command.close->begin == close)) return;
     if (!command.close || close > command.close->begin) {
       findings_.add(Code::kCierreFueraDeSitio, command.type,
@@ -106,6 +106,13 @@ class Readings {
            .allowed = {},
            .suggestion = std::string("escriba aquí un solo punto"_cp1252)});
     }
+  }
+
+  /// The first ".." behind an offset. The commands ask in their order: the file is looked through
+  /// once, however many there are.
+  std::size_t nextClose(std::size_t from) {
+    if (close_ != kNone && close_ < from) close_ = bytes_.find("..", from);
+    return close_;
   }
 
   /// Of a command that nobody looks for.
@@ -173,6 +180,7 @@ class Readings {
   WrittenFindings findings_;
   RunReading run_;
   WrittenVivienda vivienda_;
+  std::size_t close_ = bytes_.find("..");  // of nextClose
 };
 
 }  // namespace

@@ -2,6 +2,19 @@
 
 #include <algorithm>
 
+long LineBegins::numberOf(std::size_t begin, std::string_view text) const {
+  const Offsets* offsets = made_.load();
+  if (offsets == nullptr) {
+    auto made = std::make_unique<Offsets>(1, 0);
+    for (std::size_t at = text.find('\n'); at != std::string_view::npos;
+         at = text.find('\n', at + 1)) {
+      made->push_back(at + 1);
+    }
+    if (made_.compare_exchange_strong(offsets, made.get())) offsets = made.release();
+  }
+  return static_cast<long>(std::ranges::upper_bound(*offsets, begin) - offsets->begin());
+}
+
 SourceText::SourceText(std::string name, std::string_view bytes)
     : name_(std::move(name)),
       buffer_(std::make_unique_for_overwrite<char[]>(bytes.size())),
@@ -23,7 +36,7 @@ Place SourceText::placeOf(Span span) const {
   const std::size_t at = std::min(span.begin, line.end);  // between CR and LF is no place
   const std::size_t end = std::clamp(span.end, at, line.end);
   return {.file = name_,
-          .line = static_cast<long>(std::count(text.begin(), text.begin() + line.begin, '\n')) + 1,
+          .line = lines_.numberOf(line.begin, text),
           .column = static_cast<long>(at - line.begin) + 1,
           .length = end - at,
           .text = std::string(text.substr(line.begin, line.end - line.begin))};

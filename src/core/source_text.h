@@ -1,10 +1,12 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "core/fault.h"
 
@@ -12,6 +14,27 @@
 struct Span {
   std::size_t begin = 0;
   std::size_t end = 0;
+};
+
+/// Where the lines of a text begin, made when somebody first asks for a place: a text of which
+/// nobody asks pays nothing, and one with thousands of faults is looked through once. Threads that
+/// ask at the same time may each make it; one is kept.
+class LineBegins {
+ public:
+  LineBegins() = default;
+  LineBegins(LineBegins&& other) noexcept : made_(other.made_.exchange(nullptr)) {}
+  LineBegins& operator=(LineBegins&& other) noexcept {
+    const std::unique_ptr<const Offsets> old(made_.exchange(other.made_.exchange(nullptr)));
+    return *this;
+  }
+  ~LineBegins() { const std::unique_ptr<const Offsets> last(made_.load()); }
+
+  /// The number of the line, from 1, that begins at the offset. Always of the same text.
+  long numberOf(std::size_t begin, std::string_view text) const;
+
+ private:
+  using Offsets = std::vector<std::size_t>;
+  mutable std::atomic<const Offsets*> made_ = nullptr;  // owned
 };
 
 /// The bytes of an input and the name under which messages speak of it. Readers take one of these,
@@ -28,11 +51,13 @@ class SourceText {
   SourceText(SourceText&& other) noexcept
       : name_(std::move(other.name_)),
         buffer_(std::move(other.buffer_)),
-        size_(std::exchange(other.size_, 0)) {}
+        size_(std::exchange(other.size_, 0)),
+        lines_(std::move(other.lines_)) {}
   SourceText& operator=(SourceText&& other) noexcept {
     name_ = std::move(other.name_);
     buffer_ = std::move(other.buffer_);
     size_ = std::exchange(other.size_, 0);
+    lines_ = std::move(other.lines_);
     return *this;
   }
 
@@ -53,4 +78,5 @@ class SourceText {
   std::string name_;
   std::unique_ptr<char[]> buffer_;
   std::size_t size_;
+  LineBegins lines_;
 };

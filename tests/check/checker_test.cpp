@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
@@ -362,5 +363,45 @@ TEST(Checker, ReadsATemplateOnceForAThousandTypologies) {
     const std::string path =
         folder.write("casa-" + std::to_string(i) + ".tip", Inputs::minimal().typology);
     ASSERT_THAT(messagesOf(checker.check(path), Severity::kError), IsEmpty());
+  }
+}
+
+TEST(Checker, LargeInputsTakeAsLongAsTheyAreLarge) {
+  constexpr int kMany = 20000;
+  const auto many = [](std::string_view before, std::string_view behind) {
+    std::string text;
+    for (int i = 0; i < kMany; ++i) {
+      text += before;
+      text += std::to_string(i);
+      text += behind;
+    }
+    return text;
+  };
+  const std::string sound = "1 1 1 1 1 180 90 0 0 0\n";
+  const std::string count = std::to_string(kMany);
+  const struct {
+    const char* why;
+    std::string building, table, typology;
+  } cases[] = {
+      {"windows that the table lacks", many("\"V", "\" = WINDOW\n  ..\n"), "", ""},
+      {"surfaces that the template lacks", "",
+       "a\nb\n" + count + " 0\n" + many("\"S", "\"\n" + sound), ""},
+      {"malformed lines of the table", "", "a\nb\n" + count + " 0\n" + many("\"S", "\"\n1 x\n"),
+       ""},
+      {"commands without a close", "", "", many("\"", "\" = VIVIENDA\n")},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    const TemporaryFolder folder;
+    Inputs inputs = Inputs::minimal();
+    inputs.building += c.building;
+    if (!c.table.empty()) inputs.table = c.table;
+    inputs.typology += c.typology;
+    inputs.writeInto(folder);
+    const auto begin = std::chrono::steady_clock::now();
+    findingsOfCheck(folder);
+    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
+    // A second or less; what grows with the square takes minutes.
+    EXPECT_LT(seconds.count(), 15);
   }
 }

@@ -52,6 +52,17 @@ TEST(SourceText, ViewsOfItsBytesStayValidWhenItIsMoved) {
   EXPECT_EQ("A", view);
 }
 
+TEST(SourceText, KnowsItsLinesWhenItIsMoved) {
+  SourceText asked("casa.tip", "A\nB\nC");
+  ASSERT_EQ(2, asked.placeOf({2, 3}).line);
+  SourceText moved(std::move(asked));
+  EXPECT_EQ(3, moved.placeOf({4, 5}).line);
+  SourceText other("otra.tip", "\n\n\n\n");
+  ASSERT_EQ(5, other.placeOf({4, 4}).line);
+  other = std::move(moved);
+  EXPECT_EQ(3, other.placeOf({4, 5}).line);
+}
+
 TEST(PlaceOf, CountsLinesAndColumnsFrom1InBytes) {
   const Place place = textOf("\xD1\n A = 72\n").placeOf({6, 8});
   EXPECT_EQ("casa.tip", place.file);
