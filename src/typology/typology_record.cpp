@@ -113,3 +113,8 @@ Place TypologyRecord::placeOf(std::string_view keyword) const {
   if (!span) span = model.lugarDe(kVivienda);
   return fuente_->placeOf(span.value_or(Span{}));
 }
+
+TypologyRecord defaultTypology() {
+  std::vector<Fault> whatIsMissing;
+  return TypologyRecord(SourceText({}, {}), whatIsMissing);
+}

@@ -72,3 +72,6 @@ struct TypologyRecord {
 
   std::shared_ptr<const SourceText> fuente_;
 };
+
+/// A record of no file: every field holds what the absence of its keyword means.
+TypologyRecord defaultTypology();

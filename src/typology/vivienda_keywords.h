@@ -10,18 +10,27 @@
 /// The keywords of the VIVIENDA command, one row each: what reading the file, its messages and its
 /// documentation go by.
 
-/// A keyword that is read, so that a malformed value is met, and then replaced.
-struct IgnoredText {};
+/// A keyword that is read, so that a malformed value is met, and then forgotten: every building has
+/// what the record holds from the start.
+struct IgnoredText {
+  std::string TypologyRecord::*kept;
+  friend bool operator==(const IgnoredText&, const IgnoredText&) = default;
+};
 
 struct ViviendaKeyword {
   std::string_view name;
   /// As it is searched for: with blanks where the bare word would be met inside another one.
   std::string_view pattern;
   /// Where its value goes; what the record holds before is the default.
-  std::variant<int TypologyRecord::*, float TypologyRecord::*, PerFacade<float> TypologyRecord::*,
-               std::string TypologyRecord::*, IgnoredText>
-      field;
+  using Field =
+      std::variant<int TypologyRecord::*, float TypologyRecord::*,
+                   PerFacade<float> TypologyRecord::*, std::string TypologyRecord::*, IgnoredText>;
+  Field field;
   bool required;
+  // For people, UTF-8: what it is, and which values it may have where they do not follow from the
+  // typology number and the other measures.
+  std::string_view meaning;
+  std::string_view values = "";
   std::string_view unit = "";
   /// The message of a value that the record may not have; empty for one that it may. Asked right
   /// after reading it, also for a default.

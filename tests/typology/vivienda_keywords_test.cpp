@@ -36,3 +36,22 @@ TEST(ViviendaKeywords, OnlyNumbersHaveUnits) {
     EXPECT_EQ(isReal, !keyword.unit.empty()) << keyword.name;
   }
 }
+
+TEST(ViviendaKeywords, EachSaysWhatItIsAndNamesNoKeyword) {
+  // A meaning may stand in a comment of a file that is read by search.
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
+    EXPECT_FALSE(keyword.meaning.empty()) << keyword.name;
+    for (const ViviendaKeyword& other : viviendaKeywords()) {
+      EXPECT_EQ(std::string_view::npos, keyword.meaning.find(other.name)) << keyword.name;
+      EXPECT_EQ(std::string_view::npos, keyword.values.find(other.name)) << keyword.name;
+    }
+  }
+}
+
+TEST(DefaultTypology, IsWhatAFileOfNothingButWhatItMustHoldGives) {
+  const TypologyRecord record = defaultTypology();
+  EXPECT_EQ(3.0F, record.alturaPlanta);
+  EXPECT_EQ(1.0F, record.airChangesHr);
+  EXPECT_EQ("PLANA", record.cubierta);
+  EXPECT_EQ("", record.ventanaMarco);
+}
