@@ -1,11 +1,13 @@
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <variant>
 #include <vector>
 
 #include "app/command_line.h"
+#include "app/console/option.h"
 
 /// What the console program was asked for.
 struct RunRequest {
@@ -25,6 +27,12 @@ using Request = std::variant<RunRequest, HelpRequest, VersionRequest, WrongArgum
 /// Errors: an overlong command line in the desktop form ends the process.
 Request parseArguments(const std::vector<std::string>& arguments);
 
+/// The options of a run.
+std::span<const Option* const> runOptions();
+
 /// Texts for people, in UTF-8.
-extern const std::string_view kHelp;
 extern const std::string_view kUsage;
+extern const std::string_view kRunExample;  // the arguments of one
+extern const std::string_view kRunDetail;
+extern const std::string_view kRunExitCodes;
+std::string helpOfRun();

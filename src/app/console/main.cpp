@@ -32,7 +32,7 @@ int say(std::string_view utf8) {
   return 0;
 }
 
-int answer(const HelpRequest&) { return say(std::string(kHelp) + listOfWorks()); }
+int answer(const HelpRequest&) { return say(helpOfRun() + listOfWorks()); }
 
 int answer(const VersionRequest&) { return say(std::string("tip2bdl-cli ") + kVersion + "\n"); }
 

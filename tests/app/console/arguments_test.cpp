@@ -71,4 +71,4 @@ TEST(Arguments, EverythingElseIsWrong) {
   }
 }
 
-TEST(Arguments, HelpLeadsWithAnExample) { EXPECT_TRUE(kHelp.starts_with("Ejemplo:\n")); }
+TEST(Arguments, HelpLeadsWithAnExample) { EXPECT_TRUE(helpOfRun().starts_with("Ejemplo:\n")); }

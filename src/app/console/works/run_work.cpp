@@ -25,10 +25,6 @@ int wrong(const Work& work, std::string_view problem) {
   return kExitWrongCommandLine;
 }
 
-std::string asLeft(const Option& option) {
-  return option.value.empty() ? std::string(option.name) : concat(option.name, " ", option.value);
-}
-
 std::string listOf(std::span<const std::string_view> words) {
   std::string list;
   for (const std::string_view word : words) list += (list.empty() ? "" : ", ") + std::string(word);
@@ -37,12 +33,12 @@ std::string listOf(std::span<const std::string_view> words) {
 
 std::string expectedOperands(const Work& work) {
   const std::string least = std::to_string(work.leastOperands);
-  if (work.leastOperands == 0) return "se esperaba 1 fichero como máximo";
-  if (work.leastOperands != work.mostOperands) {
-    return work.leastOperands == 1 ? "se esperaba al menos 1 fichero"
-                                   : "se esperaban al menos " + least + " ficheros";
-  }
-  return work.leastOperands == 1 ? "se esperaba 1 fichero" : "se esperaban " + least + " ficheros";
+  const std::string_view noun = work.operandNoun;
+  if (work.leastOperands == 0) return concat("se esperaba 1 ", noun, " como máximo");
+  const bool more = work.leastOperands != work.mostOperands;
+  return work.leastOperands == 1
+             ? concat("se esperaba ", more ? "al menos " : "", "1 ", noun)
+             : concat("se esperaban ", more ? "al menos " : "", least, " ", noun, "s");
 }
 
 /// What is wrong with arguments that were read, or nothing.
@@ -133,19 +129,8 @@ std::optional<std::string> WorkArguments::given(std::string_view option) const {
 }
 
 std::string helpOf(const Work& work) {
-  std::size_t width = 0;
-  for (const Option* option : work.options) width = std::max(width, asLeft(*option).size());
-  std::string help = concat("Ejemplo:\n  tip2bdl-cli ", work.name, " ", work.example, "\n\n",
-                            work.detail, "\n\n", usageOf(work), "\nOpciones:\n");
-  for (const Option* option : work.options) {
-    std::string left = asLeft(*option);
-    left.resize(width, ' ');
-    help += "  " + left + "  " + std::string(option->brief) + "\n";
-    if (!option->detail.empty()) {
-      help += std::string(width + 4, ' ') + std::string(option->detail) + "\n";
-    }
-  }
-  return help;
+  return concat("Ejemplo:\n  tip2bdl-cli ", work.name, " ", work.example, "\n\n", work.detail,
+                "\n\n", usageOf(work), "\nOpciones:\n", linesOf(work.options));
 }
 
 std::string listOfWorks() {

@@ -7,21 +7,11 @@
 #include <string_view>
 #include <vector>
 
-/// The works around the run (comprobar, plano, informe, lote): `tip2bdl-cli WORK [options]
+#include "app/console/option.h"
+
+/// The works around the run (comprobar, nueva, plano ...): `tip2bdl-cli WORK [options]
 /// operands`. A work is a row of kWorks, an option a row that several works may share, so that it
 /// cannot mean two things; the parser and the help are loops over them.
-
-enum class Complete { kNone, kFile, kWord };
-
-/// All texts UTF-8.
-struct Option {
-  std::string_view name;   // "--salida"
-  std::string_view value;  // what stands behind it, "FICHERO"; empty for a switch
-  std::string_view brief;
-  std::string_view detail = {};                    // a second sentence
-  std::span<const std::string_view> choices = {};  // the words that it takes; empty for any
-  Complete complete = Complete::kNone;
-};
 
 /// Thrown by a work that a command line makes no sense for.
 struct WrongWorkArguments {
@@ -50,6 +40,7 @@ struct Work {
   std::size_t leastOperands;
   std::size_t mostOperands;
   int (*run)(const WorkArguments&);  // the exit code; may throw WrongWorkArguments
+  std::string_view operandNoun = "fichero";
 };
 
 // Exit codes of the works, besides kExitError.
