@@ -5,6 +5,7 @@
 #include "app/console/works/comprobar.h"
 #include "app/console/works/informe.h"
 #include "app/console/works/lote.h"
+#include "app/console/works/nueva.h"
 #include "app/console/works/plano.h"
 #include "app/console/works/work.h"
 
@@ -53,10 +54,12 @@ constexpr Option kMarca{.name = "--marca",
 
 constexpr Option kSalidaLote = {.name = "--salida",
                                 .value = "CARPETA",
-                                .brief = "escribe los edificios y los resultados en CARPETA"};
+                                .brief = "escribe los edificios y los resultados en CARPETA",
+                                .complete = Complete::kFolder};
 constexpr Option kPlantillaDeLote = {.name = "--plantilla",
                                      .value = "PLANTILLA.bdl",
-                                     .brief = "plantilla de las filas que no nombran una"};
+                                     .brief = "plantilla de las filas que no nombran una",
+                                     .complete = Complete::kFile};
 constexpr Option kTrabajos = {
     .name = "--trabajos", .value = "N", .brief = "trabajos a la vez; si falta, uno por núcleo"};
 constexpr Option kFragmento = {
@@ -85,10 +88,18 @@ constexpr std::array kLoteOptions = {&kSalidaLote, &kPlantillaDeLote, &kTrabajos
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
 constexpr std::array kComprobarOptions = {&kFormatoDeFaltas, &kEstricto, &kSalidaPrevista,
                                           &kMarca,           &kSalida,   &kHelpOption};
+constexpr std::array kNuevaOptions = {&kSalida, &kHelpOption};
 constexpr std::array kPlanoOptions = {&kPlanta, &kSalida, &kHelpOption};
 constexpr std::array kInformeOptions = {&kFormato, &kSalida, &kHelpOption};
 
 constexpr Work kWorks[] = {
+    {"nueva", "escribe una tipología para empezar, con todos sus datos explicados",
+     "13 --salida casa.tip", "TIPO",
+     "Escribe un fichero *.tip de la tipología TIPO, de 1 a 23: todos los datos, cada uno con qué\n"
+     "es, su unidad, sus valores y qué pasa si falta, y las medidas de un edificio corriente, que\n"
+     "se genera tal cual. Los nombres son los de las plantillas de muestra; cámbielos por los de\n"
+     "la suya. El fichero está en Windows-1252; en un terminal se ve con los acentos de este.",
+     kNuevaOptions, 1, 1, nueva, "número"},
     {"comprobar", "busca todas las faltas de una tipología y su plantilla", "casa.bdl casa.tip",
      "[PLANTILLA.bdl] TIPOLOGIA.tip [TIPOLOGIA.tip ...]",
      "Dice todos los errores a la vez, cada uno con su lugar, y avisa de lo que se va a leer de\n"

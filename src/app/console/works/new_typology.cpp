@@ -1,0 +1,209 @@
+#include "app/console/works/new_typology.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <string_view>
+#include <variant>
+
+#include "core/concat.h"
+#include "plan/families.h"
+#include "plan/ordinary_plan.h"
+#include "report/plan_drawing.h"
+#include "typology/tipo.h"
+#include "typology/vivienda_keywords.h"
+
+// Comments keep away from the words in capitals that the file is searched for, from two points in a
+// row, and from the inside of the frame and the shade, which go into the building on one line.
+
+namespace {
+
+using R = TypologyRecord;
+
+struct Name {
+  std::string_view keyword;
+  std::string_view value;
+};
+
+constexpr std::string_view kFrame = "Marco_PVC";
+constexpr std::string_view kShade = "Voladizo_60cm";
+constexpr Name kNames[] = {
+    {"MUROS-FACHADA", "Muro_Fachada_Aislado"},
+    {"PARTICION-INTERIOR-VERTICAL", "Partición_Cerámica"},
+    {"MEDIANERA", "Medianera_Ladrillo"},
+    {"SUELOS", "Solera_Aislada"},
+    {"PARTICION-INTERIOR-HORIZONTAL", "Forjado_Entre_Plantas"},
+    {"CUBIERTAS", "Cubierta_Plana_Aislada"},
+    {"VENTANA-VIDRIO", "Vidrio_Doble_4-12-4"},
+    {"VENTANA-MARCO", kFrame},
+    {"VENTANA-SOMBRA", kShade},
+};
+
+constexpr std::string_view kBehind =
+    R"(
+$ El marco: ancho en m, conductancia en W/m²K, absortividad y permeabilidad en m³/h por m².
+"Marco_PVC" = NAME-FRAME
+   FRAME-WIDTH = 0.12
+   FRAME-CONDUCT = 1.80
+   FRAME-ABS = 0.30
+   INF-COEF = 9.00
+   ..
+
+$ La sombra: retranqueo y voladizo, en m y grados.
+"Voladizo_60cm" = VENTANA-SOMBRA
+   SETBACK = 0.20
+   OVERHANG-A = 0.10
+   OVERHANG-B = 0.15
+   OVERHANG-W = 4.00
+   OVERHANG-D = 0.60
+   OVERHANG-ANGLE = 90.00
+   ..
+
+$ El lugar: latitud y longitud en grados, altitud en m.
+"Lugar" = SOLAR-POSITION
+   LATITUDE = 40.40
+   LONGITUDE = -3.70
+   ALTITUDE = 650.0
+   ..
+)";
+
+constexpr int kStoreys = 4;
+constexpr float kStoreyHeight = 3;    // m, that of which windows are sized
+constexpr float kAirChanges = 0.63F;  // 1/h, as in most certificates
+constexpr PerFacade<float> kStreetShares = {25, 15, 20, 12};
+// A house stands between its neighbours.
+constexpr PerFacade<float> kHouseShares = {25, 0, 20, 0};
+constexpr PerFacade<float> kCourtyardShares = {20, 15, 25, 18};
+
+/// As short as it can be written; with two decimals at most here.
+std::string plain(double value) {
+  std::array<char, 32> digits{};
+  const auto end =
+      std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<float>(value));
+  return {digits.data(), end.ptr};
+}
+
+/// The plan number of a keyword; null for one that is none.
+struct PlanNumber {
+  float R::*keyword;
+  float PlanData::*number;
+};
+constexpr PlanNumber kPlanNumbers[] = {
+    {&R::areaPlanta, &PlanData::areaPlanta},
+    {&R::areaPatio, &PlanData::areaPatio},
+    {&R::areaEscalera, &PlanData::areaEscalera},
+    {&R::longitudFachada, &PlanData::longitudFachada},
+    {&R::profundidadPatio, &PlanData::profundidadPatio},
+    {&R::profundidadEscalera, &PlanData::profundidadEscalera},
+};
+
+const PlanNumber* planNumberOf(const ViviendaKeyword& keyword) {
+  const auto* field = std::get_if<float R::*>(&keyword.field);
+  if (field == nullptr) return nullptr;
+  const auto* row = std::ranges::find(kPlanNumbers, *field, &PlanNumber::keyword);
+  return row == std::end(kPlanNumbers) ? nullptr : row;
+}
+
+/// The building that the file describes.
+R ordinaryRecord(const PlanData& data) {
+  R record = defaultTypology();
+  const TipoRow& row = tipoRow(data.tipo);
+  record.tipo = data.tipo;
+  record.numeroPlantas = std::clamp(kStoreys, row.storeys.least, row.storeys.most);
+  record.alturaPlanta = kStoreyHeight;
+  record.airChangesHr = kAirChanges;
+  for (const PlanNumber& number : kPlanNumbers) record.*number.keyword = data.*number.number;
+  const Plan plan = std::get<Plan>(planTipologia(data));
+  const bool house = row.family == PlanFamily::kHouse;
+  for (std::size_t i = 0; i < record.porcentajeFachada.size(); ++i) {
+    record.porcentajeFachada.at(i) = (house ? kHouseShares : kStreetShares).at(i);
+    record.porcentajePatio.at(i) = plan.numHuecosPatio.at(i) > 0 ? kCourtyardShares.at(i) : 0;
+  }
+  return record;
+}
+
+/// How a value is written.
+class AsWritten {
+ public:
+  AsWritten(const R& record, std::string_view keyword) : record_(record), keyword_(keyword) {}
+
+  std::string operator()(int R::*field) const { return std::to_string(record_.*field); }
+  std::string operator()(float R::*field) const { return plain(record_.*field); }
+  std::string operator()(PerFacade<float> R::*field) const {
+    std::string list;
+    for (const float value : record_.*field) list += (list.empty() ? "( " : ", ") + plain(value);
+    return list + " )";
+  }
+  std::string operator()(std::string R::*) const {
+    return concat("\"", std::ranges::find(kNames, keyword_, &Name::keyword)->value, "\"");
+  }
+  std::string operator()(const IgnoredText& text) const { return record_.*text.kept; }
+
+ private:
+  const R& record_;
+  std::string_view keyword_;
+};
+
+/// What the absence of a keyword means: what a record holds from the start.
+struct IfMissing {
+  std::string operator()(std::string R::*) const { return "ninguno"; }
+  std::string operator()(const IgnoredText&) const { return {}; }
+  template <typename Number>
+  std::string operator()(Number R::*field) const {
+    return AsWritten(defaultTypology(), {})(field);
+  }
+};
+
+/// The values that a keyword may have in this building.
+std::string valuesOf(const ViviendaKeyword& keyword, const PlanData& data) {
+  if (keyword.field == ViviendaKeyword::Field(&R::tipo)) {
+    return concat("de 1 a ", std::to_string(kLastTipo));
+  }
+  if (keyword.field == ViviendaKeyword::Field(&R::numeroPlantas)) {
+    const StoreyRule& rule = tipoRow(data.tipo).storeys;
+    return concat("con este tipo, ", std::to_string(rule.least),
+                  rule.most == kAnyNumber ? " o más" : "");
+  }
+  const PlanNumber* const number = planNumberOf(keyword);
+  if (number == nullptr) return std::string(keyword.values);
+  if (data.*number->number == 0) return "este tipo no lo usa";
+  const PlanRange range = rangeIn(data, number->number);
+  return concat("de ", plain(range.least), " a ", plain(range.most),
+                " con las demás medidas de este fichero");
+}
+
+std::string unitOf(const ViviendaKeyword& keyword) {
+  if (keyword.unit.empty()) return {};
+  return concat(", en ", keyword.unit == "m2"  ? "m²"
+                         : keyword.unit == "°" ? "grados"
+                                               : keyword.unit);
+}
+
+std::string lines(const ViviendaKeyword& keyword, const PlanData& data, const R& record) {
+  const std::string values = valuesOf(keyword, data);
+  const std::string missing = keyword.required ? "" : std::visit(IfMissing(), keyword.field);
+  std::string comment = concat(keyword.meaning, unitOf(keyword));
+  comment.front() = static_cast<char>(std::toupper(comment.front()));  // none begins with an accent
+  if (!values.empty()) comment += ": " + values;
+  if (keyword.required) comment += "; obligatorio";
+  if (!missing.empty()) comment += "; si falta, " + missing;
+  return concat("   $ ", comment, "\n   ", keyword.name, " = ",
+                std::visit(AsWritten(record, keyword.name), keyword.field), "\n");
+}
+
+}  // namespace
+
+std::string newTypology(int tipo) {
+  const PlanData data = ordinaryPlan(tipo);
+  const R record = ordinaryRecord(data);
+  const std::string number = std::to_string(tipo);
+  std::string text = concat(
+      "$ Tipología ", number, ": ", report::familyTitle(tipo), "\n",
+      "$ Escrita por tip2bdl-cli nueva ", number,
+      ". Cambie los números y los nombres y compruebe el", " fichero con tip2bdl-cli comprobar.\n",
+      "$ Lo que sigue a un dólar es un comentario. Los decimales llevan punto. El fichero está en",
+      " Windows-1252 (ANSI).\n\n\"Edificio\" = VIVIENDA\n");
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) text += lines(keyword, data, record);
+  return text + "   ..\n" + std::string(kBehind);
+}
