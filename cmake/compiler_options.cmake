@@ -21,6 +21,9 @@ else()
   # would change their last decimal from one machine to the next.
   add_compile_options(-Wall -Wextra -Wpedantic -Wconversion -Wshadow -ffp-contract=off
     $<$<BOOL:${WARNINGS_ARE_ERRORS}>:-Werror>)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+    add_compile_options(-Wreserved-identifier)
+  endif()
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
     # GCC 12 sees overlapping copies in "text" + std::string where there are none (its bug 105651).
     add_compile_options(-Wno-restrict)
