@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -115,7 +116,10 @@ TEST_F(ConsoleProgram, HelpAndVersionGoToStandardOutput) {
   EXPECT_TRUE(help.out.starts_with("Ejemplo:\n  tip2bdl-cli casa.bdl"));
   const ProgramResult version = runWith({"--version"});
   EXPECT_EQ(0, version.status);
-  EXPECT_TRUE(version.out.starts_with("tip2bdl-cli 0."));
+  EXPECT_EQ("", version.err);
+  EXPECT_THAT(version.out,
+              testing::MatchesRegex("tip2bdl-cli [0-9]+\\.[0-9]+\\.[0-9]+\n"
+                                    "commit ([0-9a-f]+\\+?|desconocido), [A-Za-z]+ [0-9.]+\n"));
 }
 
 TEST_F(ConsoleProgram, AFaultEndsWithThreeItsMessageAnEmptyOutputAndNoMarker) {

@@ -32,7 +32,7 @@ Drawing drawn(const PlanData& data, const Plan& plan, double giro = 0) {
   sheet.giro = giro;
   sheet.title = "un título tan largo que no cabe entero en el cajetín de ninguna hoja";
   sheet.content = report::planContent(data.tipo);
-  sheet.program = "tip2bdl 0.1.0";
+  sheet.program = "tip2bdl 1.0.0";
   sheet.fingerprint = "0123456789abcdef";
   return report::planDrawing(sheet);
 }

@@ -24,7 +24,7 @@ constexpr Option kQuiet{.name = "--quiet",
                         .brief = "no muestra el progreso (solo se muestra en un terminal)"};
 constexpr Option kHelp{.name = "--help", .value = "", .brief = "muestra esta ayuda"};
 constexpr Option kVersion{
-    .name = "--version", .value = "", .brief = "muestra la versión"};
+    .name = "--version", .value = "", .brief = "muestra la versión, su commit y su compilador"};
 constexpr Option kOptionsEnd{
     .name = "--", .value = "", .brief = "lo que sigue son rutas, aunque empiecen por \"-\""};
 constexpr const Option* kRunOptions[] = {&kQuiet, &kHelp, &kVersion, &kOptionsEnd};

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "app/commit.h"
 #include "app/completion_marker.h"
 #include "app/console/arguments.h"
 #include "app/console/console_application.h"
@@ -12,6 +13,7 @@
 #include "app/run_generation.h"
 #include "app/run_safely.h"
 #include "app/version.h"
+#include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
 
@@ -34,7 +36,9 @@ int say(std::string_view utf8) {
 
 int answer(const HelpRequest&) { return say(helpOfRun() + listOfWorks()); }
 
-int answer(const VersionRequest&) { return say(std::string("tip2bdl-cli ") + kVersion + "\n"); }
+int answer(const VersionRequest&) {
+  return say(concat("tip2bdl-cli ", kVersion, "\ncommit ", kCommit, ", ", kCompiler, "\n"));
+}
 
 int answer(const WrongArguments& wrong) {
   print(stderr, "tip2bdl-cli: " + wrong.problem + "\n" + std::string(kUsage));
