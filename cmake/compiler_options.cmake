@@ -30,10 +30,12 @@ else()
   endif()
   # Hardening: inputs come from anywhere, and the programs run on servers.
   add_compile_options(-fstack-protector-strong $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2>)
+  # The same sources give the same bytes, wherever they lie.
+  set(here -ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
+  add_compile_options("$<$<CONFIG:Release>:${here}>")
   if(WIN32)
-    # The programs bring all that the system has not; the same sources give the same bytes.
+    # The programs bring all that the system has not.
     add_compile_definitions(_WIN32_WINNT=0x0A00 UNICODE NOMINMAX WIN32_LEAN_AND_MEAN)
-    add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=.)
     add_link_options(-static -s -fstack-protector-strong -Wl,--no-insert-timestamp)
   else()
     add_link_options(-Wl,-z,relro,-z,now)
