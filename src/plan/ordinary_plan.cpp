@@ -62,7 +62,7 @@ static_assert([] {
 }());
 
 constexpr double kHundredths = 100;
-constexpr long kNoPlanFrom = 10000 * 100;  // hundredths: above what any number may be
+constexpr long kNoPlanFrom = 1000000;  // hundredths: above what any number may be
 
 bool canBeBuilt(PlanData data, float PlanData::*number, long hundredths) {
   data.*number = static_cast<float>(static_cast<double>(hundredths) / kHundredths);
