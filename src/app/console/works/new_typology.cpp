@@ -147,7 +147,7 @@ class AsWritten {
 
 /// What the absence of a keyword means: what a record holds from the start.
 struct IfMissing {
-  std::string operator()(std::string R::*) const { return "ninguno"; }
+  std::string operator()(std::string R::*) const { return "no hay"; }
   std::string operator()(const IgnoredText&) const { return {}; }
   template <typename Number>
   std::string operator()(Number R::*field) const {
