@@ -1,0 +1,124 @@
+#!/usr/bin/env python3
+"""Runs the examples of a page of the manual.
+
+    run_page.py --program CLI --samples SAMPLES [--update] PAGE ...
+
+A `console` block is commands, each behind "$ ", and what they print, to the byte, standard output
+and standard error in one; a last line "? N" is an exit status other than 0. The blocks of a page run
+in order in one folder that holds the sample buildings, with the program on the path, in English and
+UTC. Output that is not UTF-8 is taken as Windows-1252. --update rewrites what is printed.
+
+Blocks of `sh` are not run and say why in a comment before them: <!-- no se ejecuta: ... -->. Every
+other block of the page must be one that shows a file or a text. Exit status 1 if anything is not so.
+"""
+
+import argparse
+import difflib
+import os
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+from pathlib import Path
+
+BLOCK = re.compile(r"(?P<before>[^\n]*\n)```(?P<kind>[^\n]*)\n(?P<body>.*?)```(?=\n)", re.S)
+COMMAND = re.compile(r"^\$ (.*(?:\\\n.*)*)\n", re.M)
+SHOWN = {"tip", "text", "bdl", "csv", "json"}
+REASON = re.compile(r"<!-- no se ejecuta: \S.*-->\n")
+
+
+class Console:
+    """A shell in a folder of its own, with the samples."""
+
+    def __init__(self, program, samples):
+        self.folder = Path(tempfile.mkdtemp(prefix="manual-"))
+        for sample in Path(samples).iterdir():
+            if sample.is_dir():
+                shutil.copytree(sample, self.folder / ".muestras" / sample.name)
+        self.environment = {"PATH": f"{Path(program).resolve().parent}:/usr/bin:/bin",
+                            "HOME": str(self.folder), "LC_ALL": "C.UTF-8", "TZ": "UTC",
+                            "COLUMNS": "100"}
+
+    def close(self):
+        shutil.rmtree(self.folder)
+
+    def have(self, command):
+        """A page names a sample by its folder; only those that it names are there."""
+        for sample in (self.folder / ".muestras").iterdir():
+            if f"{sample.name}/" in command and not (self.folder / sample.name).exists():
+                shutil.copytree(sample, self.folder / sample.name)
+
+    def run(self, command):
+        self.have(command)
+        done = subprocess.run(["/bin/bash", "-c", command], cwd=self.folder, env=self.environment,
+                              stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                              stderr=subprocess.STDOUT, timeout=60, check=False)
+        try:
+            text = done.stdout.decode("utf-8")
+        except UnicodeDecodeError:
+            text = done.stdout.decode("cp1252")
+        if text and not text.endswith("\n"):
+            text += "\n"
+        return text + (f"? {done.returncode}\n" if done.returncode else "")
+
+
+def ran(body, console):
+    """The block as its commands print it."""
+    return "".join(f"$ {command}\n{console.run(command)}" for command in COMMAND.findall(body))
+
+
+def check(page, options):
+    text = page.read_text(encoding="utf-8")
+    faults, pieces, at, blocks = [], [], 0, 0
+    console = Console(options.program, options.samples)
+    for block in BLOCK.finditer(text):
+        kind, body = block["kind"], block["body"]
+        line = text.count("\n", 0, block.start("body"))
+        pieces.append(text[at:block.start("body")])
+        at = block.end("body")
+        if kind == "console":
+            blocks += 1
+            printed = ran(body, console)
+            pieces.append(printed)
+            if printed != body:
+                difference = difflib.unified_diff(body.splitlines(), printed.splitlines(),
+                                                  "page", "printed", lineterm="", n=1)
+                faults.append(f"{page.name}:{line}: prints something else\n"
+                              + "\n".join(difference))
+            if printed.count("\n$ ") + 1 != len(COMMAND.findall(body)):
+                faults.append(f"{page.name}:{line}: prints a line that looks like a command")
+            if not body.startswith("$ "):
+                faults.append(f"{page.name}:{line}: a console block begins with a command")
+            continue
+        pieces.append(body)
+        if kind == "sh" and not REASON.fullmatch(block["before"]):
+            faults.append(f"{page.name}:{line}: does not say why it is not run")
+        elif kind != "sh" and kind not in SHOWN:
+            faults.append(f"{page.name}:{line}: a block of no known kind: '{kind}'")
+    pieces.append(text[at:])
+    console.close()
+    if text.count("```") != 2 * len(BLOCK.findall(text)):
+        faults.append(f"{page.name}: a block that is not seen")
+    if options.update:
+        page.write_text("".join(pieces), encoding="utf-8")
+    print(f"{page.name}: {blocks} blocks")
+    return faults
+
+
+def main():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("--program", type=Path, required=True)
+    parser.add_argument("--samples", type=Path, required=True)
+    parser.add_argument("--update", action="store_true")
+    parser.add_argument("pages", type=Path, nargs="+")
+    options = parser.parse_args()
+    os.umask(0o022)
+    faults = [fault for page in options.pages for fault in check(page, options)]
+    for fault in faults:
+        print(fault, file=sys.stderr)
+    return 1 if faults and not options.update else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())
