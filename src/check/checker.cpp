@@ -5,8 +5,6 @@
 #include <set>
 #include <tuple>
 
-#include "check/template_commands.h"
-#include "check/template_findings.h"
 #include "check/written_typology.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
@@ -60,15 +58,6 @@ std::vector<Fault> planFaults(const TypologyRecord& typology) {
 bool leavesNoPlan(const Fault& fault) {
   const Code code = codeOfRunMessage(fault.message);
   return code == Code::kFaltaDato || code == Code::kNoPositivo || code == Code::kFaltaVivienda;
-}
-
-std::vector<std::string> framesOf(const Template& plantilla) {
-  const TemplateCommands commands(plantilla.building());
-  std::vector<std::string> names;
-  for (const TemplateCommands::Command* frame : commands.ofType("NAME-FRAME")) {
-    names.emplace_back(frame->name);
-  }
-  return names;
 }
 
 }  // namespace
@@ -139,13 +128,13 @@ class Checker::Run {
     runFault_ = reading.runFault;
     keep(reading.faults);
     remarks_ = reading.findings;
-    if (reading.plantilla) frames_ = framesOf(*reading.plantilla);
+    if (reading.checked) frames_ = reading.checked->frames();
     readTypology();
     // The run looks at the template before it looks at the plan.
     if (reading.plantilla && record_ && !runFault_) generate(*reading.plantilla);
     keep(limits());
-    if (!reading.plantilla || !record_) return;
-    const Findings fit = fitFindings(*reading.plantilla, *record_);
+    if (!reading.checked || !record_) return;
+    const Findings fit = fitFindings(*reading.checked, *record_);
     remarks_.insert(remarks_.end(), fit.begin(), fit.end());
   }
 
@@ -203,7 +192,10 @@ const Checker::TemplateReading& Checker::templateReading(const InputPaths& paths
     template_->plantilla =
         std::make_unique<Template>(std::move(texts->building), std::move(texts->table));
   });
-  if (template_->plantilla) template_->findings = templateFindings(*template_->plantilla);
+  if (template_->plantilla) {
+    template_->checked = std::make_unique<const CheckedTemplate>(*template_->plantilla);
+    template_->findings = templateFindings(*template_->checked);
+  }
   return *template_;
 }
 

@@ -5,6 +5,7 @@
 #include <set>
 #include <string>
 
+#include "check/checked_template.h"
 #include "check/finding.h"
 #include "generator/run_inputs.h"
 #include "generator/template.h"
@@ -30,7 +31,8 @@ class Checker {
  private:
   /// What came of reading a template's side.
   struct TemplateReading {
-    std::unique_ptr<Template> plantilla;  // null where a run would end here
+    std::unique_ptr<Template> plantilla;             // null where a run would end here
+    std::unique_ptr<const CheckedTemplate> checked;  // of it
     std::optional<Fault> runFault;
     std::vector<Fault> faults;  // all of them
     Findings findings;          // of the template alone

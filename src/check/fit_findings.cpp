@@ -1,13 +1,12 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <optional>
 
-#include "check/template_commands.h"
-#include "check/template_findings.h"
+#include "check/checked_template.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "generator/name_list.h"
-#include "generator/orientation.h"
 #include "generator/typology_geometry.h"
 #include "typology/tipo.h"
 #include "typology/vivienda_keywords.h"
@@ -31,28 +30,14 @@ std::string shown(double value, int decimals = 2) {
 
 constexpr std::array<std::string_view, 4> kFacadeNames = {"sur", "este", "norte", "oeste"};
 
-/// The windows of the table on each façade, street and courtyard.
-struct WindowCounts {
-  PerFacade<int> street{};
-  PerFacade<int> courtyard{};
-};
-
-WindowCounts countWindows(const TableFile& table) {
-  WindowCounts counts;
-  for (const Surface& surface : table.surfaces) {
-    if (surface.kind < 1) continue;
-    const int orientation = classifyOrientation(surface.azimuth, surface.tilt);
-    if (orientation < 0) continue;
-    const bool courtyard = surface.name.find("Med") != std::string_view::npos;
-    ++(courtyard ? counts.courtyard : counts.street)[facadeIndex(orientation)];
-  }
-  return counts;
-}
-
 class Fit {
  public:
-  Fit(const Template& plantilla, const TypologyRecord& typology)
-      : plantilla_(plantilla), typology_(typology), commands_(plantilla.building()) {}
+  Fit(const CheckedTemplate& checked, const TypologyRecord& typology, Places places)
+      : places_(places),
+        plantilla_(checked.plantilla()),
+        commands_(checked.commands()),
+        windows_(checked.windows()),
+        typology_(typology) {}
 
   Findings findings() {
     compareNames();
@@ -92,7 +77,7 @@ class Fit {
     if (command != nullptr && isDefinedAs(name, type)) return;
     Finding finding{.code = command == nullptr ? Code::kNombreNoDefinido : Code::kNombreDeOtraCosa,
                     .message = {},
-                    .place = typology_.placeOf(keyword),
+                    .place = placeOf(keyword),
                     .found = name,
                     .used = "el nombre tal cual"};
     if (command == nullptr) {
@@ -138,7 +123,7 @@ class Fit {
          .message = concat("El marco ", typology_.ventanaMarco,
                            " está en la plantilla y no en la tipología: las ventanas no llevarán "
                            "sus datos"_cp1252),
-         .place = typology_.placeOf("VENTANA-MARCO"),
+         .place = placeOf("VENTANA-MARCO"),
          .found = typology_.ventanaMarco,
          .used = "ventanas sin los datos del marco",
          .suggestion = concat("copie el comando ", typology_.ventanaMarco,
@@ -172,7 +157,7 @@ class Fit {
              concat("La plantilla tiene ", std::to_string(floors.size()),
                     floors.size() == 1 ? " planta" : " plantas", " (FLOOR) y la tipología "_cp1252,
                     std::to_string(typology_.tipo), " se construye con ", std::to_string(wanted)),
-         .place = typology_.placeOf("TIPO"),
+         .place = placeOf("TIPO"),
          .found = std::to_string(floors.size()),
          .used = "las de la plantilla",
          .allowed = std::to_string(wanted),
@@ -203,12 +188,11 @@ class Fit {
 
   /// Façades with glazing and bays, but without a window in the template.
   void compareFacades(const Plan& plan) {
-    const WindowCounts windows = countWindows(plantilla_.table());
     for (std::size_t facade = 0; facade < 4; ++facade) {
       compareFacade("PORCENTAJE-FACHADA", facade, typology_.porcentajeFachada[facade],
-                    windows.street[facade], plan.numHuecosFachada[facade], "de calle");
+                    windows_.street[facade], plan.numHuecosFachada[facade], "de calle");
       compareFacade("PORCENTAJE-PATIO", facade, typology_.porcentajePatio[facade],
-                    windows.courtyard[facade], plan.numHuecosPatio[facade], "de patio");
+                    windows_.courtyard[facade], plan.numHuecosPatio[facade], "de patio");
     }
   }
 
@@ -221,7 +205,7 @@ class Fit {
                          .message = concat("La plantilla no tiene ventanas ", side,
                                            " en la fachada ", kFacadeNames[facade],
                                            ", que pide un ", shown(percentage), " % de huecos"),
-                         .place = typology_.placeOf(keyword),
+                         .place = placeOf(keyword),
                          .found = shown(percentage) + " %",
                          .used = std::string("ningún hueco"_cp1252)});
   }
@@ -244,7 +228,7 @@ class Fit {
          .message =
              concat("Los huecos se calculan con plantas de 3,00 m y esta mide ", shown(height),
                     " m: se obtendrá cada porcentaje por "_cp1252, shown(factor, 3)),
-         .place = typology_.placeOf("ALTURA-PLANTA"),
+         .place = placeOf("ALTURA-PLANTA"),
          .found = shown(height) + " m",
          .used = std::string("paños de 3,00 m"_cp1252)});
   }
@@ -283,18 +267,27 @@ class Fit {
   void note(Code code, std::string_view keyword, float percentage, std::string message) {
     findings_.push_back({.code = code,
                          .message = std::move(message),
-                         .place = typology_.placeOf(keyword),
+                         .place = placeOf(keyword),
                          .found = shown(percentage) + " %"});
   }
 
+  /// A place is looked for in the whole typology.
+  std::optional<Place> placeOf(std::string_view keyword) const {
+    if (places_ == Places::kLeftOut) return std::nullopt;
+    return typology_.placeOf(keyword);
+  }
+
+  Places places_;
   const Template& plantilla_;
+  const TemplateCommands& commands_;
+  const WindowCounts& windows_;
   const TypologyRecord& typology_;
-  TemplateCommands commands_;
   Findings findings_;
 };
 
 }  // namespace
 
-Findings fitFindings(const Template& plantilla, const TypologyRecord& typology) {
-  return Fit(plantilla, typology).findings();
+Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+                     Places places) {
+  return Fit(checked, typology, places).findings();
 }

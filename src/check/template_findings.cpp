@@ -1,10 +1,8 @@
-#include "check/template_findings.h"
-
 #include <algorithm>
 #include <array>
 #include <unordered_set>
 
-#include "check/template_commands.h"
+#include "check/checked_template.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/line_reader.h"
@@ -104,10 +102,9 @@ void noteAzimuths(const Template& plantilla, Findings& findings) {
 
 }  // namespace
 
-Findings templateFindings(const Template& plantilla) {
+Findings templateFindings(const CheckedTemplate& checked) {
   Findings findings;
-  const TemplateCommands commands(plantilla.building());
-  compareNames(plantilla, commands, findings);
-  noteAzimuths(plantilla, findings);
+  compareNames(checked.plantilla(), checked.commands(), findings);
+  noteAzimuths(checked.plantilla(), findings);
   return findings;
 }

@@ -76,16 +76,28 @@ void compareEncoding(std::string_view bytes, WrittenFindings& findings) {
                 .suggestion = "guarde el fichero como Windows-1252 (ANSI)"});
 }
 
-bool isControl(char c) {
+constexpr bool isControl(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte == 0x7F || (byte < ' ' && c != '\t' && c != '\n' && c != '\r');
 }
 
+constexpr char kHardBlank = '\xA0';
+
+/// By byte; every byte of a file is asked.
+constexpr std::array<bool, 256> kMayBeControl = [] {
+  std::array<bool, 256> may{};
+  for (std::size_t byte = 0; byte < may.size(); ++byte) {
+    const char c = static_cast<char>(byte);
+    may[byte] = isControl(c) || c == kHardBlank;
+  }
+  return may;
+}();
+
 void compareControls(std::string_view bytes, const WrittenFile& file, WrittenFindings& findings) {
-  constexpr char kHardBlank = '\xA0';
   Occurrences controls;
   Occurrences hardBlanks;
   for (std::size_t at = 0; at < bytes.size(); ++at) {
+    if (!kMayBeControl[static_cast<unsigned char>(bytes[at])]) continue;
     if (isControl(bytes[at])) controls.add({at, at + 1});
     // In names and comments it is a character like any other, and in UTF-8 half of one.
     const bool hard = bytes[at] == kHardBlank && file.tokenAt(at) == nullptr;
@@ -115,8 +127,9 @@ void compareLineEnds(std::string_view bytes, WrittenFindings& findings) {
   enum Kind { kLf, kCrLf, kCr };
   constexpr std::array<std::string_view, 3> kNames = {"LF", "CR LF", "CR"};
   std::optional<Kind> first;
-  for (std::size_t at = bytes.find_first_of("\r\n"); at != std::string_view::npos;
-       at = bytes.find_first_of("\r\n", at + 1)) {
+  if (bytes.find('\r') == std::string_view::npos) return;
+  for (std::size_t at = 0; at < bytes.size(); ++at) {
+    if (bytes[at] != '\n' && bytes[at] != '\r') continue;
     const bool pair = bytes.substr(at).starts_with("\r\n");
     const Kind kind = pair ? kCrLf : bytes[at] == '\r' ? kCr : kLf;
     if (!first) first = kind;

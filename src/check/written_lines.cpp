@@ -1,6 +1,7 @@
 #include "check/written_lines.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 namespace {
@@ -11,18 +12,34 @@ constexpr std::string_view kBlanks = " \t\r\n\v\f\xA0";
 constexpr std::string_view kBehindWord = " \t\r\n\v\f\xA0\"=()$";
 constexpr std::string_view kLineEnds = "\r\n";
 
+/// Whether a byte is one of some: a look-up each, since every byte of a file is asked.
+class ByteSet {
+ public:
+  constexpr explicit ByteSet(std::string_view bytes) {
+    for (const char c : bytes) has_[static_cast<unsigned char>(c)] = true;
+  }
+  constexpr bool has(char c) const { return has_[static_cast<unsigned char>(c)]; }
+
+ private:
+  std::array<bool, 256> has_{};
+};
+constexpr ByteSet kIsBlank(kBlanks);
+constexpr ByteSet kEndsWord(kBehindWord);
+
 class Tokeniser {
  public:
   explicit Tokeniser(std::string_view bytes) : bytes_(bytes) {}
 
   std::vector<Token> tokens() {
+    constexpr std::size_t kUsualToken = 6;  // bytes, with what parts it from the next
+    tokens_.reserve(bytes_.size() / kUsualToken);
     while (skipBlanks()) takeToken();
     return std::move(tokens_);
   }
 
  private:
   bool skipBlanks() {
-    for (; at_ < bytes_.size() && kBlanks.find(bytes_[at_]) != kNone; ++at_) {
+    for (; at_ < bytes_.size() && kIsBlank.has(bytes_[at_]); ++at_) {
       const bool first = bytes_[at_] == '\n' && at_ > 0 && bytes_[at_ - 1] == '\r';
       if (!first && kLineEnds.find(bytes_[at_]) != kNone) ++line_;
     }
@@ -76,7 +93,8 @@ class Tokeniser {
 
   void takeWord() {
     if (bytes_.substr(at_).starts_with("..")) return add(TokenKind::kEnd, at_ + 2);
-    const std::size_t end = std::min(bytes_.find_first_of(kBehindWord, at_), bytes_.size());
+    std::size_t end = at_;
+    while (end < bytes_.size() && !kEndsWord.has(bytes_[end])) ++end;
     // Dots in the middle of a word end nothing that a person would see.
     const bool closes = end - at_ > 2 && bytes_.substr(end - 2, 2) == "..";
     add(TokenKind::kWord, closes ? end - 2 : end);
@@ -93,6 +111,7 @@ bool isName(TokenKind kind) { return kind == TokenKind::kText || kind == TokenKi
 class CommandReader {
  public:
   CommandReader(std::string_view bytes, const std::vector<Token>& tokens) : bytes_(bytes) {
+    tokens_.reserve(tokens.size());
     for (const Token& token : tokens) {
       if (token.kind != TokenKind::kComment) tokens_.push_back(&token);
     }
@@ -198,7 +217,8 @@ class CommandReader {
 }  // namespace
 
 std::size_t typographicQuote(std::string_view text) {
-  if (text.empty()) return 0;
+  const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+  if (text.empty() || (isAscii(text.front()) && text.front() != '\'')) return 0;
   // In Windows-1252: single and double ones, high and low, and the angular ones.
   constexpr std::string_view kSingleByte = "'\x82\x84\x91\x92\x93\x94\xAB\xBB";
   constexpr std::string_view kUtf8[] = {"\xE2\x80\x98", "\xE2\x80\x99", "\xE2\x80\x9A",

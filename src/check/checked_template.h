@@ -1,0 +1,51 @@
+#pragma once
+
+#include <set>
+#include <string>
+#include <vector>
+
+#include "check/finding.h"
+#include "check/template_commands.h"
+#include "generator/template.h"
+#include "typology/facade.h"
+#include "typology/typology_record.h"
+
+/// The windows of a template's table on each façade, street and courtyard.
+struct WindowCounts {
+  PerFacade<int> street{};
+  PerFacade<int> courtyard{};
+};
+
+/// A template with what checks ask of it, found out once for all its typologies. Never changes; any
+/// number of threads may share one. `plantilla` must outlive it.
+class CheckedTemplate {
+ public:
+  explicit CheckedTemplate(const Template& plantilla);
+
+  const Template& plantilla() const { return plantilla_; }
+  const TemplateCommands& commands() const { return commands_; }
+  const WindowCounts& windows() const { return windows_; }
+  /// Names of the frames that it defines, in double quotes.
+  const std::vector<std::string>& frames() const { return frames_; }
+
+ private:
+  const Template& plantilla_;
+  TemplateCommands commands_;
+  WindowCounts windows_;
+  std::vector<std::string> frames_;
+};
+
+/// Warnings and notes about a template and its table, whatever the typology.
+Findings templateFindings(const CheckedTemplate& checked);
+
+/// Warnings and notes about what only a template and a typology together show: names that are
+/// defined nowhere, façades without windows, plans and storeys of another building, glazing that
+/// will differ from what was asked.
+/// Whoever wants the codes alone need not wait for places in the typology.
+enum class Places { kGiven, kLeftOut };
+Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+                     Places places = Places::kGiven);
+
+/// The codes of all that a check has to say of a typology with this template besides errors: how
+/// the file is written, and how the two fit.
+std::set<Code> remarkCodes(const CheckedTemplate& checked, const TypologyRecord& typology);
