@@ -2,6 +2,36 @@
 
 namespace report {
 
+void beginPage(HtmlWriter& html, std::string_view kind, std::string_view title,
+               const std::string& moreStyle) {
+  html.raw(
+          "<!DOCTYPE html>\n<html lang=\"es\">\n<head>\n<meta charset=\"utf-8\">\n"
+          "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
+          "style-src 'unsafe-inline'; img-src data:; base-uri 'none'; form-action 'none'\">\n"
+          "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
+          "<meta name=\"color-scheme\" content=\"light dark\">\n<title>")
+      .text(kind)
+      .raw(": ")
+      .text(title)
+      .raw("</title>\n<style>\n")
+      .style(pageStyle() + moreStyle)
+      .raw("</style>\n</head>\n<body>\n<header>\n<h1>")
+      .text(title)
+      .raw("</h1>\n");
+}
+
+void endPage(HtmlWriter& html, std::string_view program, std::string_view sentence) {
+  html.raw("</main>\n<footer><p class=\"tenue\">")
+      .text(program)
+      .raw(". ")
+      .text(sentence)
+      .raw("</p></footer>\n</body>\n</html>\n");
+}
+
+void addFigure(HtmlWriter& html, std::string_view name, std::string_view value) {
+  html.raw("<div><dt>").text(name).raw("</dt><dd>").text(value).raw("</dd></div>\n");
+}
+
 void HtmlTable::writeRow(HtmlWriter& html, const std::vector<std::string>& cells) const {
   html.raw("<tr>");
   for (std::size_t i = 0; i < cells.size(); ++i) {

@@ -37,6 +37,16 @@ class HtmlWriter {
   std::string page_;
 };
 
+/// A page from its first byte to its heading, in a <header> that is still open. `kind` stands
+/// before `title` where a browser names the page; `moreStyle` follows the style sheet.
+void beginPage(HtmlWriter& html, std::string_view kind, std::string_view title,
+               const std::string& moreStyle = {});
+/// From the end of <main> on: who made the page, and a sentence.
+void endPage(HtmlWriter& html, std::string_view program, std::string_view sentence);
+
+/// A number with its name, inside a <dl class="cifras">.
+void addFigure(HtmlWriter& html, std::string_view name, std::string_view value);
+
 /// A table whose rows are texts. The first column heads its rows; columns from `firstNumber` on
 /// are set to the right.
 class HtmlTable {

@@ -12,10 +12,6 @@ namespace report {
 
 namespace {
 
-constexpr std::string_view kModelOnly =
-    "Describe el modelo generado, no el edificio real; las superficies son las del modelo, sin "
-    "espesor de muros.";
-
 std::string m2(double value, int decimals = 2) { return quantity(value, decimals, "m²"); }
 std::string percent(double value) { return quantity(value, 1, "%"); }
 
@@ -57,10 +53,8 @@ class Page {
     data();
     rewritten();
     findings();
-    html_.raw("</main>\n<footer><p class=\"tenue\">").text(report_.program);
-    html_.raw(
-        ". Informe sin fecha: las mismas entradas dan siempre los mismos bytes.</p></footer>\n"
-        "</body>\n</html>\n");
+    endPage(html_, report_.program,
+            "Informe sin fecha: las mismas entradas dan siempre los mismos bytes.");
     return html_.take();
   }
 
@@ -71,19 +65,7 @@ class Page {
   }
 
   void head() {
-    html_
-        .raw(
-            "<!DOCTYPE html>\n<html lang=\"es\">\n<head>\n<meta charset=\"utf-8\">\n"
-            "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; "
-            "style-src 'unsafe-inline'; img-src data:; base-uri 'none'; form-action 'none'\">\n"
-            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n"
-            "<meta name=\"color-scheme\" content=\"light dark\">\n<title>Informe: ")
-        .text(title())
-        .raw("</title>\n<style>\n")
-        .style(pageStyle())
-        .raw("</style>\n</head>\n<body>\n<header>\n<h1>")
-        .text(title())
-        .raw("</h1>\n");
+    beginPage(html_, "Informe", title());
     if (report_.sheet) {
       html_.raw("<p class=\"entrada\">Tipología ")
           .text(std::to_string(report_.sheet->data.tipo))
@@ -125,22 +107,18 @@ class Page {
         "<li><a href=\"#comprobaciones\">Comprobaciones</a></li>\n</ul>\n</nav>\n");
   }
 
-  void figureOfNumber(std::string_view name, const std::string& value) {
-    html_.raw("<div><dt>").text(name).raw("</dt><dd>").text(value).raw("</dd></div>\n");
-  }
-
   void identity() {
     html_.raw("<section id=\"identificacion\">\n<h2>1. Qué es</h2>\n");
     if (report_.measures) {
       const Measures& m = *report_.measures;
       html_.raw("<dl class=\"cifras\">\n");
-      figureOfNumber("Plantas", std::to_string(m.storeys));
-      figureOfNumber("Altura de planta", quantity(m.storeyHeight, 2, "m"));
-      figureOfNumber("Viviendas", std::to_string(m.dwellings));
-      figureOfNumber("Superficie de planta", m2(m.footprint, 1));
-      figureOfNumber("Superficie total del modelo", m2(m.floorArea, 0));
-      figureOfNumber("Fachada principal",
-                     "al " + looksTo(realAzimuth(kSouth, report_.sheet->giro)));
+      addFigure(html_, "Plantas", std::to_string(m.storeys));
+      addFigure(html_, "Altura de planta", quantity(m.storeyHeight, 2, "m"));
+      addFigure(html_, "Viviendas", std::to_string(m.dwellings));
+      addFigure(html_, "Superficie de planta", m2(m.footprint, 1));
+      addFigure(html_, "Superficie total del modelo", m2(m.floorArea, 0));
+      addFigure(html_, "Fachada principal",
+                "al " + looksTo(realAzimuth(kSouth, report_.sheet->giro)));
       html_.raw("</dl>\n");
       if (m.storeys != report_.numeroPlantas) {
         html_.raw("<p class=\"nota\">La tipología pide NUMERO-PLANTAS = ")

@@ -8,6 +8,11 @@
 /// Numbers and directions as raters read them, UTF-8.
 namespace report {
 
+/// What every report says of itself.
+inline constexpr std::string_view kModelOnly =
+    "Describe el modelo generado, no el edificio real; las superficies son las del modelo, sin "
+    "espesor de muros.";
+
 /// `value` with a decimal comma; four digits stand together, from five on a narrow blank parts the
 /// thousands. Never "-0".
 std::string number(double value, int decimals);
