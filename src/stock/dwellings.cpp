@@ -59,16 +59,33 @@ std::optional<Place> placeInInputs(const ListRow& row, const PreparedDwelling& p
   return known ? row.placeOf(typology.columnOfLine[index]) : row.place();
 }
 
-template <typename Body>
-void refuseUnless(const Body& body, const ListRow& row, const PreparedDwelling& prepared) {
-  const std::optional<Fault> fault = faultOf(body);
-  if (!fault) return;
-  const std::optional<Place> place = placeInInputs(row, prepared, fault->place);
-  throw refusalOf(*fault, place ? place : row.place());
+[[noreturn]] void refuse(const Fault& fault, const ListRow& row, const PreparedDwelling& prepared) {
+  const std::optional<Place> place = placeInInputs(row, prepared, fault.place);
+  throw refusalOf(fault, place ? place : row.place());
 }
 
 [[noreturn]] void failToWrite(const std::string& path) {
   throw DiskFault{concat("Error al escribir fichero: ", path)};
+}
+
+/// A fingerprint for a cell: it begins with a letter, or a spreadsheet would take one of 16 decimal
+/// digits for a number and lose the last ones.
+std::string cellPrint(std::string_view text) { return "x" + report::fingerprint(text); }
+
+/// What a check of the two says besides errors. Also of a typology that the run refuses: what is
+/// read in another way than it is written may be why.
+NoteCodes notesOn(const SharedTemplate& shared, const PreparedDwelling& prepared,
+                  const std::optional<TypologyRecord>& typology) {
+  NoteCodes codes = shared.notes;
+  // The check never ends a run; a text that is too long for reading leaves nothing to check.
+  faultOf([&] {
+    std::vector<Fault> ignored;
+    const auto read = [&] {
+      return TypologyRecord(SourceText(prepared.typologyName, prepared.typology.bytes), ignored);
+    };
+    codes.merge(remarkCodes(*shared.checked, typology ? *typology : read()));
+  });
+  return codes;
 }
 
 /// The WINDOW commands of a template, found once for all its dwellings.
@@ -137,6 +154,8 @@ SharedTemplate Dwellings::readTemplate(const std::string& path) const {
       shared.plantilla =
           std::make_unique<const Template>(std::move(texts.building), std::move(texts.table));
       shared.windows = windowsOf(shared.plantilla->building().bytes());
+      shared.checked = std::make_unique<const CheckedTemplate>(*shared.plantilla);
+      shared.notes = codesOf(templateFindings(*shared.checked));
     });
   }
   for (const auto* fault : {&shared.missing, &shared.missingLibrary, &shared.fault}) {
@@ -197,12 +216,13 @@ PreparedDwelling Dwellings::prepare(const ListRow& row, long number, bool repeat
   if (shared.missing) throw refusalOf(*shared.missing);
   readTypology(row, prepared);
   if (shared.missingLibrary) throw refusalOf(*shared.missingLibrary);
-  prepared.fingerprint = report::fingerprint(
-      concat(id, "\n", path, "\n", shared.fingerprint, "\n", prepared.typologyName, "\n",
-             report::fingerprint(prepared.typology.bytes), "\n", options_.version));
+  prepared.fingerprint =
+      cellPrint(concat(id, "\n", path, "\n", shared.fingerprint, "\n", prepared.typologyName, "\n",
+                       report::fingerprint(prepared.typology.bytes), "\n",
+                       notesCell(prepared.typology.notes, {}), "\n", options_.version));
   prepared.refusedPrint =
-      report::fingerprint(concat(prepared.fingerprint, "\n", options_.listName, "\n",
-                                 std::to_string(row.record().line()), "\n", prepared.textsName));
+      cellPrint(concat(prepared.fingerprint, "\n", options_.listName, "\n",
+                       std::to_string(row.record().line()), "\n", prepared.textsName));
   return prepared;
 }
 
@@ -216,13 +236,12 @@ void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
   const ListColumns& columns = row.columns();
   if (const std::string_view own = row.text(columns.tipologia); !own.empty()) {
     const std::string path = pathInList(own);
-    refuseUnless(
-        [&] {
-          requirePathWithin(path, kPathCapacity);
-          if (fileExists(path)) return;
-          ReportFailure(ErrorLog, {"No existe el fichero de datos *.tip", wholeFile(path)});
-        },
-        row, prepared);
+    const std::optional<Fault> missing = faultOf([&] {
+      requirePathWithin(path, kPathCapacity);
+      if (fileExists(path)) return;
+      ReportFailure(ErrorLog, {"No existe el fichero de datos *.tip", wholeFile(path)});
+    });
+    if (missing) refuse(*missing, row, prepared);
     // Each is read for one row, so that none is kept.
     const SharedText text = readSharedText(path);
     if (text.fault) throw refusalOf(*text.fault);
@@ -242,22 +261,20 @@ void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
 void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Outcome& outcome) const {
   const SharedTemplate& shared = *prepared.plantilla;
   outcome.fingerprint = prepared.refusedPrint;
-  for (const std::string& note : prepared.typology.notes) {
-    outcome.notes += concat(outcome.notes.empty() ? "" : " ", note);
-  }
+  outcome.notes = notesCell(prepared.typology.notes, {});
   if (shared.fault) throw refusalOf(*shared.fault);
   std::optional<TypologyRecord> typology;
   std::string text;
-  refuseUnless(
-      [&] {
-        typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
-        if (!prepared.ownFile) requireReadAsWritten(row, *typology);
-        OutputLines lines;
-        NoProgressBar bar;
-        generate(*shared.plantilla, *typology, lines, bar);
-        text = lines.text();
-      },
-      row, prepared);
+  const std::optional<Fault> fault = faultOf([&] {
+    typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
+    if (!prepared.ownFile) requireReadAsWritten(row, *typology);
+    OutputLines lines;
+    NoProgressBar bar;
+    generate(*shared.plantilla, *typology, lines, bar);
+    text = lines.text();
+  });
+  outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology));
+  if (fault) refuse(*fault, row, prepared);
   outcome.measures = measuresOf(shared, *typology, text);
   const std::string path = options_.folder + prepared.output;
   if (options_.keepTypologies && !prepared.ownFile)

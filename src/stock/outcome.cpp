@@ -7,6 +7,7 @@
 
 #include "core/concat.h"
 #include "core/cp1252.h"
+#include "stock/row_typology.h"
 
 namespace stock {
 
@@ -99,6 +100,14 @@ std::string cell(std::string_view text) {
   return quoted + '"';
 }
 
+/// The ID as it is; one that no dwelling can have, and that a spreadsheet would take for a formula,
+/// behind an apostrophe.
+std::string idCell(const std::string& id) {
+  const bool formula =
+      !id.empty() && std::string_view("=+-@").find(id.front()) != std::string::npos;
+  return cell((formula && !isGoodId(id) ? "'" : "") + cp1252::toUtf8(id));
+}
+
 void addSides(std::vector<std::string>& cells, const Measures* measures) {
   for (const SideName& side : kSidesInOrder) {
     std::string asked, obtained;
@@ -148,13 +157,11 @@ std::string resultsRow(const Outcome& outcome, std::string_view version) {
     }
   }
   const Measures* const measures = outcome.measures ? &outcome.measures->measures : nullptr;
-  std::vector<std::string> cells = {cell(cp1252::toUtf8(outcome.id)),
-                                    std::string(wordOf(outcome.state)),
-                                    cell(outcome.code),
-                                    cell(cp1252::toUtf8(outcome.message)),
-                                    cell(cp1252::toUtf8(place)),
-                                    cell(outcome.notes),
-                                    cell(outcome.output)};
+  std::vector<std::string> cells = {
+      idCell(outcome.id),          std::string(wordOf(outcome.state)),
+      cell(outcome.code),          cell(cp1252::toUtf8(outcome.message)),
+      cell(cp1252::toUtf8(place)), cell(outcome.notes),
+      cell(outcome.output)};
   cells.push_back(measures == nullptr ? "" : std::to_string(outcome.measures->tipo));
   for (const MeasureColumn& column : kMeasures) {
     cells.push_back(measures == nullptr ? "" : decimal(column.value(*measures), column.decimals));

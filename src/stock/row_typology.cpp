@@ -140,6 +140,21 @@ class HoldsWhatIsWritten {
   const TypologyRecord& read_;
 };
 
+/// Line ends of two kinds in one file would be a finding of every dwelling.
+bool endsLinesInCrLf(std::string_view texts) {
+  const std::size_t end = texts.find('\n');
+  return end != std::string_view::npos && end > 0 && texts[end - 1] == '\r';
+}
+
+std::string withCrLf(std::string_view lines) {
+  std::string text;
+  for (const char c : lines) {
+    if (c == '\n') text += '\r';
+    text += c;
+  }
+  return text;
+}
+
 }  // namespace
 
 std::string_view ListRow::text(int column) const {
@@ -178,6 +193,7 @@ RowTypology writeTypology(const ListRow& row, std::string_view texts) {
   out.bytes += "   ..\n";
   out.columnOfLine.push_back(-1);
   out.textsLine = static_cast<long>(out.columnOfLine.size()) + 1;
+  if (endsLinesInCrLf(texts)) out.bytes = withCrLf(out.bytes);
   out.bytes += texts;
   return out;
 }

@@ -43,7 +43,8 @@ struct RowTypology {
 /// Whether an ID is one: letters without accents, digits, "-", "_", ".", at most 100.
 bool isGoodId(std::string_view id);
 
-/// Writes the VIVIENDA command of a row, and `texts`, the bytes of its file of texts, behind it.
+/// Writes the VIVIENDA command of a row, with the line ends of `texts`, and these, the bytes of its
+/// file of texts, behind it.
 /// Throws Refusal.
 RowTypology writeTypology(const ListRow& row, std::string_view texts);
 

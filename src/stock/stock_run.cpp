@@ -250,7 +250,12 @@ class StockRun {
     if (state == State::kRechazada) ++counts.refused;
     if (state == State::kFallida) ++counts.failed;
     if (!code.empty()) ++end_.faultsByCode[code];
-    if (!notes.empty()) ++end_.notesByCode[notes];
+    std::string_view left = notes;
+    while (!left.empty()) {
+      const std::size_t end = std::min(left.find(' '), left.size());
+      ++end_.notesByCode[std::string(left.substr(0, end))];
+      left.remove_prefix(std::min(end + 1, left.size()));
+    }
     if (skipped) {
       ++counts.skipped;
       return;

@@ -115,10 +115,11 @@ std::string summaryText(const StockEnd& end) {
   }
   text += "\n";
   text += byCode("Rechazadas o fallidas en esta ejecución, por código:", end.faultsByCode);
-  text += byCode("Notas:", end.notesByCode);
+  text += byCode("Avisos y notas en esta ejecución, por código:", end.notesByCode);
   if (end.tooManyFaults) text += "Se ha alcanzado el número de errores de --max-errores.\n";
   if (!end.complete()) {
-    text += concat("Quedan ", counted(counts.rows - counts.done(), "vivienda", "viviendas"),
+    const long left = counts.rows - counts.done();
+    text += concat(left == 1 ? "Queda " : "Quedan ", counted(left, "vivienda", "viviendas"),
                    " por hacer: repita la orden con --reanudar para seguir.\n");
   }
   return text;

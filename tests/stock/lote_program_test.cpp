@@ -5,8 +5,11 @@
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <map>
 #include <random>
+#include <set>
+#include <sstream>
 
 #include "support/run_program.h"
 #include "support/temporary_folder.h"
@@ -68,6 +71,34 @@ bool says(const std::string& text, std::string_view part) {
   return text.find(part) != std::string::npos;
 }
 
+/// The words of a cell of AVISOS.
+std::set<std::string> words(const std::string& cell) {
+  std::istringstream in(cell);
+  return {std::istream_iterator<std::string>(in), {}};
+}
+
+/// The codes of the warnings and notes of `comprobar`.
+std::set<std::string> codesByComprobar(const std::string& plantilla, const std::string& tip) {
+  const ProgramResult result =
+      runProgram(TIP2BDL_CLI, {"comprobar", plantilla, tip, "--formato", "gcc"});
+  std::set<std::string> codes;
+  for (const std::string& line : linesOf(result.out)) {
+    if (says(line, ": error: ") || !line.ends_with(']')) continue;
+    const std::size_t begin = line.rfind('[') + 1;
+    codes.insert(line.substr(begin, line.size() - 1 - begin));
+  }
+  return codes;
+}
+
+/// The cells of a results row whose cells hold no separators.
+std::vector<std::string> cellsOfResult(const std::string& line) {
+  std::istringstream in(line);
+  std::vector<std::string> cells;
+  for (std::string cell; std::getline(in, cell, ';');) cells.push_back(cell);
+  return cells;
+}
+constexpr std::size_t kAvisos = 5;
+
 }  // namespace
 
 TEST(LoteProgram, EachOutputIsThatOfARunWithFourPaths) {
@@ -114,6 +145,47 @@ TEST(LoteProgram, ATypologyOfItsOwnGivesTheSampleRunsBytes) {
                 folder.read("r/000000" + name.substr(name.find('/')) + ".bdl"));
   }
   EXPECT_GT(names.size(), 20U);
+}
+
+TEST(LoteProgram, NotesWhatComprobarSaysOfTheSameFiles) {
+  const SampleList list(31, 0);
+  EXPECT_EQ(0, list.lote({"lista.csv", "--salida", "r", "--guardar-tip"}).status);
+  const std::vector<std::string> rows = linesOf(list.read("lista.csv"));
+  const std::vector<std::string> results = linesOf(list.read("r/resultados.csv"));
+  ASSERT_EQ(rows.size(), results.size());
+  std::size_t notes = 0;
+  for (std::size_t i = 1; i < rows.size(); ++i) {
+    const std::vector<std::string> cells = cellsOfResult(results[i]);
+    SCOPED_TRACE(cells[0]);
+    const std::string plantilla = cellsOfResult(rows[i])[1];
+    EXPECT_EQ(codesByComprobar(plantilla, list.folder() / ("r/000000/" + cells[0] + ".tip")),
+              words(cells[kAvisos]));
+    notes += words(cells[kAvisos]).size();
+  }
+  EXPECT_GT(notes, 20U);
+}
+
+TEST(LoteProgram, NotesOfATypologyOfItsOwnMayTellWhyItIsRefused) {
+  const TemporaryFolder folder;
+  const std::string plantilla = std::string(SAMPLES) + "/casa-adosada/casa-adosada.bdl";
+  std::string tip = readFile(std::string(SAMPLES) + "/casa-adosada/tipo-05.tip");
+  folder.write("buena.tip", tip);
+  tip.replace(tip.find("LONGITUD-FACHADA\t=\t8"), 20, "LONGITUD-FACHADA\t=\t0,8");
+  folder.write("mala.tip", tip);
+  folder.write("lista.csv", "ID;PLANTILLA;TIPOLOGIA\nbuena;" + plantilla + ";buena.tip\nmala;" +
+                                plantilla + ";mala.tip\n");
+  ProgramOptions options;
+  options.folder = folder.path();
+  const ProgramResult result =
+      runProgram(TIP2BDL_CLI, {"lote", "lista.csv", "--salida", "r"}, options);
+  EXPECT_EQ(1, result.status) << result.err;
+  const std::vector<std::string> rows = linesOf(folder.read("r/resultados.csv"));
+  const std::vector<std::string> good = cellsOfResult(rows.at(1)), bad = cellsOfResult(rows.at(2));
+  EXPECT_EQ("rechazada", bad[1]);
+  EXPECT_EQ(codesByComprobar(plantilla, folder / "buena.tip"), words(good[kAvisos]));
+  EXPECT_EQ(codesByComprobar(plantilla, folder / "mala.tip"), words(bad[kAvisos]));
+  EXPECT_TRUE(bad[kAvisos].starts_with("coma-decimal")) << bad[kAvisos];
+  EXPECT_FALSE(words(good[kAvisos]).contains("coma-decimal"));
 }
 
 TEST(LoteProgram, SaysWithItsExitCodeHowItEnded) {

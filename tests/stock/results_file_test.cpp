@@ -60,6 +60,13 @@ TEST(Outcome, ARowIsOneLineThatASpreadsheetReads) {
                                           "ID;ESTADO;CODIGO;MENSAJE;LUGAR;AVISOS;SALIDA;"));
 }
 
+TEST(Outcome, AnIdThatLooksLikeAFormulaIsText) {
+  for (const char* id : {"=1+1", "+1", "@SUM(A1)", "-1+1"}) {
+    EXPECT_TRUE(rowOf(id).starts_with(std::string("'") + id + ";")) << id;
+  }
+  EXPECT_TRUE(rowOf("-1").starts_with("-1;")) << "an ID that a dwelling may have stays as it is";
+}
+
 TEST(Outcome, MeasuresHaveADecimalComma) {
   Outcome outcome = outcomeOf("a");
   outcome.measures.emplace();

@@ -104,8 +104,14 @@ TEST(RowTypology, IsTheCommandOfTheRowAndThenItsTexts) {
                      "   CUBIERTAS = \"CU\"\n"
                      "   VENTANA-VIDRIO = \"VI\"\n"
                      "   ..\n"
-                     "$ textos\r\n"),
-            OneRow().typology("$ textos\r\n"));
+                     "$ textos\n"),
+            OneRow().typology("$ textos\n"));
+}
+
+TEST(RowTypology, HasTheLineEndsOfItsTexts) {
+  const std::string text = OneRow().typology("$ textos\r\n$ y más\n");
+  EXPECT_TRUE(text.starts_with("\"Edificio\" = VIVIENDA\r\n   TIPO = 1\r\n")) << text;
+  EXPECT_TRUE(text.ends_with("   ..\r\n$ textos\r\n$ y más\n")) << text;
 }
 
 TEST(RowTypology, IsReadBackAsTheRowSays) {

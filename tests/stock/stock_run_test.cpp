@@ -6,6 +6,7 @@
 #include <map>
 #include <random>
 
+#include "check/codes.h"
 #include "stock/folder_lock.h"
 #include "stock/outcome.h"
 #include "stock/summary.h"
@@ -109,6 +110,32 @@ TEST(StockRun, EveryRowHasAResultInTheListsOrder) {
   EXPECT_EQ(6, end.faultsByCode.at("numero-no-valido"));
   EXPECT_EQ(3, end.faultsByCode.at("id-repetido"));
   EXPECT_EQ(3, end.faultsByCode.at("falta-fichero"));
+}
+
+TEST(StockRun, NotesCanBeFilteredBy) {
+  const HouseList list(3);
+  const StockEnd end = runStock(list.options());
+  for (const std::string& line : linesOf(list.results())) {
+    if (!line.starts_with("V2;")) continue;
+    const auto cells = stock::cellsOf(line.substr(0, line.size() - 1));
+    ASSERT_TRUE(cells);
+    // The smallest template defines no construction and has no windows.
+    // One of decimal digits alone would be a number for a spreadsheet.
+    EXPECT_EQ('x', (*cells)[stock::fingerprintColumn()].front());
+    EXPECT_EQ("nombre-no-definido fachada-sin-ventanas valor-por-defecto",
+              (*cells)[stock::kResultNotes]);
+  }
+  EXPECT_EQ(3, end.notesByCode.at("valor-por-defecto"));
+  EXPECT_EQ(3, end.notesByCode.at("nombre-no-definido"));
+  // A filter for one word finds no other.
+  for (const CodeRow& a : allCodes()) {
+    if (a.severity == Severity::kError) continue;
+    EXPECT_EQ(std::string_view::npos, a.word.find(' '));
+    for (const CodeRow& b : allCodes()) {
+      if (&a == &b || b.severity == Severity::kError) continue;
+      EXPECT_EQ(std::string_view::npos, b.word.find(a.word)) << a.word << " in " << b.word;
+    }
+  }
 }
 
 TEST(StockRun, GivesTheSameFilesWhateverTheWorkers) {
@@ -296,6 +323,16 @@ TEST(StockRun, AnEmptyListIsDone) {
   const StockEnd end = runStock(list.options());
   EXPECT_TRUE(end.complete());
   EXPECT_EQ(stock::resultsHeading(), list.results());
+}
+
+TEST(Summary, CountsInWords) {
+  StockEnd end;
+  end.counts.rows = 2;
+  end.counts.failed = 1;
+  EXPECT_EQ(
+      "1 vivienda: 0 correctas, 0 rechazadas, 1 fallida\n0,0 s\n"
+      "Queda 1 vivienda por hacer: repita la orden con --reanudar para seguir.\n",
+      summaryText(end));
 }
 
 TEST(Summary, SaysHowItGoes) {
