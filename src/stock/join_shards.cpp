@@ -9,6 +9,7 @@
 #include "stock/outcome.h"
 #include "stock/results_file.h"
 #include "stock/stock_run.h"
+#include "stock/summary_page.h"
 
 namespace fs = std::filesystem;
 
@@ -135,11 +136,12 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
 
 }  // namespace
 
-JoinedShards joinShards(const std::string& folderName) {
-  const std::string folder = folderForResults(folderName);
-  const std::vector<Shard> shards = shardsIn(folder);
+JoinedShards joinShards(const std::string& folderName, bool summaryPage) {
+  const std::vector<Shard> shards = shardsIn(folderName);
   if (shards.empty()) refuse(concat("No hay resultados de partes en la carpeta ", folderName));
+  const std::string folder = folderForResults(folderName);
   const ShardEnd list = requireAll(folder, shards);
+  removeSummaryPage(folder);
   std::vector<ShardLines> files;
   files.reserve(shards.size());
   for (const Shard& shard : shards) {
@@ -163,6 +165,7 @@ JoinedShards joinShards(const std::string& folderName) {
     fs::remove(beside, ignored);
     refuse(concat("Error al escribir fichero: ", path));
   }
+  if (summaryPage) writeSummaryPage(folder);
   return {static_cast<long>(shards.size()), list.listRows};
 }
 

@@ -195,6 +195,11 @@ std::optional<std::vector<std::string>> cellsOf(std::string_view text) {
   return cells;
 }
 
+std::size_t resultColumn(std::string_view heading) {
+  const std::vector<std::string>& names = headings();
+  return static_cast<std::size_t>(std::ranges::find(names, heading) - names.begin());
+}
+
 std::size_t fingerprintColumn() { return headings().size() - 2; }
 
 }  // namespace stock

@@ -55,7 +55,9 @@ std::string resultsRow(const Outcome& outcome, std::string_view version);
 
 /// The cells of such a line, its CR LF left out; nothing when it is none of ours.
 std::optional<std::vector<std::string>> cellsOf(std::string_view line);
-/// The index of the fingerprint among the cells.
+/// The index of a column among the cells, by its heading.
+std::size_t resultColumn(std::string_view heading);
+/// That of the fingerprint.
 std::size_t fingerprintColumn();
 
 }  // namespace stock

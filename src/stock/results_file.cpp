@@ -131,12 +131,19 @@ void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
   if (failed) fail();
 }
 
-long ResultsFile::countRows(const std::string& path) {
+bool ResultsFile::readLines(const std::string& path,
+                            const std::function<void(const std::string& line)>& take) {
   std::ifstream in(path, std::ios::binary);
   std::string line;
-  if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return -1;
-  long rows = 0;
-  while (readWholeLine(in, line)) ++rows;
+  if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return false;
+  do take(line);
+  while (readWholeLine(in, line));
+  return true;
+}
+
+long ResultsFile::countRows(const std::string& path) {
+  long rows = -1;
+  readLines(path, [&](const std::string&) { ++rows; });
   return rows;
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -39,7 +40,11 @@ class ResultsFile {
   /// Replaces the file with the heading and the lines at these offsets.
   void arrange(std::span<const std::uint64_t> offsets);
 
-  /// Lines behind the heading, a piece of one not counted. For a file that nobody writes.
+  /// Hands out the whole lines of a file that nobody writes, its heading first, without their line
+  /// ends. False when it is none of ours.
+  static bool readLines(const std::string& path,
+                        const std::function<void(const std::string& line)>& take);
+  /// Lines behind the heading; -1 when the file is none of ours.
   static long countRows(const std::string& path);
 
  private:

@@ -20,6 +20,7 @@
 #include "stock/outcome.h"
 #include "stock/refusal.h"
 #include "stock/results_file.h"
+#include "stock/summary_page.h"
 
 namespace fs = std::filesystem;
 
@@ -100,6 +101,7 @@ class StockRun {
                     .plantilla = options.plantilla,
                     .keepTypologies = options.keepTypologies,
                     .version = options.version}) {
+    removeSummaryPage(folder, options.shard);
     end_.counts.rows = options.shard.rowsOf(overview_.rows);
     offsets_.resize(static_cast<std::size_t>(end_.counts.rows));
   }
@@ -116,6 +118,8 @@ class StockRun {
     if (end_.complete()) {
       results_.arrange(offsets_);
       journal_.finish({overview_.rows, end_.counts.rows, overview_.fingerprint});
+      offsets_ = {};  // the page needs about as much
+      if (options_.summaryPage) writeSummaryPage(folder_, options_.shard);
     }
     end_.interrupted = isInterrupted() && !end_.complete();
     end_.seconds = secondsSince(start_);

@@ -28,7 +28,8 @@ struct StockOptions {
   Mode mode = Mode::kAnew;
   long maxFaults = 0;  // ends after so many refused or failed rows; 0: never
   bool keepTypologies = false;
-  std::string version;  // of the program
+  bool summaryPage = false;  // made when all is done
+  std::string version;       // of the program
 };
 
 /// What has been done so far, of the shard's rows.
@@ -66,13 +67,13 @@ struct StockWatch {
 /// on, another process is at it, or the results cannot be written.
 StockEnd runStock(const StockOptions& options, const StockWatch& watch = {});
 
-/// Joins the results of all shards in a folder. Ends the run, with what is missing, where they are
-/// not all there and complete.
+/// Joins the results of all shards in a folder, and makes their summary page if asked to. Ends the
+/// run, with what is missing, where they are not all there and complete.
 struct JoinedShards {
   long shards = 0;
   long rows = 0;
 };
-JoinedShards joinShards(const std::string& folder);
+JoinedShards joinShards(const std::string& folder, bool summaryPage = false);
 
 /// A path of a folder that ends in "/"; the folder is made where it is missing.
 std::string folderForResults(const std::string& folder);

@@ -5,40 +5,12 @@
 #include <cstdio>
 #include <vector>
 
-#include "check/codes.h"
 #include "core/concat.h"
-#include "stock/refusal.h"
-#include "stock/row_typology.h"
+#include "stock/code_titles.h"
 
 namespace stock {
 
 namespace {
-
-struct Title {
-  std::string_view code;
-  std::string_view text;
-};
-
-constexpr Title kTitles[] = {
-    {kBadId, "Un ID no es válido"},
-    {kRepeatedId, "Un ID está en dos filas"},
-    {kBadRow, "Una fila está mal formada"},
-    {kBadNumber, "Un número no se puede leer"},
-    {kBadText, "Un nombre no se puede escribir"},
-    {kMissingCell, "Falta el dato de una celda"},
-    {"disco", "No se ha podido escribir"},
-    {"memoria", "Ha faltado memoria"},
-    {"inesperado", "Error inesperado"},
-    {kPointNote, "Un número con punto y tres cifras, leídas como decimales"},
-};
-
-std::string_view titleOf(std::string_view code) {
-  const auto* own = std::ranges::find(kTitles, code, &Title::code);
-  if (own != std::end(kTitles)) return own->text;
-  const auto rows = allCodes();
-  const auto row = std::ranges::find(rows, code, &CodeRow::word);
-  return row == rows.end() ? std::string_view() : row->title;
-}
 
 std::string number(double value, int decimals) {
   std::array<char, 64> digits{};
@@ -70,7 +42,7 @@ std::string byCode(std::string_view heading, const std::map<std::string, long>& 
   std::ranges::stable_sort(rows, std::ranges::greater(), &std::pair<std::string, long>::second);
   std::string text = concat(heading, "\n");
   for (const auto& [code, count] : rows) {
-    const std::string_view title = titleOf(code);
+    const std::string_view title = titleOfCode(code);
     text += concat("  ", std::to_string(count), "  ", code, title.empty() ? "" : ": ", title, "\n");
   }
   return text;

@@ -144,8 +144,10 @@ TEST(StockRun, GivesTheSameFilesWhateverTheWorkers) {
     StockOptions options = list.options(std::to_string(workers));
     options.workers = workers;
     options.keepTypologies = true;
+    options.summaryPage = true;
     runStock(options);
     EXPECT_EQ(list.files("1"), list.files(std::to_string(workers)));
+    EXPECT_TRUE(list.folder().has(std::to_string(workers) + "/resumen.html"));
   }
 }
 
@@ -231,11 +233,42 @@ TEST(StockRun, ShardsJoinedAreTheWholeList) {
   }
 }
 
+TEST(StockRun, TheSummaryPageIsThatOfTheResultsBesideIt) {
+  const HouseList list;
+  StockOptions options = list.options("r");
+  options.summaryPage = true;
+  runStock(options);
+  const std::string whole = readFile(list.folder() / "r/resumen.html");
+  options = list.options("s");
+  options.summaryPage = true;
+  for (long number = 1; number <= 3; ++number) {
+    options.shard = {number, 3};
+    runStock(options);
+  }
+  EXPECT_TRUE(list.folder().has("s/resumen-2-de-3.html"));
+  stock::joinShards(options.folder, true);
+  EXPECT_TRUE(whole == readFile(list.folder() / "s/resumen.html"));
+  stock::joinShards(options.folder);
+  EXPECT_FALSE(list.folder().has("s/resumen.html")) << "one of older results would be left";
+
+  options = list.options("r");
+  options.mode = StockOptions::Mode::kRetry;
+  options.maxFaults = 1;
+  options.summaryPage = true;
+  EXPECT_FALSE(runStock(options).complete());
+  EXPECT_FALSE(list.folder().has("r/resumen.html"));
+  options.maxFaults = 0;
+  options.mode = StockOptions::Mode::kResume;
+  runStock(options);
+  EXPECT_TRUE(whole == readFile(list.folder() / "r/resumen.html"));
+}
+
 TEST(StockRun, ShardsThatAreNotAllThereAreNotJoined) {
   HouseList list;
   StockOptions options = list.options();
   const auto join = [&] { return stopMessage([&] { stock::joinShards(options.folder); }); };
   EXPECT_EQ("No hay resultados de partes en la carpeta " + options.folder, join());
+  EXPECT_FALSE(list.folder().has("r")) << "a folder that was not there";
   options.shard = {1, 3};
   runStock(options);
   options.shard = {3, 3};

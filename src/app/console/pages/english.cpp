@@ -28,6 +28,7 @@ constexpr EnglishOption kOptions[] = {
     {"lote", "--reintentar", "", "like --reanudar, and tries refused dwellings again"},
     {"lote", "--max-errores", "N", "ends after N dwellings that were refused or failed"},
     {"lote", "--guardar-tip", "", "keeps the typology file that is written of each row"},
+    {"lote", "--informe", "", "also writes resumen.html, with percentiles and histograms"},
     {"lote", "--unir", "", "joins the results of all shards"},
     {"lote", "--esquema", "", "shows the columns of a list"},
     {"lote", "--quiet", "", "shows no progress"},

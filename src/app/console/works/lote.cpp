@@ -87,6 +87,7 @@ StockOptions optionsOf(const WorkArguments& arguments, const std::string& folder
   if (arguments.has("--reintentar")) options.mode = StockOptions::Mode::kRetry;
   options.maxFaults = countOf(arguments, "--max-errores", 0, 1'000'000'000);
   options.keepTypologies = arguments.has("--guardar-tip");
+  options.summaryPage = arguments.has("--informe");
   options.version = kVersion;
   return options;
 }
@@ -175,7 +176,7 @@ int lote(const WorkArguments& arguments) {
   if (!folder || folder->empty()) throw WrongWorkArguments{"falta --salida CARPETA"};
   if (!arguments.has("--unir")) return work(arguments, *folder);
   if (!arguments.operands.empty()) throw WrongWorkArguments{"--unir no lleva lista"};
-  const stock::JoinedShards joined = stock::joinShards(*folder);
+  const stock::JoinedShards joined = stock::joinShards(*folder, arguments.has("--informe"));
   say(concat("Unidas ", std::to_string(joined.shards), " partes: ", std::to_string(joined.rows),
              " viviendas\n"));
   return 0;

@@ -76,14 +76,19 @@ constexpr Option kMaxErrores = {.name = "--max-errores",
 constexpr Option kGuardarTip = {.name = "--guardar-tip",
                                 .value = "",
                                 .brief = "guarda la tipología que se escribe de cada fila"};
+constexpr Option kResumen = {
+    .name = "--informe",
+    .value = "",
+    .brief = "escribe también resumen.html, con percentiles e histogramas"};
 constexpr Option kUnir = {
     .name = "--unir", .value = "", .brief = "une los resultados de todas las partes"};
 constexpr Option kEsquema = {
     .name = "--esquema", .value = "", .brief = "muestra las columnas de una lista"};
 constexpr Option kQuiet = {.name = "--quiet", .value = "", .brief = "no muestra el avance"};
-constexpr std::array kLoteOptions = {&kSalidaLote, &kPlantillaDeLote, &kTrabajos,   &kFragmento,
-                                     &kReanudar,   &kReintentar,      &kMaxErrores, &kGuardarTip,
-                                     &kUnir,       &kEsquema,         &kQuiet,      &kHelpOption};
+constexpr std::array kLoteOptions = {
+    &kSalidaLote, &kPlantillaDeLote, &kTrabajos,   &kFragmento, &kReanudar,
+    &kReintentar, &kMaxErrores,      &kGuardarTip, &kResumen,   &kUnir,
+    &kEsquema,    &kQuiet,           &kHelpOption};
 
 constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
 constexpr std::array kComprobarOptions = {&kFormatoDeFaltas, &kEstricto, &kSalidaPrevista,
