@@ -12,7 +12,8 @@ namespace stock {
 
 namespace {
 
-/// What a column says of itself besides what the table of keywords knows. UTF-8.
+/// What a column says of itself besides what the table of keywords knows. UTF-8, and no ";", which
+/// parts the cells.
 struct About {
   std::string_view name;
   std::string_view range;
@@ -20,12 +21,12 @@ struct About {
 
 constexpr About kRanges[] = {
     {"TIPO", "1 a 23"},
-    {"NUMERO-PLANTAS", "1 con TIPO 1; 2 con TIPO 2 a 9; más de 2 con los demás"},
+    {"NUMERO-PLANTAS", "1 con TIPO 1, 2 con TIPO 2 a 9, más de 2 con los demás"},
     {"ALTURA-PLANTA", "mayor que 0"},
     {"AREA-PLANTA", "según TIPO"},
     {"AREA-PATIO", "según TIPO"},
     {"AREA-ESCALERA", "según TIPO"},
-    {"LONGITUD-FACHADA", "mayor que 0; según TIPO"},
+    {"LONGITUD-FACHADA", "mayor que 0, según TIPO"},
     {"PROFUNDIDAD-PATIO", "según TIPO"},
     {"PROFUNDIDAD-ESCALERA", "según TIPO"},
     {"CUBIERTA", "no se usa: siempre PLANA"},
@@ -36,6 +37,7 @@ constexpr About kRanges[] = {
     {"ORIENTACION", "giro del edificio, desde el norte, en sentido horario"},
     {"VENTANA-MARCO", "nombre de un NAME-FRAME de TEXTOS"},
     {"VENTANA-SOMBRA", "nombre de un VENTANA-SOMBRA de TEXTOS"},
+    {"AIR-CHANGES/HR", "renovaciones de aire por hora"},
 };
 
 std::string_view rangeOf(std::string_view keyword) {
@@ -86,8 +88,8 @@ std::string columnsForPeople() {
   const TypologyRecord defaults = recordOfDefaults();
   std::string text;
   addLine(text, "columna", "unidad", "valores", "si falta");
-  addLine(text, kIdColumn, "",
-          "único; letras sin acento, cifras, \"-\", \"_\" y \".\"; hasta 100 caracteres", "error");
+  addLine(text, kIdColumn, "", "único, hasta 100 letras sin acento, cifras, \"-\", \"_\" y \".\"",
+          "error");
   addLine(text, kTemplateColumn, "", "ruta desde la lista", "la de --plantilla");
   addLine(text, kTypologyColumn, "", "ruta de un fichero *.tip desde la lista",
           "las columnas que siguen");

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <variant>
+
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "list_text.h"
@@ -112,6 +115,12 @@ TEST(ListSchema, HasALineAColumnWithItsUnitAndDefault) {
     }
   }
   EXPECT_EQ(columns, lines.size());
+  for (const std::string& line : lines) EXPECT_EQ(3, std::ranges::count(line, ';')) << line;
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
+    const bool name = std::holds_alternative<std::string TypologyRecord::*>(keyword.field);
+    const std::string cell = concat("\n", keyword.name, ";", keyword.unit, ";nombre");
+    EXPECT_EQ(name, schema.find(cell) != std::string::npos) << keyword.name;
+  }
   EXPECT_NE(std::string::npos, schema.find("\nALTURA-PLANTA;m;mayor que 0;3\n"));
   EXPECT_NE(std::string::npos, schema.find("\nAIR-CHANGES/HR;1/h;"));
   EXPECT_NE(std::string::npos, schema.find("\nAREA-PATIO;m2;según TIPO;0\n"));
