@@ -86,8 +86,10 @@ TEST_P(NuevaTest, StandardOutputHasTheSameBytes) {
 }
 
 TEST(Nueva, ATerminalGetsItsOwnAccents) {
-  const std::string out = runProgram(TIP2BDL_CLI, {"nueva", "13"}, {.outOnTerminal = true}).out;
-  EXPECT_THAT(out, StartsWith("$ Tipología 13: bloque con patio central"));
+  ProgramOptions options;
+  options.outOnTerminal = true;
+  EXPECT_THAT(runProgram(TIP2BDL_CLI, {"nueva", "13"}, options).out,
+              StartsWith("$ Tipología 13: bloque con patio central"));
 }
 
 TEST(Nueva, AnyOtherNumberIsAWrongCommandLine) {
