@@ -2,6 +2,7 @@
 #   cmake -DSOURCES=... -DHEADER=... -P commit.cmake
 # Known by git in a checkout (with a "+" where files have changed since) and by commit.txt in an
 # archive that git made. The header is written when it changes, and only then.
+cmake_minimum_required(VERSION 3.23)
 set(commit "")
 if(EXISTS "${SOURCES}/.git")
   execute_process(COMMAND git rev-parse HEAD WORKING_DIRECTORY "${SOURCES}"
