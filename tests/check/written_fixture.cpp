@@ -78,7 +78,8 @@ long WrittenFile14::lineOf(std::string_view keyword) const {
   long number = 1;
   for (const auto& [name, line] : lines_) {
     if (name == keyword) return number;
-    number += std::ranges::count(line, '\n') + (line.empty() && !name.empty() ? 0 : 1);
+    number += static_cast<long>(std::ranges::count(line, '\n'));
+    number += line.empty() && !name.empty() ? 0 : 1;
   }
   return 0;
 }

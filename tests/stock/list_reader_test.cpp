@@ -124,6 +124,10 @@ TEST(ListReader, AFileThatIsNotThereEndsTheRun) {
   const std::string path = folder / "no.csv";
   EXPECT_EQ("Error al abrir fichero de lectura: " + path,
             stopMessage([&] { stock::ListReader::open(path); }));
+}
+
+TEST(ListReader, AFolderEndsTheRun) {
+  const TemporaryFolder folder;
   EXPECT_EQ("Error al leer fichero: " + folder.path(),
             stopMessage([&] { rowsOf(stock::ListReader::open(folder.path())); }));
 }

@@ -98,13 +98,13 @@ TEST(ResultsFile, ResumedFromAnyLengthEndsInTheSameBytes) {
   const TemporaryFolder folder;
   const std::string path = folder / "resultados.csv";
   resume(path);
-  const std::string whole = readFile(path);
+  const std::string whole = readBytes(path);
   EXPECT_EQ(stock::resultsHeading() + rowOf("a") + rowOf("b") + rowOf("c") + rowOf("d"), whole);
   for (std::size_t length = 0; length <= whole.size(); ++length) {
     SCOPED_TRACE(length);
     writeFile(path, whole.substr(0, length));
     resume(path);
-    ASSERT_EQ(whole, readFile(path));
+    ASSERT_EQ(whole, readBytes(path));
   }
   EXPECT_EQ(std::vector<std::string>{"resultados.csv"}, folder.names());
 }
@@ -134,7 +134,7 @@ TEST(ResultsFile, OneThatIsNoneOfOursIsBegunAnew) {
   const TemporaryFolder folder;
   const std::string path = folder.write("resultados.csv", "otra;cosa\r\na;b\r\n");
   { const ResultsFile results(path, true); }
-  EXPECT_EQ(stock::resultsHeading(), readFile(path));
+  EXPECT_EQ(stock::resultsHeading(), readBytes(path));
   EXPECT_EQ(-1, ResultsFile::countRows(folder.write("otro.csv", "a;b\r\n")));
 }
 

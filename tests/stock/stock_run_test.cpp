@@ -62,7 +62,7 @@ class HouseList {
   }
   const TemporaryFolder& folder() const { return folder_; }
   std::string results(const std::string& name = "r") const {
-    return readFile(folder_ / (name + "/resultados.csv"));
+    return readBytes(folder_ / (name + "/resultados.csv"));
   }
   /// All files of the results but the journal, whose times differ.
   std::map<std::string, std::string> files(const std::string& name = "r") const {
@@ -71,7 +71,7 @@ class HouseList {
       if (!entry.is_regular_file() || entry.path().filename().string().starts_with("diario"))
         continue;
       found[entry.path().lexically_relative(folder_ / name).string()] =
-          readFile(entry.path().string());
+          readBytes(entry.path().string());
     }
     return found;
   }

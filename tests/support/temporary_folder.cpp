@@ -38,12 +38,20 @@ std::vector<std::string> TemporaryFolder::names() const {
   return found;
 }
 
-std::string readFile(const std::string& path) {
-  std::ifstream file(
-      path);  // not binary: where lines of an output end in CR LF, that is a line end
+namespace {
+
+std::string readIn(std::ios::openmode mode, const std::string& path) {
+  std::ifstream file(path, mode);
   EXPECT_TRUE(file.good()) << "cannot read " << path;
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
+
+}  // namespace
+
+// Not binary: where lines of an output end in CR LF, that is a line end.
+std::string readFile(const std::string& path) { return readIn(std::ios::in, path); }
+
+std::string readBytes(const std::string& path) { return readIn(std::ios::binary, path); }
 
 void writeFile(const std::string& path, std::string_view bytes) {
   std::ofstream file(path, std::ios::binary);

@@ -29,6 +29,8 @@ class TemporaryFolder {
 
 /// The bytes of a file, in the system's text mode; the test fails where it cannot be read.
 std::string readFile(const std::string& path);
+/// The same in no mode: as they are.
+std::string readBytes(const std::string& path);
 void writeFile(const std::string& path, std::string_view bytes);
 
 /// The lines of a text; a final line end adds none.
