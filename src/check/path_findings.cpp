@@ -17,7 +17,9 @@ struct NamedPath {
 };
 
 /// Whether two paths name one file, there already or not yet.
-bool sameFile(const std::string& a, const std::string& b) {
+bool sameFile(const std::string& first, const std::string& second) {
+  const fs::path a = filePath(first);
+  const fs::path b = filePath(second);
   std::error_code unknown;
   if (fs::equivalent(a, b, unknown) && !unknown) return true;
   const fs::path left = fs::absolute(a, unknown).lexically_normal();
@@ -27,7 +29,7 @@ bool sameFile(const std::string& a, const std::string& b) {
 bool folderIsMissing(const std::string& path) {
   const std::string folder = folderOf(path);
   std::error_code unknown;
-  return !folder.empty() && !fs::is_directory(folder, unknown);
+  return !folder.empty() && !fs::is_directory(filePath(folder), unknown);
 }
 
 }  // namespace

@@ -21,5 +21,8 @@ std::string folderOf(std::string_view path);
 /// bytes. Every call of std::filesystem takes one of these.
 std::filesystem::path filePath(const std::string& path);
 
+/// The way back: the name of such a path as our own texts have it.
+std::string nameOf(const std::filesystem::path& path);
+
 /// Whether `path` names something that can be read as a file; a folder is no file.
 bool fileExists(const std::string& path);

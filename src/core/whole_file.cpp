@@ -6,6 +6,8 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/new_file.h"
+#include "core/paths.h"
 #include "core/report_error.h"
 
 namespace {
@@ -17,18 +19,10 @@ struct CloseFile {
 };
 using Stream = std::unique_ptr<std::FILE, CloseFile>;
 
-/// The bytes of a path are UTF-8 where the system has an opinion about them.
-fs::path pathOf(const std::string& name) { return std::u8string(name.begin(), name.end()); }
-
-std::string nameOf(const fs::path& path) {
-  const std::u8string name = path.u8string();
-  return {name.begin(), name.end()};
-}
-
 /// Where the result really goes: behind links, so that a link stays one.
 fs::path targetOf(const std::string& name) {
   std::error_code error;
-  fs::path path = pathOf(name);
+  fs::path path = filePath(name);
   if (!fs::is_symlink(path, error)) return path;
   const fs::path target = fs::canonical(path, error);
   return error ? path : target;
@@ -39,7 +33,7 @@ Stream createBeside(const fs::path& target, fs::path& created) {
   for (int attempt = 0; attempt < 1000; ++attempt) {
     created = target;
     created += ".parcial" + (attempt == 0 ? std::string() : std::to_string(attempt));
-    Stream stream(std::fopen(nameOf(created).c_str(), "wbx"));
+    Stream stream(createNewFile(nameOf(created)));
     std::error_code error;
     if (stream || !fs::exists(created, error)) return stream;
   }
