@@ -19,6 +19,7 @@
 #include "report/fingerprint.h"
 #include "report/generated_building.h"
 #include "report/written_commands.h"
+#include "stock/file_names.h"
 #include "stock/refusal.h"
 
 namespace fs = std::filesystem;
@@ -182,6 +183,12 @@ SharedText readSharedText(const std::string& path) {
 
 PreparedDwelling Dwellings::prepare(const ListRow& row, long number, bool repeated) {
   const std::string_view id = row.id();
+  if (isDeviceName(id)) {
+    throw Refusal{
+        kBadId,
+        concat("El ID \"", id, "\" es de un dispositivo de Windows: no da nombre a ficheros"),
+        row.placeOf(row.columns().id)};
+  }
   if (!isGoodId(id)) {
     throw Refusal{kBadId,
                   concat("El ID \"", id,
@@ -290,7 +297,7 @@ void Dwellings::putInPlace(const std::string& path, std::string_view bytes) cons
   std::FILE* file = std::fopen(beside.c_str(), mode);
   std::error_code failed;
   if (file == nullptr) {
-    fs::create_directories(folderOf(path), failed);
+    fs::create_directories(filePath(folderOf(path)), failed);
     file = std::fopen(beside.c_str(), mode);
   }
   if (file == nullptr) failToWrite(path);
@@ -298,10 +305,10 @@ void Dwellings::putInPlace(const std::string& path, std::string_view bytes) cons
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
   const bool closed = std::fclose(file) == 0;
   if (written && closed) {
-    fs::rename(beside, path, failed);
+    fs::rename(filePath(beside), filePath(path), failed);
     if (!failed) return;
   }
-  fs::remove(beside, failed);
+  fs::remove(filePath(beside), failed);
   failToWrite(path);
 }
 
@@ -309,8 +316,8 @@ void Dwellings::removeOutput(const std::string& output) const {
   const std::string path = options_.folder + output;
   for (const std::string& name : {path, typologyOf(path)}) {
     std::error_code ignored;
-    fs::remove(name, ignored);
-    fs::remove(name + ".parcial", ignored);
+    fs::remove(filePath(name), ignored);
+    fs::remove(filePath(name + ".parcial"), ignored);
   }
 }
 

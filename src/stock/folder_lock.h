@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace stock {
@@ -16,7 +17,7 @@ class FolderLock {
 
  private:
   std::string path_;
-  int file_ = -1;
+  std::intptr_t file_ = -1;  // as the system names open files
 };
 
 }  // namespace stock

@@ -27,24 +27,27 @@ bool isStillThere(int file, const std::string& path) {
 FolderLock::FolderLock(std::string path) : path_(std::move(path)) {
   constexpr mode_t kMode = 0666;
   while (true) {
-    file_ = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
-    if (file_ < 0) {
+    const int file = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
+    if (file < 0) {
       ReportFailure(ErrorLog,
                     {concat("Error al abrir fichero de escritura: ", path_), wholeFile(path_)});
     }
-    if (::flock(file_, LOCK_EX | LOCK_NB) != 0) {
-      ::close(file_);
+    if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
+      ::close(file);
       ReportFailure(ErrorLog, {concat("Otro proceso está trabajando en esta carpeta: ", path_),
                                std::nullopt});
     }
-    if (isStillThere(file_, path_)) return;
-    ::close(file_);
+    if (isStillThere(file, path_)) {
+      file_ = file;
+      return;
+    }
+    ::close(file);
   }
 }
 
 FolderLock::~FolderLock() {
   ::unlink(path_.c_str());
-  ::close(file_);
+  ::close(static_cast<int>(file_));
 }
 
 }  // namespace stock

@@ -1,29 +1,32 @@
-#include <fcntl.h>
-#include <io.h>
-#include <share.h>
-#include <sys/stat.h>
+#include <windows.h>
 
-#include <cstdio>
 #include <utility>
 
 #include "core/concat.h"
 #include "core/report_error.h"
+#include "core/wide_text.h"
 #include "stock/folder_lock.h"
 
 namespace stock {
 
-// A file that is opened without sharing is a lock there.
+/// A file that is open without sharing is a lock there, and the system removes it when it is
+/// closed, however the process ends.
 FolderLock::FolderLock(std::string path) : path_(std::move(path)) {
-  file_ = _sopen(path_.c_str(), _O_RDWR | _O_CREAT, _SH_DENYRW, _S_IREAD | _S_IWRITE);
-  if (file_ < 0) {
+  const HANDLE file =
+      CreateFileW(toWide(path_).c_str(), GENERIC_WRITE | DELETE, 0, nullptr, OPEN_ALWAYS,
+                  FILE_ATTRIBUTE_HIDDEN | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+  if (file != INVALID_HANDLE_VALUE) {
+    file_ = reinterpret_cast<std::intptr_t>(file);
+    return;
+  }
+  if (GetLastError() == ERROR_SHARING_VIOLATION) {
     ReportFailure(ErrorLog,
                   {concat("Otro proceso está trabajando en esta carpeta: ", path_), std::nullopt});
   }
+  ReportFailure(ErrorLog,
+                {concat("Error al abrir fichero de escritura: ", path_), wholeFile(path_)});
 }
 
-FolderLock::~FolderLock() {
-  _close(file_);
-  std::remove(path_.c_str());
-}
+FolderLock::~FolderLock() { CloseHandle(reinterpret_cast<HANDLE>(file_)); }
 
 }  // namespace stock

@@ -4,6 +4,7 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/paths.h"
 #include "core/report_error.h"
 #include "stock/journal.h"
 #include "stock/outcome.h"
@@ -37,9 +38,9 @@ std::optional<Shard> shardOfName(std::string name) {
 std::vector<Shard> shardsIn(const std::string& folder) {
   std::vector<Shard> shards;
   std::error_code failed;
-  for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
+  for (fs::directory_iterator entry(filePath(folder), failed), end; !failed && entry != end;
        entry.increment(failed)) {
-    if (const auto shard = shardOfName(entry->path().filename().string())) shards.push_back(*shard);
+    if (const auto shard = shardOfName(nameOf(entry->path().filename()))) shards.push_back(*shard);
   }
   std::ranges::sort(shards, {}, &Shard::number);
   return shards;
@@ -76,7 +77,7 @@ class ShardLines {
     at_ = 0;
     const std::size_t kept = block_.size();
     block_.resize(kept + kBlock);
-    std::ifstream in(path_, std::ios::binary);
+    std::ifstream in(filePath(path_), std::ios::binary);
     in.seekg(read_);
     in.read(block_.data() + kept, static_cast<std::streamsize>(kBlock));
     block_.resize(kept + static_cast<std::size_t>(in.gcount()));
@@ -149,7 +150,7 @@ JoinedShards joinShards(const std::string& folderName, bool summaryPage) {
   }
   const std::string path = folder + "resultados.csv";
   const std::string beside = path + ".parcial";
-  std::ofstream out(beside, std::ios::binary);
+  std::ofstream out(filePath(beside), std::ios::binary);
   out << resultsHeading();
   for (long row = 0; row < list.listRows; ++row) {
     // As rows are dealt out to shards.
@@ -159,10 +160,10 @@ JoinedShards joinShards(const std::string& folderName, bool summaryPage) {
   }
   out.close();
   std::error_code failed;
-  if (out) fs::rename(beside, path, failed);
+  if (out) fs::rename(filePath(beside), filePath(path), failed);
   if (!out || failed) {
     std::error_code ignored;
-    fs::remove(beside, ignored);
+    fs::remove(filePath(beside), ignored);
     refuse(concat("Error al escribir fichero: ", path));
   }
   if (summaryPage) writeSummaryPage(folder);

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "core/concat.h"
+#include "core/paths.h"
 #include "stock/dwellings.h"
 
 namespace stock {
@@ -54,7 +55,7 @@ void Journal::finish(const ShardEnd& end) {
 }
 
 std::optional<ShardEnd> Journal::endOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
+  std::ifstream in(filePath(path), std::ios::binary);
   std::string line, last;
   while (std::getline(in, line)) last = line;
   std::string_view text = last;

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <deque>
 #include <memory>
+#include <utility>
 
+#include "stock/file_names.h"
 #include "stock/hash.h"
 #include "stock/row_typology.h"
 
@@ -22,7 +24,7 @@ ListOverview overviewOf(const std::string& path, bool needsTemplate) {
   std::deque<std::uint64_t> ids;  // grows without being copied
   Record record;
   while (list.next(record)) {
-    ids.push_back(hashOf(ListRow(overview.columns, record, path).id()));
+    ids.push_back(hashOf(asFileName(ListRow(overview.columns, record, path).id())));
   }
   overview.rows = static_cast<long>(ids.size());
   overview.fingerprint = hash.text();
@@ -34,8 +36,9 @@ ListOverview overviewOf(const std::string& path, bool needsTemplate) {
 }
 
 bool RepeatedIds::seenBefore(std::string_view id) {
-  if (!hashes_.contains(hashOf(id))) return false;
-  return !seen_.emplace(id).second;
+  std::string name = asFileName(id);
+  if (!hashes_.contains(hashOf(name))) return false;
+  return !seen_.insert(std::move(name)).second;
 }
 
 }  // namespace stock

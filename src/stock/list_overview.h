@@ -21,8 +21,8 @@ struct ListOverview {
 /// Reads a list to its end. Whatever makes it a list that cannot be worked on ends the run.
 ListOverview overviewOf(const std::string& path, bool needsTemplate);
 
-/// Tells, row by row in the list's order, whether an ID has been there before. Keeps only those
-/// that are repeated at all.
+/// Tells, row by row in the list's order, whether an ID has been there before, or one whose output
+/// would be the same file. Keeps only those that are repeated at all.
 class RepeatedIds {
  public:
   explicit RepeatedIds(const std::unordered_set<std::uint64_t>& hashes) : hashes_(hashes) {}

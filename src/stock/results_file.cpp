@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/paths.h"
 #include "stock/dwellings.h"
 #include "stock/hash.h"
 #include "stock/outcome.h"
@@ -31,9 +32,9 @@ ResultsFile::ResultsFile(std::string path, bool goOn) : path_(std::move(path)) {
   if (goOn) load();
   std::error_code failed;
   if (size_ == 0) {
-    fs::remove(path_, failed);
+    fs::remove(filePath(path_), failed);
   } else {
-    fs::resize_file(path_, size_, failed);
+    fs::resize_file(filePath(path_), size_, failed);
     if (failed) fail();
   }
   openToAppend();
@@ -51,7 +52,7 @@ void ResultsFile::fail() const { throw DiskFault{concat("Error al escribir fiche
 
 /// Finds the lines that are there, up to the first that is not whole.
 void ResultsFile::load() {
-  std::ifstream in(path_, std::ios::binary);
+  std::ifstream in(filePath(path_), std::ios::binary);
   std::string line;
   if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return;
   size_ = line.size() + kLineEnd.size();
@@ -68,7 +69,7 @@ void ResultsFile::load() {
 }
 
 std::string ResultsFile::lineAt(std::uint64_t offset) {
-  if (!reader_.is_open()) reader_.open(path_, std::ios::binary);
+  if (!reader_.is_open()) reader_.open(filePath(path_), std::ios::binary);
   reader_.clear();
   reader_.seekg(static_cast<std::streamoff>(offset));
   std::string line;
@@ -98,7 +99,7 @@ std::uint64_t ResultsFile::append(std::string_view line) {
     // Back to the last whole line.
     file_.reset();
     std::error_code ignored;
-    fs::resize_file(path_, size_, ignored);
+    fs::resize_file(filePath(path_), size_, ignored);
     fail();
   }
   const std::uint64_t offset = size_;
@@ -115,25 +116,25 @@ void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
     if (out == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", beside)};
     const auto put = [&](const std::string& text) {
       if (std::fwrite(text.data(), 1, text.size(), out.get()) == text.size()) return;
-      fs::remove(beside, failed);
+      fs::remove(filePath(beside), failed);
       fail();
     };
     put(resultsHeading());
     for (const std::uint64_t offset : offsets) put(lineAt(offset).append(kLineEnd));
     if (std::fclose(out.release()) != 0) {
-      fs::remove(beside, failed);
+      fs::remove(filePath(beside), failed);
       fail();
     }
   }
   reader_.close();
   file_.reset();
-  fs::rename(beside, path_, failed);
+  fs::rename(filePath(beside), filePath(path_), failed);
   if (failed) fail();
 }
 
 bool ResultsFile::readLines(const std::string& path,
                             const std::function<void(const std::string& line)>& take) {
-  std::ifstream in(path, std::ios::binary);
+  std::ifstream in(filePath(path), std::ios::binary);
   std::string line;
   if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return false;
   do take(line);

@@ -6,6 +6,7 @@
 #include "core/concat.h"
 #include "core/numbers.h"
 #include "stock/encoding.h"
+#include "stock/file_names.h"
 #include "stock/list_numbers.h"
 #include "stock/refusal.h"
 
@@ -179,7 +180,7 @@ bool isGoodId(std::string_view id) {
   constexpr std::string_view kAllowed =
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-_.";
   return !id.empty() && id.size() <= kLongestId &&
-         id.find_first_not_of(kAllowed) == std::string_view::npos;
+         id.find_first_not_of(kAllowed) == std::string_view::npos && !isDeviceName(id);
 }
 
 RowTypology writeTypology(const ListRow& row, std::string_view texts) {

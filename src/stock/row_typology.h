@@ -40,7 +40,8 @@ struct RowTypology {
   std::vector<std::string> notes;  // codes of what is worth knowing
 };
 
-/// Whether an ID is one: letters without accents, digits, "-", "_", ".", at most 100.
+/// Whether an ID is one: letters without accents, digits, "-", "_", ".", at most 100, and no name
+/// that the system keeps to itself.
 bool isGoodId(std::string_view id);
 
 /// Writes the VIVIENDA command of a row, with the line ends of `texts`, and these, the bytes of its

@@ -297,8 +297,8 @@ std::string folderForResults(const std::string& folder) {
   const bool ended = folder.ends_with('/') || folder.ends_with('\\');
   std::string path = ended ? folder : folder + "/";
   std::error_code failed;
-  fs::create_directories(path, failed);
-  if (!fs::is_directory(path, failed)) {
+  fs::create_directories(filePath(path), failed);
+  if (!fs::is_directory(filePath(path), failed)) {
     ReportFailure(ErrorLog, {concat("No se ha podido crear la carpeta: ", folder), std::nullopt});
   }
   return path;
