@@ -8,3 +8,7 @@ bool standardOutputIsTerminal();
 /// them: otherwise the first file opened would take the place of standard error, and a message
 /// would be written into it.
 void openStandardStreams();
+
+/// What goes to standard output from now on is data, whose line ends stay as they are, and not text
+/// in the system's own way. For a terminal everything is text.
+void letStandardOutputBeBytes();

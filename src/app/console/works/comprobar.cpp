@@ -11,7 +11,6 @@
 
 #include "app/command_line.h"
 #include "app/console/standard_streams.h"
-#include "app/console/terminal_text.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "check/checker.h"
@@ -88,11 +87,6 @@ int exitStatus(const Findings& findings, bool strict) {
   return strict && warnings ? 1 : 0;
 }
 
-/// What is for people comes in the encoding of their terminal.
-std::string encoded(const std::string& utf8, const std::string& file) {
-  return file.empty() ? forTerminal(utf8) : utf8;
-}
-
 }  // namespace
 
 int comprobar(const WorkArguments& arguments) {
@@ -107,9 +101,9 @@ int comprobar(const WorkArguments& arguments) {
   } else if (format == "sarif") {
     writeResult(file, asSarif(findings));
   } else if (format == "texto") {
-    writeResult(file, encoded(asPeopleRead(findings, onTerminal), file));
+    writeText(file, asPeopleRead(findings, onTerminal));
   } else {
-    writeResult(file, encoded(asLines(findings), file));
+    writeText(file, asLines(findings));
   }
   return exitStatus(findings, arguments.has("--estricto"));
 }

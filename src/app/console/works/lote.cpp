@@ -1,16 +1,15 @@
 #include "app/console/works/lote.h"
 
 #include <algorithm>
-#include <atomic>
 #include <charconv>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <thread>
 
 #include "app/console/standard_streams.h"
 #include "app/console/terminal_text.h"
+#include "app/console/works/interrupts.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "app/version.h"
@@ -92,30 +91,6 @@ StockOptions optionsOf(const WorkArguments& arguments, const std::string& folder
   return options;
 }
 
-std::atomic<bool> interrupted = false;
-std::atomic<int> signalNumber = 0;
-static_assert(std::atomic<bool>::is_always_lock_free && std::atomic<int>::is_always_lock_free);
-
-/// While it lives, Ctrl-C and SIGTERM end the work in good order; a second one ends it at once.
-class Interrupts {
- public:
-  Interrupts() {
-    for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, stop);
-  }
-  ~Interrupts() {
-    for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, SIG_DFL);
-  }
-  Interrupts(const Interrupts&) = delete;
-  Interrupts& operator=(const Interrupts&) = delete;
-
- private:
-  static void stop(int signal) {
-    signalNumber = signal;
-    interrupted = true;
-    std::signal(signal, SIG_DFL);
-  }
-};
-
 /// How far the work is: one line that is rewritten on a terminal, a line every ten seconds
 /// elsewhere.
 class ProgressLine {
@@ -155,12 +130,12 @@ int work(const WorkArguments& arguments, const std::string& folder) {
   watch.progress = [&](const stock::StockCounts& counts, double seconds) {
     line.show(counts, seconds);
   };
-  watch.interrupted = &interrupted;
   const Interrupts interrupts;
+  watch.interrupted = &Interrupts::requested();
   const stock::StockEnd end = stock::runStock(options, watch);
   line.clear();
   say(stock::summaryText(end));
-  if (end.interrupted) return kExitSignal + signalNumber;
+  if (end.interrupted) return kExitSignal + Interrupts::signal();
   const bool good = end.complete() && end.counts.refused == 0 && end.counts.failed == 0;
   return good ? 0 : kExitFaults;
 }
@@ -169,7 +144,7 @@ int work(const WorkArguments& arguments, const std::string& folder) {
 
 int lote(const WorkArguments& arguments) {
   if (arguments.has("--esquema")) {
-    writeResult({}, forTerminal(stock::columnsForPeople()));
+    writeText({}, stock::columnsForPeople());
     return 0;
   }
   const auto folder = arguments.given("--salida");

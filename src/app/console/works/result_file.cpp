@@ -2,16 +2,35 @@
 
 #include <cstdio>
 
+#include "app/console/standard_streams.h"
+#include "app/console/terminal_text.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
 #include "core/whole_file.h"
+
+namespace {
+
+void writeToStandardOutput(std::string_view bytes) {
+  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
+  const bool said = std::fflush(stdout) == 0 && written;
+  ReportError(ErrorLog, said, "Error al escribir en la salida estándar"_cp1252);
+}
+
+}  // namespace
 
 void writeResult(const std::string& path, std::string_view bytes) {
   if (!path.empty()) {
     writeWholeFile(path, bytes);
     return;
   }
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stdout) == bytes.size();
-  const bool said = std::fflush(stdout) == 0 && written;
-  ReportError(ErrorLog, said, "Error al escribir en la salida estándar"_cp1252);
+  letStandardOutputBeBytes();
+  writeToStandardOutput(bytes);
+}
+
+void writeText(const std::string& path, std::string_view utf8) {
+  if (!path.empty()) {
+    writeWholeFile(path, utf8);
+    return;
+  }
+  writeToStandardOutput(forTerminal(utf8));
 }

@@ -148,7 +148,7 @@ int runWork(const Work& work, std::span<const std::string> arguments) {
   const std::string misread = WorkParser(work, arguments).parse(read);
   if (!misread.empty()) return wrong(work, misread);
   if (read.has(kHelpOption.name)) {
-    writeResult({}, forTerminal(helpOf(work)));
+    writeText({}, helpOf(work));
     return kExitDone;
   }
   if (const std::string problem = problemWith(work, read); !problem.empty()) {
