@@ -6,6 +6,7 @@ usage: windows_desktop_test.py TIP2BDL_EXE SOURCE_FOLDER [TEST...]
 
 import os
 import re
+import signal
 import subprocess
 import sys
 import time
@@ -22,6 +23,7 @@ FORM = "Calculando ..."
 BOX = "Se ha producido un error"
 PATIENCE = 60  # seconds
 BLUE = (0, 164, 219)
+EDGE = (160, 190, 202)
 
 
 def eventually(question, what):
@@ -140,8 +142,38 @@ class DesktopTest(unittest.TestCase):
                 step = dpi // 48
                 self.assertEqual(BLUE, pixels[logo[0] + step, logo[1] + 2 * step])
                 self.assertNotEqual(BLUE, pixels[logo[0] + step - 1, logo[1] + 2 * step])
+                # The bar, empty, in an edge of its own of one colour on all sides.
+                left, top, right, bottom = (round(place * dpi / 144) for place in (23, 385, 515, 408))
+                for place in ((left + 9, top), (left, top + 9), (right - 1, bottom - 9),
+                              (right - 9, bottom - 1)):
+                    self.assertEqual(EDGE, pixels[place])
+                self.assertEqual((255, 255, 255), pixels[left + 9, top + 9])
                 self.press(self.window(BOX), "Return")
                 self.assertEqual(3, self.ended(process))
+
+    def test_the_bar_has_its_own_colour(self):
+        """A long template, so that it is seen on its way."""
+        for name in ("casa-adosada.tbl", "defectos.inp"):
+            (self.folder / name).write_bytes((HOUSE / name).read_bytes())
+        (self.folder / "casa-adosada.bdl").write_bytes(
+            re.sub(rb"(?m)^ *\.\. *$", lambda end: end[0] + b"\n$ ----" * 100000,
+                   TEMPLATE.read_bytes()))
+        process = self.start(self.command_line(template=self.folder / "casa-adosada.bdl"))
+        form = self.window(FORM)
+        time.sleep(2)
+        colours = set()
+
+        def blue():
+            process.send_signal(signal.SIGSTOP)  # its way is short
+            told = self.tool("import", "-window", form, "-depth", "8", "-crop", "1x1+30+263", "txt:-")
+            process.send_signal(signal.SIGCONT)
+            found = re.search(r"\((\d+),(\d+),(\d+)", told)
+            if found:
+                colours.add(tuple(map(int, found.groups())))
+            return process.poll() is not None or BLUE in colours
+        eventually(blue, "a bar on its way")
+        self.assertEqual({(255, 255, 255), BLUE}, colours)
+        self.assertEqual(0, self.ended(process))
 
     def test_a_fault_waits_in_its_box(self):
         process = self.start(self.command_line(typology="no.tip"))

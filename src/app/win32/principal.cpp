@@ -51,8 +51,10 @@ TPrincipal::TPrincipal(HWND owner, const RunPaths& paths, std::function<void()> 
   for (std::size_t i = 0; i < labels_.size(); ++i) {
     labels_[i] = addChild(WC_STATICW, kStages[i].caption, SS_LEFTNOWORDWRAP | SS_NOPREFIX);
   }
-  // A bar in the system's style has the system's colour.
-  SetWindowTheme(pbBarra_.handle(), L"", L"");
+  // A bar in the style of the system has its colour too. (Empty names would leave it its style.)
+  // The edge of one without is of two colours, one of them lost on white: the form draws another.
+  SetWindowTheme(pbBarra_.handle(), L" ", L" ");
+  SetWindowLongPtrW(pbBarra_.handle(), GWL_EXSTYLE, 0);
   SendMessageW(pbBarra_.handle(), PBM_SETRANGE32, 0, kBarMaximum);
   SendMessageW(pbBarra_.handle(), PBM_SETBARCOLOR, 0, static_cast<LPARAM>(toWindows(kBarFilled)));
   SendMessageW(pbBarra_.handle(), PBM_SETBKCOLOR, 0, static_cast<LPARAM>(toWindows(kBarEmpty)));
@@ -66,7 +68,8 @@ void TPrincipal::layOut() {
     setFont(labels_[i], kStages[i].bold ? boldStage_ : stage_);
     place(labels_[i], stagePlace(i, dpi()));
   }
-  place(pbBarra_.handle(), at(kBar, kDpi, dpi()));
+  const FormPlace bar = at(kBar, kDpi, dpi());
+  place(pbBarra_.handle(), {bar.left + 1, bar.top + 1, bar.width - 2, bar.height - 2});
   logo_ = loadLogo(at(kLogo, kDpi, dpi()).width);
 }
 
@@ -97,6 +100,13 @@ void TPrincipal::paintLogo(HDC paper) const {
   DeleteDC(memory);
 }
 
+void TPrincipal::paintBarsEdge(HDC paper) const {
+  const FormPlace bar = at(kBar, kDpi, dpi());
+  const RECT edge = {bar.left, bar.top, bar.left + bar.width, bar.top + bar.height};
+  const Brush brush(CreateSolidBrush(toWindows(kBarEdge)));
+  FrameRect(paper, &edge, brush.get());
+}
+
 LRESULT TPrincipal::onMessage(UINT message, WPARAM wide, LPARAM longer) {
   switch (message) {
     case WM_TIMER:
@@ -110,7 +120,9 @@ LRESULT TPrincipal::onMessage(UINT message, WPARAM wide, LPARAM longer) {
       return 0;
     case WM_PAINT: {
       PAINTSTRUCT painting;
-      paintLogo(BeginPaint(handle(), &painting));
+      const HDC paper = BeginPaint(handle(), &painting);
+      paintLogo(paper);
+      paintBarsEdge(paper);
       EndPaint(handle(), &painting);
       return 0;
     }

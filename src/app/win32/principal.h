@@ -38,6 +38,7 @@ class TPrincipal : public FormWindow {
   void layOut() override;
   LRESULT onMessage(UINT message, WPARAM wide, LPARAM longer) override;
   void paintLogo(HDC paper) const;
+  void paintBarsEdge(HDC paper) const;
 
   ProgressRun run_;
   std::function<void()> closed_;
