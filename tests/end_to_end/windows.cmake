@@ -6,6 +6,9 @@ set(here "${PROJECT_SOURCE_DIR}/tests/end_to_end")
 add_test(NAME windows_samples
   COMMAND ${Python3_EXECUTABLE} ${here}/windows_samples_test.py
     $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR})
+add_test(NAME windows_works
+  COMMAND ${Python3_EXECUTABLE} ${here}/windows_works_test.py
+    $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR})
 add_test(NAME windows_desktop
   COMMAND ${Python3_EXECUTABLE} ${here}/windows_desktop_test.py
     $<TARGET_FILE:tip2bdl> ${PROJECT_SOURCE_DIR})
@@ -19,5 +22,5 @@ add_test(NAME windows_same_bytes
 add_test(NAME windows_package
   COMMAND ${Python3_EXECUTABLE} ${here}/windows_package_test.py
     ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${PROJECT_VERSION})
-set_tests_properties(windows_samples windows_desktop windows_programs windows_package PROPERTIES
+set_tests_properties(windows_samples windows_works windows_desktop windows_programs windows_package PROPERTIES
   SKIP_RETURN_CODE 77 TIMEOUT 300 ENVIRONMENT PYTHONDONTWRITEBYTECODE=1)
