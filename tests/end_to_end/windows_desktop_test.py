@@ -156,7 +156,7 @@ class DesktopTest(unittest.TestCase):
         for name in ("casa-adosada.tbl", "defectos.inp"):
             (self.folder / name).write_bytes((HOUSE / name).read_bytes())
         (self.folder / "casa-adosada.bdl").write_bytes(
-            re.sub(rb"(?m)^ *\.\. *$", lambda end: end[0] + b"\n$ ----" * 100000,
+            re.sub(rb"(?m)^ *\.\. *$", lambda end: end[0] + b"\n$ ----" * 40000,
                    TEMPLATE.read_bytes()))
         process = self.start(self.command_line(template=self.folder / "casa-adosada.bdl"))
         form = self.window(FORM)
