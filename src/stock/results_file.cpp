@@ -128,6 +128,7 @@ void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
   }
   reader_.close();
   file_.reset();
+  lines_ = {};  // of the file as it was
   fs::rename(filePath(beside), filePath(path_), failed);
   if (failed) fail();
 }

@@ -37,7 +37,7 @@ class ResultsFile {
   /// Adds a line, and gives its offset.
   std::uint64_t append(std::string_view line);
 
-  /// Replaces the file with the heading and the lines at these offsets.
+  /// Replaces the file with the heading and the lines at these offsets. The last thing to do.
   void arrange(std::span<const std::uint64_t> offsets);
 
   /// Hands out the whole lines of a file that nobody writes, its heading first, without their line

@@ -44,11 +44,12 @@ double numberIn(const std::string& cell) {
   return std::isfinite(value) ? value : 0;
 }
 
-/// A number of two decimals, exactly. No building has more than the limit, and sums of millions of
-/// them stay whole.
-std::int64_t hundredthsIn(const std::string& cell) {
-  constexpr double kMost = 1e10;
-  return std::llround(std::clamp(numberIn(cell) * kHundredths, 0.0, kMost));
+/// A number of so many hundredths, or of ones, within what `T` holds: no building has more.
+template <typename T>
+T clampedTo(double value) {
+  using Limits = std::numeric_limits<T>;
+  const double inside = std::clamp(value, double{Limits::min()}, double{Limits::max()});
+  return static_cast<T>(std::llround(inside));
 }
 
 /// Hands out the value that stands at a place when each stands there as often as it weighs. The
@@ -200,11 +201,11 @@ void StockStatistics::add(const std::vector<std::string>& cells) {
   }
   ++correct;
   BuildingSample sample;
-  sample.tipo = static_cast<std::int32_t>(numberIn(cells[kColumns.tipo]));
+  sample.tipo = clampedTo<std::int16_t>(numberIn(cells[kColumns.tipo]));
   // A building without any would be none.
   sample.dwellings =
-      static_cast<std::int32_t>(std::clamp(numberIn(cells[kColumns.dwellings]), 1.0, 1e9));
-  sample.area = hundredthsIn(cells[kColumns.area]);
+      std::max<std::uint16_t>(clampedTo<std::uint16_t>(numberIn(cells[kColumns.dwellings])), 1);
+  sample.area = clampedTo<std::uint32_t>(kHundredths * numberIn(cells[kColumns.area]));
   sample.compactness = static_cast<float>(numberIn(cells[kColumns.compactness]));
   const double wall = numberIn(cells[kColumns.facade]) + numberIn(cells[kColumns.courtyard]);
   if (wall > 0) {
@@ -212,7 +213,7 @@ void StockStatistics::add(const std::vector<std::string>& cells) {
   }
   dwellings += sample.dwellings;
   areaSum_ += sample.area;
-  volumeSum_ += hundredthsIn(cells[kColumns.volume]);
+  volumeSum_ += clampedTo<std::uint32_t>(kHundredths * numberIn(cells[kColumns.volume]));
   TipoSums& sums = byTipo[sample.tipo];
   ++sums.rows;
   sums.dwellings += sample.dwellings;

@@ -26,13 +26,13 @@ enum class RowWeight {
   kArea       // each m2 of floor area
 };
 
-/// One building. 24 bytes: of a million rows all have to be held to find percentiles.
+/// One building. 16 bytes: to find percentiles, those of all rows have to be held.
 struct BuildingSample {
-  float openings = 0;     // %
-  float compactness = 0;  // m3/m2
-  std::int64_t area = 0;  // hundredths of a m2, all storeys
-  std::int32_t dwellings = 0;
-  std::int32_t tipo = 0;
+  float openings = 0;      // %
+  float compactness = 0;   // m3/m2
+  std::uint32_t area = 0;  // hundredths of a m2, all storeys
+  std::uint16_t dwellings = 1;
+  std::int16_t tipo = 0;
 
   double value(StockMeasure measure) const;
   /// In rows, dwellings or hundredths of a m2.

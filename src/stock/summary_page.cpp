@@ -28,7 +28,7 @@ constexpr const char* kStyle =
     R"css(.par{display:flex;flex-wrap:wrap;gap:0 2.5rem;align-items:flex-start}
 .par figure{flex:0 1 96mm;margin:.8rem 0}.par .lienzo svg{max-width:100%}.par .tabla{flex:1 1 16rem}.par table{min-width:0}
 #resultado td:nth-child(2),#rechazadas td:nth-child(2),#avisos td:nth-child(3){min-width:12rem}
-@media print{.par{break-inside:avoid;gap:0 8mm}.par figure{flex:0 0 88mm;margin:2mm 0}.par .tabla{flex:1 1 50mm;margin:2mm 0}}
+@media print{table{font-size:8.5pt;line-height:1.3}th,td{padding:.3mm 3mm .3mm 0}.par{break-inside:avoid;gap:0 8mm}.par figure{flex:0 0 88mm;margin:2mm 0}.par .tabla{flex:1 1 50mm;margin:2mm 0}}
 )css";
 
 std::string counted(std::int64_t count) { return number(static_cast<double>(count), 0); }
@@ -150,7 +150,11 @@ class SummaryPage {
     table.total({"Total", "", counted(sum.rows), counted(sum.dwellings),
                  quantity(m2(sum.area), 0, "m²"), ""});
     if (!table.empty()) table.write(html_);
-    html_.raw("</section>\n");
+    html_.raw(
+        "<p class=\"nota\">En las tablas que siguen, los percentiles llevan interpolación lineal. "
+        "«Por "
+        "fila», «por vivienda» y «por superficie»: cada fila, cada vivienda o cada m² cuenta una "
+        "vez.</p>\n</section>\n");
   }
 
   void measure(const Section& section) {
@@ -213,9 +217,6 @@ class SummaryPage {
       return;
     }
     table.write(html_);
-    html_.raw(
-        "<p class=\"nota\">Percentiles con interpolación lineal. «Por fila», «por vivienda» y «por "
-        "superficie»: cada fila, cada vivienda o cada m² cuenta una vez.</p>\n");
   }
 
   void codes(const char* id, const char* heading, const char* caption,
