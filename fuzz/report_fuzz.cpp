@@ -37,11 +37,11 @@ report::Report reportOf(std::string_view text, std::string_view output, std::str
   const std::string words(text);
   report::Report report;
   report.program = words;
-  report.title = words;
+  report.identity = {words, 14, 3, 0, 1};
   report.inputs = {{"Plantilla", words, words, 1}};
   report.fault = Fault{words, Place{words, 1, 1, 1, words}};
   report.findings = {{words, words, words, words}};
-  report.data = {{words, words, words, words, 1}};
+  report.data = {{"", words, words, words, words, 1}, {words, words, words, words, words, 1}};
   report.sheet.emplace();
   report.sheet->data = kBlock;
   report.sheet->plan = std::get<Plan>(planTipologia(kBlock));

@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <numbers>
 
 #include "report/building_views.h"
@@ -17,6 +18,8 @@ namespace {
 
 constexpr double kPictureWidth = 150;   // mm, at most
 constexpr double kPictureHeight = 130;  // mm, at most
+constexpr double kSeam = 0.2;           // mm
+constexpr double kArrowAir = 5;         // mm, between the building and the north arrow
 
 struct Storey {
   int floor;
@@ -95,8 +98,12 @@ class View {
     const double c = std::cos(turn_), s = std::sin(turn_);
     const double alongX = c - s, alongY = s + c;  // how much farther a step along x or y is
     const auto order = [](int index, double away) { return away > 0 ? -index : index; };
+    // First by the axis that leads farther away: of the other one, when the view runs across it,
+    // rounding would decide.
+    const bool columnsFirst = std::abs(alongX) > std::abs(alongY);
     std::ranges::stable_sort(pieces, {}, [&](const WallPiece& piece) {
-      return std::pair(order(piece.row, alongY), order(piece.column, alongX));
+      const int row = order(piece.row, alongY), column = order(piece.column, alongX);
+      return columnsFirst ? std::pair(column, row) : std::pair(row, column);
     });
     for (const WallPiece& piece : pieces) addWall(piece, pieces);
   }
@@ -141,9 +148,11 @@ class View {
         continue;  // on another line
       }
       const double start = (wall.x0 - w.x0) * dx + (wall.y0 - w.y0) * dy;
-      const double from = std::max(0.0, start + window.x);
-      const double to = std::min(length, start + window.x + window.width);
-      if (to - from < 1e-6) continue;
+      const double begin = start + window.x, end = begin + window.width;
+      if (std::min(length, end) - std::max(0.0, begin) < 1e-6) continue;
+      // Where the window goes on over the next piece they overlap, or the seam would be seen.
+      const double from = std::max(-kSeam / k_, begin);
+      const double to = std::min(length + kSeam / k_, end);
       const int floor = building_.spaces[static_cast<std::size_t>(wall.space)].floor;
       for (const Storey& storey : storeys_) {
         if (storey.floor != floor) continue;
@@ -174,20 +183,48 @@ class View {
     drawing_.shapes.push_back(std::move(edges));
   }
 
-  /// Lies on the ground: north is up and to the left, always, since the viewer does not move.
+  /// Lies on the ground, at the right of the building's foot. North is up and to the left, always,
+  /// since the viewer does not move.
   void addNorthOnGround() {
-    const Box bounds = boundsOf(drawing_);
-    const Point foot{bounds.x1 + 10, bounds.y1 - 2};
     const double sine = std::sin(std::atan(1 / std::numbers::sqrt2));
     const auto on = [&](double east, double north) {
-      return Point{foot.x + (east - north) / std::numbers::sqrt2,
-                   foot.y - (east + north) / std::numbers::sqrt2 * sine};
+      return Point{(east - north) / std::numbers::sqrt2,
+                   -(east + north) / std::numbers::sqrt2 * sine};
     };
-    drawing_.shapes.push_back(
+    Drawing arrow;
+    arrow.shapes.push_back(
         {Sign::kNorth, {{on(0, 0), on(0, 13)}, {on(-1.8, 8.5), on(0, 13), on(1.8, 8.5)}}, false});
-    const Point head = on(0, 16.5);
-    drawing_.labels.push_back(
-        {{head.x, head.y + kSmall / 2}, kMedium, Anchor::kMiddle, false, false, "N"});
+    const Point head = on(0, 17.5);
+    arrow.labels.push_back(
+        {{head.x, head.y + kLarge / 2}, kLarge, Anchor::kMiddle, false, false, "N"});
+    const Box size = boundsOf(arrow);
+    const double low = boundsOf(drawing_).y1;
+    arrow.shift(rightEnd(low - size.height() - kArrowAir, low) + kArrowAir - size.x0,
+                low - size.y1);
+    std::ranges::move(arrow.shapes, std::back_inserter(drawing_.shapes));
+    std::ranges::move(arrow.labels, std::back_inserter(drawing_.labels));
+  }
+
+  /// How far to the right the drawing reaches between two heights on the paper.
+  double rightEnd(double top, double bottom) const {
+    double right = -1e9;
+    for (const Shape& shape : drawing_.shapes) {
+      for (const std::vector<Point>& line : shape.lines) {
+        for (std::size_t i = 0; i < line.size(); ++i) {
+          const Point& a = line[i];
+          const Point& b = line[(i + 1) % line.size()];
+          if (std::max(a.y, b.y) < top || std::min(a.y, b.y) > bottom) continue;
+          for (const double y : {top, bottom}) {
+            if ((a.y - y) * (b.y - y) >= 0) continue;
+            right = std::max(right, a.x + (b.x - a.x) * (y - a.y) / (b.y - a.y));
+          }
+          for (const Point& p : {a, b}) {
+            if (p.y >= top && p.y <= bottom) right = std::max(right, p.x);
+          }
+        }
+      }
+    }
+    return right;
   }
 
   const GeneratedBuilding& building_;

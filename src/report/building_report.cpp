@@ -91,11 +91,25 @@ std::vector<ConstructionUse> constructionsOf(const GeneratedBuilding& building) 
   return uses;
 }
 
-std::string titleOf(const TypologyRecord& typology) {
-  for (const WrittenCommand& command : readCommands(typology.fuente().bytes())) {
-    if (command.type == "VIVIENDA") return std::string(command.name);
+/// The command of a type that the run used; of any name where `name` is empty.
+const WrittenCommand* usedCommand(const std::vector<WrittenCommand>& commands,
+                                  std::string_view type, std::string_view name) {
+  const auto found = std::ranges::find_if(commands, [&](const WrittenCommand& command) {
+    return command.type == type && (name.empty() || command.name == name);
+  });
+  return found == commands.end() ? nullptr : &*found;
+}
+
+/// The keywords of a frame, a shade or a place of which the run has the text `used`.
+void addCommand(Report& report, const std::string& file, const WrittenCommand* command,
+                std::string_view used) {
+  if (command == nullptr || used.empty()) return;
+  for (std::size_t i = 0; i < command->keywords.size(); ++i) {
+    const auto& [keyword, value] = command->keywords[i];
+    report.data.push_back({std::string(command->name) + " = " + std::string(command->type),
+                           std::string(keyword), std::string(unquoted(value)), "", file,
+                           command->lines[i]});
   }
-  return {};
 }
 
 }  // namespace
@@ -103,8 +117,11 @@ std::string titleOf(const TypologyRecord& typology) {
 std::string baseName(const std::string& path) { return path.substr(folderOf(path).size()); }
 
 void addTypology(Report& report, const TypologyRecord& typology) {
-  report.numeroPlantas = typology.numeroPlantas;
-  report.title = titleOf(typology);
+  const std::vector<WrittenCommand> commands = readCommands(typology.fuente().bytes());
+  const WrittenCommand* vivienda = usedCommand(commands, "VIVIENDA", "");
+  report.identity = {vivienda == nullptr ? "" : std::string(trimmed(vivienda->name)), typology.tipo,
+                     typology.numeroPlantas, static_cast<double>(typology.orientacion),
+                     static_cast<double>(typology.airChangesHr)};
   const Place none = typology.placeOf({});
   for (const ViviendaKeyword& keyword : viviendaKeywords()) {
     Datum datum;
@@ -121,6 +138,15 @@ void addTypology(Report& report, const TypologyRecord& typology) {
     report.data.push_back(std::move(datum));
   }
 
+  const std::string file = baseName(typology.fuente().name());
+  addCommand(report, file, usedCommand(commands, "NAME-FRAME", unquoted(typology.ventanaMarco)),
+             typology.textoMarco);
+  addCommand(report, file,
+             usedCommand(commands, "VENTANA-SOMBRA", unquoted(typology.ventanaSombra)),
+             typology.textoSombra);
+  addCommand(report, file, usedCommand(commands, "SOLAR-POSITION", ""),
+             typology.textoPosicionSolar);
+
   PlanSheet sheet;
   sheet.data = {typology.tipo,
                 typology.areaPlanta,
@@ -132,8 +158,8 @@ void addTypology(Report& report, const TypologyRecord& typology) {
   const PlanResult result = planTipologia(sheet.data);
   if (!std::holds_alternative<Plan>(result)) return;
   sheet.plan = std::get<Plan>(result);
-  sheet.giro = static_cast<double>(typology.orientacion);
-  sheet.title = report.title;
+  sheet.giro = report.identity->giro;
+  sheet.title = report.identity->title;
   sheet.content = planContent(typology.tipo);
   sheet.program = report.program;
   sheet.fingerprint = fingerprint(typology.fuente().bytes());
@@ -150,6 +176,7 @@ void addBuilding(Report& report, const TypologyRecord& typology, const Template&
                     static_cast<double>(typology.orientacion)};
   report.measures = measure(*report.building, plan, asked);
   report.constructions = constructionsOf(*report.building);
+  if (!report.building->followsPlan()) return;
   report.sheet->party = partySides(*report.building);
   report.sheet->windows = windowsOfPlan(*report.building);
 }

@@ -33,6 +33,7 @@ struct Finding {
 
 /// A keyword of the typology. Bytes as in the file.
 struct Datum {
+  std::string command;  // whose keyword it is; empty: of the dwelling
   std::string keyword;
   std::string value;
   std::string unit;
@@ -47,6 +48,15 @@ struct ConstructionUse {
   double area = 0;     // m2, gross
 };
 
+/// What a typology that was read says of itself.
+struct Identity {
+  std::string title;  // of its command
+  int tipo = 0;
+  int numeroPlantas = 0;
+  double giro = 0;  // ORIENTACION, degrees clockwise
+  double airChanges = 0;
+};
+
 struct Report {
   std::string program;  // name and version
   std::vector<InputFile> inputs;
@@ -54,9 +64,8 @@ struct Report {
   std::vector<Finding> findings;
 
   // What can be shown: of a run that refused, perhaps only some of it.
+  std::optional<Identity> identity;
   std::optional<PlanSheet> sheet;
-  int numeroPlantas = 0;
-  std::string title;  // of the typology's command
   std::vector<Datum> data;
   std::optional<GeneratedBuilding> building;
   std::optional<Measures> measures;

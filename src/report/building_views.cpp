@@ -203,7 +203,32 @@ Drawing elevation(const GeneratedBuilding& building, const Plan& plan, Facade si
   }
   drawing.shapes.push_back(std::move(marks));
   addChain(drawing, ChainSide::kLeft, {{0, -top * k}, {0, top}}, left * k - 8, left * k);
-  addChain(drawing, ChainSide::kBelow, {{left * k, right * k}, {left, right}}, 8, 0);
+  // Its parts, then all of it: of a courtyard in two parts that would be no wall's length.
+  const auto chainOf = [&](const std::vector<double>& metres) {
+    Chain chain;
+    for (const double each : metres) {
+      chain.metres.push_back(each);
+      chain.places.push_back(each * k);
+    }
+    return chain;
+  };
+  std::vector<double> ends;
+  double length = 0;
+  for (const Piece& piece : joined) {
+    length += piece.to - piece.from;
+    for (const double end : {piece.from, piece.to}) {
+      if (ends.empty() || end - ends.back() > 2e-3) ends.push_back(end);
+    }
+  }
+  const Chain parts = chainOf(ends);
+  double line = 8;
+  const bool inParts = ends.size() > 2 && fits(parts);
+  if (inParts) addChain(drawing, ChainSide::kBelow, parts, line, 0);
+  if (!inParts || !courtyard) {
+    const double from = inParts ? line : 0;
+    if (inParts) line += 6.5;
+    addChain(drawing, ChainSide::kBelow, chainOf({left, right}), line, from);
+  }
 
   const Box bounds = boundsOf(drawing);
   drawing.shift(3 - bounds.x0, 3 - bounds.y0);
@@ -211,8 +236,8 @@ Drawing elevation(const GeneratedBuilding& building, const Plan& plan, Facade si
   drawing.height = bounds.height() + 6;
   drawing.title = elevationTitle(side, courtyard, giro);
   drawing.description = "A escala 1:" + std::to_string(scale) + ", de " +
-                        quantity(right - left, 2, "m") + " de largo y " + quantity(top, 2, "m") +
-                        " de alto, con " + std::to_string(storeys.size()) +
+                        quantity(courtyard ? length : right - left, 2, "m") + " de largo y " +
+                        quantity(top, 2, "m") + " de alto, con " + std::to_string(storeys.size()) +
                         (storeys.size() == 1 ? " planta." : " plantas.");
   return drawing;
 }

@@ -13,7 +13,7 @@ constexpr std::string_view kEllipsis = "…";
 
 /// Width of a character, of the font size: the widest of the usual sans-serif families.
 double characterWidth(char32_t c) {
-  constexpr std::u32string_view kNarrow = U" .,:;'|!ijlIíìï·’";
+  constexpr std::u32string_view kNarrow = U" \u00A0.,:;'|!ijlIíìï·’";
   constexpr std::u32string_view kSlim = U"()[]/-\\ftr\"°";
   constexpr std::u32string_view kWide = U"mwMW@%—…Ñ";
   if (kNarrow.find(c) != kNarrow.npos) return 0.35;
@@ -35,6 +35,22 @@ char32_t nextCharacter(std::string_view& text) {
   }
   text.remove_prefix(std::min(length, text.size()));
   return c;
+}
+
+/// How many bytes of `word` a line takes: all of it, or up to the last sign between its parts that
+/// still fits, or as many characters as fit; at least one.
+std::size_t fittingPart(std::string_view word, double capHeight, double width) {
+  double used = 0;
+  std::size_t fitting = 0, behindSign = 0;
+  std::string_view rest = word;
+  while (!rest.empty()) {
+    const char first = rest.front();
+    used += characterWidth(nextCharacter(rest)) * capHeight / kCapitals;
+    if (used > width && fitting > 0) return behindSign > 0 ? behindSign : fitting;
+    fitting = word.size() - rest.size();
+    if (first == '-' || first == '_' || first == '.') behindSign = fitting;
+  }
+  return fitting;
 }
 
 }  // namespace
@@ -80,18 +96,32 @@ std::string cutToWidth(std::string_view text, double capHeight, double width) {
   return std::string(text.substr(0, text.size() - rest.size())) + std::string(kEllipsis);
 }
 
-std::vector<std::string> wrapped(std::string_view text, double capHeight, double width) {
+std::vector<std::string> wrapped(std::string_view text, double capHeight, double width,
+                                 std::size_t most) {
   std::vector<std::string> lines;
+  const auto add = [&](std::string_view word, bool sameLine) {
+    const std::string longer = lines.empty() ? "" : lines.back() + " " + std::string(word);
+    if (sameLine && !lines.empty() && textWidth(longer, capHeight) <= width) {
+      lines.back() = longer;
+    } else {
+      lines.emplace_back(word);
+    }
+  };
   while (!text.empty()) {
     const std::size_t blank = std::min(text.find(' '), text.size());
-    const std::string word = cutToWidth(text.substr(0, blank), capHeight, width);
+    std::string_view word = text.substr(0, blank);
     text.remove_prefix(std::min(blank + 1, text.size()));
-    if (word.empty()) continue;
-    if (!lines.empty() && textWidth(lines.back() + " " + word, capHeight) <= width) {
-      lines.back() += " " + word;
-    } else {
-      lines.push_back(word);
+    bool sameLine = true;
+    while (!word.empty()) {
+      const std::size_t part = fittingPart(word, capHeight, width);
+      add(word.substr(0, part), sameLine);
+      word.remove_prefix(part);
+      sameLine = false;
     }
+  }
+  if (lines.size() > most) {
+    lines.resize(most);
+    lines.back() = cutToWidth(lines.back() + std::string(kEllipsis), capHeight, width);
   }
   return lines;
 }

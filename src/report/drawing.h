@@ -81,8 +81,10 @@ Box boxOf(const Label& label);
 double textWidth(std::string_view utf8, double capHeight);
 /// `text` cut to `width`, with an ellipsis where something is lost.
 std::string cutToWidth(std::string_view text, double capHeight, double width);
-/// `text` in lines of at most `width`, broken at blanks; a longer word is cut.
-std::vector<std::string> wrapped(std::string_view text, double capHeight, double width);
+/// `text` in lines of at most `width`, broken at blanks; a longer word behind one of its signs, or
+/// anywhere. Of more than `most` lines the last one ends in an ellipsis.
+std::vector<std::string> wrapped(std::string_view text, double capHeight, double width,
+                                 std::size_t most = 100);
 
 // Heights of letters, mm.
 inline constexpr double kSmall = 2.5;   // dimensions, areas, notes; nothing is smaller

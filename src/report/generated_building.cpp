@@ -55,6 +55,25 @@ Vertices verticesOf(const WrittenCommand& polygon) {
   return vertices;
 }
 
+/// The first hourly value of the schedule that the run rewrote.
+double nightFactorOf(const std::vector<WrittenCommand>& original,
+                     const std::vector<WrittenCommand>& written) {
+  std::unordered_map<std::string_view, std::string_view> before;
+  for (const WrittenCommand& command : original) before.try_emplace(command.name, command.text);
+  for (const WrittenCommand& command : written) {
+    const auto found = before.find(command.name);
+    if (command.type != "DAY-SCHEDULE" || found == before.end() || found->second == command.text) {
+      continue;
+    }
+    const std::string_view values = command.value("VALUES");
+    const std::size_t open = values.find('(');
+    WrittenCommand first;
+    if (open != values.npos) first.keywords = {{"first", trimmed(values.substr(open + 1))}};
+    return first.real("first").value_or(0);
+  }
+  return 0;
+}
+
 /// Where a counter-clockwise edge looks.
 Facade sideOf(const Vertex& a, const Vertex& b) {
   const double dx = static_cast<double>(b.x) - a.x, dy = static_cast<double>(b.y) - a.y;
@@ -149,6 +168,7 @@ class BuildingReader {
     surface.construction = unquoted(command.value("CONSTRUCTION"));
     surface.space = static_cast<int>(building_.spaces.size()) - 1;
     surface.multiplier = space.multiplier;
+    surface.nextTo = unquoted(command.value("NEXT-TO"));
     const std::string_view location = command.value("LOCATION");
     if (const int edge = edgeNumber(location); edge > 0) {
       placeOnEdge(surface, command, edge);
@@ -237,6 +257,10 @@ class BuildingReader {
 
 }  // namespace
 
+bool GeneratedBuilding::followsPlan() const {
+  return std::ranges::all_of(spaces, [](const WrittenSpace& space) { return space.outline >= 0; });
+}
+
 Count GeneratedBuilding::storeys() const {
   return std::accumulate(
       floors.begin(), floors.end(), Count{0},
@@ -259,6 +283,7 @@ GeneratedBuilding readBuilding(std::string_view output, std::string_view typolog
   const std::vector<WrittenCommand> after = readCommands(output);
   GeneratedBuilding building = BuildingReader(table, plan, before).read(after);
   building.commands = countCommands(before, after);
+  building.nightFactor = nightFactorOf(before, after);
   return building;
 }
 

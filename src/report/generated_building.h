@@ -51,6 +51,7 @@ struct WrittenSurface {
   std::string name;
   std::string construction;
   int space = -1;
+  std::string nextTo;  // the space beyond, of a partition
   Count multiplier = 1;
   double area = 0;  // gross, of one
   // Of walls on an edge of their space's outline; as seen from outside, left to right.
@@ -76,7 +77,11 @@ struct GeneratedBuilding {
   PerFacade<int> lostStreet{};  // windows of the template that the run removed
   PerFacade<int> lostCourtyard{};
   std::map<std::string, CommandCount> commands;
+  /// By which the run multiplies the air changes of summer nights; 0 where it rewrote no schedule.
+  double nightFactor = 0;
 
+  /// Whether every space has a contour of the plan: a template of another family keeps its own.
+  bool followsPlan() const;
   Count storeys() const;
   /// Of the lowest storey; all have the same.
   double storeyHeight() const { return floors.empty() ? 0 : floors.front().height; }

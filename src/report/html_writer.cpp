@@ -97,6 +97,8 @@ figcaption{margin:.3rem 0;max-width:46rem}
 .lienzo{overflow-x:auto}
 .lienzo svg{display:block;height:auto}
 .ajusta svg{width:100%;max-width:42rem}
+.alzados{display:flex;flex-wrap:wrap;gap:.4rem 2rem;align-items:flex-start}
+.alzados figure{width:min-content;min-width:min(100%,15rem);max-width:100%;margin:.6rem 0}
 .tabla{overflow-x:auto;margin:.8rem 0}
 table{border-collapse:collapse;font-size:.92rem;min-width:min(100%,30rem)}
 .ancha{min-width:52rem}
@@ -108,10 +110,11 @@ thead th{color:var(--tenue);font-size:.85rem;vertical-align:bottom;border-bottom
 tfoot th,tfoot td{font-weight:bold;border-bottom:0}
 .num{text-align:right;white-space:nowrap;font-variant-numeric:tabular-nums}
 code{font-family:"DejaVu Sans Mono",Consolas,monospace;font-size:.88em;overflow-wrap:anywhere}
-@page{size:A4;margin:14mm}
+@page{size:A4;margin:12mm 9mm}
 @media print{body{font-size:10.5pt;max-width:none;padding:0}a{color:inherit;text-decoration:none}nav{display:none}
 .pagina{break-before:page}h2,h3,caption,thead{break-after:avoid}tr{break-inside:avoid}
-.ancha{min-width:0}.lienzo,.tabla{overflow:visible}.tabla{break-inside:avoid}.lienzo svg{max-width:100%}.ajusta svg{max-width:115mm}
+.ancha{min-width:0}.lienzo,.tabla{overflow:visible}.tabla{break-inside:avoid}.ajusta svg{width:auto;max-width:125mm;max-height:92mm}
+.nota{break-before:avoid}.alzados{gap:0 8mm}.alzados figure{margin:1mm 0}.alzados figcaption{font-size:9pt;line-height:1.3}
 h1{font-size:18pt}h2{font-size:14pt;margin-top:7mm}.cifras{margin:3mm 0}figure{margin:3mm 0}table{font-size:9pt}th,td{padding:.5mm 3mm .5mm 0}
 *{-webkit-print-color-adjust:exact;print-color-adjust:exact}}
 )css";

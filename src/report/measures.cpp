@@ -18,6 +18,17 @@ bool isOuterWall(SurfaceKind kind) {
   return kind == SurfaceKind::kFacade || kind == SurfaceKind::kCourtyard;
 }
 
+/// What the figures before do not explain: the walls are not those that the windows were sized for.
+bool isOtherwise(const FacadeMeasure& facade, double storeyHeight) {
+  const auto has = [&](GlazingReason reason) {
+    return std::ranges::count(facade.reasons, reason) > 0;
+  };
+  if (facade.windows == 0 || !(storeyHeight > 0)) return false;
+  if (has(GlazingReason::kStoreyHigh) || has(GlazingReason::kBaysWithout)) return false;
+  const double expected = std::min(facade.asked, 100.0) * kSizingHeight / storeyHeight;
+  return std::abs(expected - facade.obtained) > 0.02 * expected + 0.05;
+}
+
 FacadeMeasure facadeOf(const GeneratedBuilding& building, const Asked& asked, Facade side,
                        bool courtyard, int bayCount) {
   FacadeMeasure facade;
@@ -52,6 +63,7 @@ FacadeMeasure facadeOf(const GeneratedBuilding& building, const Asked& asked, Fa
   because(!(facade.asked > 0) && lost[side] > 0, GlazingReason::kRemoved);
   because(facade.asked > 0 && facade.windows < bayCount * building.storeys(),
           GlazingReason::kBaysWithout);
+  because(isOtherwise(facade, building.storeyHeight()), GlazingReason::kOtherWalls);
   return facade;
 }
 
@@ -75,6 +87,9 @@ void addSpaces(Measures& measures, const GeneratedBuilding& building, const Plan
     measure.volume = space.area * space.height;
     for (std::size_t k = 0; k < building.surfaces.size(); ++k) {
       const WrittenSurface& surface = building.surfaces[k];
+      if (surface.kind == SurfaceKind::kPartition && surface.nextTo == space.name) {
+        measure.partition += surface.area;
+      }
       if (surface.space != static_cast<int>(i)) continue;
       if (surface.kind == SurfaceKind::kFacade) measure.facade += surface.area;
       if (surface.kind == SurfaceKind::kCourtyard) measure.courtyard += surface.area;
@@ -102,6 +117,8 @@ std::string_view reasonText(GlazingReason reason) {
       return "eliminada (0 %)";
     case GlazingReason::kBaysWithout:
       return "paños sin ventana en la plantilla";
+    case GlazingReason::kOtherWalls:
+      return "los muros de la plantilla no son los de la tipología";
   }
   return "";
 }
@@ -134,10 +151,19 @@ Measures measure(const GeneratedBuilding& building, const Plan& plan, const Aske
                                             (courtyard ? courtyardBays : streetBays)[side]);
       if (facade.wall < kNearly) continue;
       m.openings += facade.openings;
-      m.openingsByDirection[directionIndex(facade.azimuth)] += facade.openings;
-      m.facadeByDirection[directionIndex(facade.azimuth)] += facade.wall;
+      DirectionMeasure& direction = m.byDirection[directionIndex(facade.azimuth)];
+      direction.azimuth = facade.azimuth;
+      direction.openings += facade.openings;
+      (courtyard ? direction.courtyard : direction.facade) += facade.wall;
       m.facades.push_back(facade);
     }
+  }
+  for (const WrittenSurface& surface : building.surfaces) {
+    if (surface.kind != SurfaceKind::kParty) continue;
+    const double azimuth = realAzimuth(surface.side, asked.giro);
+    DirectionMeasure& direction = m.byDirection[directionIndex(azimuth)];
+    direction.azimuth = azimuth;
+    direction.party += surface.area * static_cast<double>(surface.multiplier);
   }
   m.facade = sumOf(building, SurfaceKind::kFacade);
   m.courtyard = sumOf(building, SurfaceKind::kCourtyard);
@@ -147,8 +173,8 @@ Measures measure(const GeneratedBuilding& building, const Plan& plan, const Aske
   m.partition = sumOf(building, SurfaceKind::kPartition);
   m.inner = sumOf(building, SurfaceKind::kInner);
   m.slabs = sumOf(building, SurfaceKind::kSlab);
-  const double exchanging = m.facade + m.courtyard + m.roof + m.ground;
-  if (exchanging > 0) m.compactness = m.volume / exchanging;
+  m.exchanging = m.facade + m.courtyard + m.roof + m.ground;
+  if (m.exchanging > 0) m.compactness = m.volume / m.exchanging;
   if (m.floorArea > 0) m.openingsByFloor = 100 * m.openings / m.floorArea;
 
   for (const WrittenWindow& window : building.windows) {

@@ -16,7 +16,8 @@ enum class GlazingReason {
   kCappedAtBay,   // more than the bay was asked for
   kStoreyHigh,    // the template's window is as high as a storey
   kRemoved,       // 0 % asked
-  kBaysWithout    // the template has no window there
+  kBaysWithout,   // the template has no window there
+  kOtherWalls     // the template's walls are not those of the typology
 };
 std::string_view reasonText(GlazingReason reason);
 
@@ -34,12 +35,21 @@ struct FacadeMeasure {
   double net() const { return wall - openings; }
 };
 
+/// What looks in one of the eight directions, m2, gross.
+struct DirectionMeasure {
+  double azimuth = 0;  // degrees
+  double facade = 0, courtyard = 0, party = 0;
+  double openings = 0;
+  double open() const { return facade + courtyard; }
+};
+
 /// What a dwelling or the stair of one storey has, m2.
 struct SpaceMeasure {
   std::string name;  // "Vivienda A", "Escalera"
   double area = 0;
   double volume = 0;  // m3
-  double facade = 0, courtyard = 0, party = 0, partition = 0;
+  double facade = 0, courtyard = 0, party = 0;
+  double partition = 0;  // to other spaces, whichever of the two writes it
   double openings = 0;
 };
 
@@ -54,13 +64,14 @@ struct Measures {
   double facade = 0, courtyard = 0, party = 0, roof = 0, ground = 0;  // m2, gross
   double partition = 0, inner = 0, slabs = 0;                         // m2
   double openings = 0;                                                // m2
-  double compactness = 0;                                             // m3/m2
-  double openingsByFloor = 0;                                         // %
-  std::vector<FacadeMeasure> facades;           // street first, then courtyard; those with a wall
-  std::array<double, 8> openingsByDirection{};  // m2, from N clockwise
-  std::array<double, 8> facadeByDirection{};    // m2, street and courtyard
-  std::vector<SpaceMeasure> spaces;             // of the lowest storey
-  Count headsAboveCeiling = 0;                  // windows, with their multipliers
+  double exchanging = 0;       // m2: façades, courtyards, roof and floor, openings included
+  double compactness = 0;      // m3/m2
+  double openingsByFloor = 0;  // %
+  std::vector<FacadeMeasure> facades;  // street first, then courtyard; those with a wall
+  /// From N clockwise. No two sides look in the same direction.
+  std::array<DirectionMeasure, 8> byDirection{};
+  std::vector<SpaceMeasure> spaces;  // of the lowest storey
+  Count headsAboveCeiling = 0;       // windows, with their multipliers
   Count tallerThanStorey = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "report/plan_captions.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "report/words.h"
 
@@ -23,6 +24,8 @@ class CaptionDrawer {
         addCaption(room, boxesOf(room.region));
       }
     }
+    // Once all names inside are there: lines go round them.
+    for (const Outside& each : outside_) leadOut(each);
     return std::move(captions_);
   }
 
@@ -51,42 +54,83 @@ class CaptionDrawer {
         captions_.inside.push_back(grown(boxOf(label), 1));
         drawing_.labels.push_back(label);
       }
-    } else if (!room.letter.empty()) {
-      leadOut(room, boxes);
+    } else {
+      const bool isHouse = frame_.rooms.size() == 1;  // the title says what it is
+      if (!isHouse) {
+        outside_.push_back({name, *std::ranges::max_element(boxes, {}, [](const Box& box) {
+                              return box.width() * box.height();
+                            })});
+      }
     }
   }
 
-  /// A letter beside the block, at the top or at the right, with a line from its room.
-  void leadOut(const Room& room, const std::vector<Box>& boxes) {
-    const Box& inside = *std::ranges::max_element(
-        boxes, {}, [](const Box& box) { return box.width() * box.height(); });
-    const Point from{(inside.x0 + inside.x1) / 2, (inside.y0 + inside.y1) / 2};
-    const double right = frame_.width() + 4;
-    for (int step = 0; step < 120; ++step) {
-      const double away = step / 2.0;  // mm
-      for (const double sign : {-1.0, 1.0}) {
-        const Point above{from.x + sign * away, -4};
-        const Point beside{right, from.y + sign * away + kSmall / 2};
-        const bool wide = frame_.L > frame_.D;
-        for (const bool top : {wide, !wide}) {
-          const Label label{
-              top ? above : beside, kSmall, top ? Anchor::kMiddle : Anchor::kStart, false, false,
-              room.letter};
-          const Box box = grown(boxOf(label), 0.8);
-          if (std::ranges::any_of(captions_.led,
-                                  [&](const Box& other) { return touch(other, box); })) {
-            continue;
+  /// A room whose name does not fit into it.
+  struct Outside {
+    std::string name;
+    Box inside;  // mm
+  };
+
+  /// The name beside the block, at the top or at the right, with a line from its room that neither
+  /// crosses another name nor runs along a wall.
+  void leadOut(const Outside& room) {
+    const Box& inside = room.inside;
+    for (const bool strict : {true, false}) {
+      for (int step = 0; step < 120; ++step) {
+        for (const double share : {0.5, 0.25, 0.75}) {
+          const Point from{inside.x0 + share * inside.width(), inside.y0 + share * inside.height()};
+          for (const double away : {-step / 2.0, step / 2.0}) {  // mm
+            const bool wide = frame_.L > frame_.D;
+            for (const bool top : {wide, !wide}) {
+              if (tryLead(room.name, from, away, top, strict)) return;
+            }
           }
-          captions_.led.push_back(box);
-          drawing_.labels.push_back(label);
-          drawing_.line(Sign::kLeader, from,
-                        top ? Point{label.at.x, box.y1} : Point{box.x0, label.at.y - kSmall / 2});
-          return;
         }
       }
     }
   }
 
+  bool tryLead(const std::string& name, Point from, double away, bool top, bool strict) {
+    const Point at =
+        top ? Point{from.x + away, -4} : Point{frame_.width() + 4, from.y + away + kSmall / 2};
+    const Label label{at, kSmall, top ? Anchor::kMiddle : Anchor::kStart, false, false, name};
+    const Box box = grown(boxOf(label), 0.8);
+    const Point to = top ? Point{at.x, box.y1} : Point{box.x0, at.y - kSmall / 2};
+    const auto touches = [&](const Box& other) { return touch(other, box); };
+    if (std::ranges::any_of(captions_.led, touches)) return false;
+    if (strict && !isFree(from, to)) return false;
+    captions_.led.push_back(box);
+    drawing_.labels.push_back(label);
+    drawing_.line(Sign::kLeader, from, to);
+    return true;
+  }
+
+  /// Whether a line crosses no name, and stays off the walls that it runs along.
+  bool isFree(Point from, Point to) const {
+    constexpr int kSteps = 200;
+    for (int i = 0; i <= kSteps; ++i) {
+      const double share = static_cast<double>(i) / kSteps;
+      const Point p{from.x + share * (to.x - from.x), from.y + share * (to.y - from.y)};
+      const Box dot{p.x - 0.01, p.y - 0.01, p.x + 0.01, p.y + 0.01};
+      if (std::ranges::any_of(captions_.inside, [&](const Box& b) { return touch(b, dot); })) {
+        return false;
+      }
+    }
+    constexpr double kOff = 0.8;  // mm
+    const PlanCells& cells = frame_.cells;
+    if (std::abs(to.x - from.x) < 1e-6) {
+      for (int i = 0; i <= cells.columns(); ++i) {
+        if (std::abs(frame_.at(cells.x(i), 0).x - from.x) < kOff) return false;
+      }
+    }
+    if (std::abs(to.y - from.y) < 1e-6) {
+      for (int i = 0; i <= cells.rows(); ++i) {
+        if (std::abs(frame_.at(0, cells.y(i)).y - from.y) < kOff) return false;
+      }
+    }
+    return true;
+  }
+
+  std::vector<Outside> outside_;
   Drawing& drawing_;
   const PlanFrame& frame_;
   PlanCaptions captions_;

@@ -30,17 +30,47 @@ bool isEqual(const Chain& chain) {
   return true;
 }
 
+struct Stretch {
+  double from, to;  // m, rising
+  double depth;     // behind the side's edge
+};
+
+/// The bays that one sees who looks at a side from outside: what stands in front hides what lies
+/// behind, so that a chain never mixes a façade with the courtyard behind it.
+std::vector<Stretch> seenBays(const PlanFrame& frame, ChainSide side, bool withCourtyards) {
+  const bool below = side == ChainSide::kBelow;
+  std::vector<Stretch> all;
+  for (const Bay& bay : frame.bays) {
+    if (bay.side != (below ? kSouth : kWest) || (bay.courtyard && !withCourtyards)) continue;
+    const auto [from, to] = below ? std::minmax(bay.x0, bay.x1) : std::minmax(bay.y0, bay.y1);
+    all.push_back({from, to, below ? bay.y0 : bay.x0});
+  }
+  std::vector<Stretch> seen;
+  for (const Stretch& span : all) {
+    const bool hidden = std::ranges::any_of(all, [&](const Stretch& other) {
+      return other.depth < span.depth - 1e-3 && other.from < span.to - 1e-3 &&
+             span.from < other.to - 1e-3;
+    });
+    if (!hidden) seen.push_back(span);
+  }
+  return seen;
+}
+
+Chain bayChain(const PlanFrame& frame, ChainSide side, bool withCourtyards) {
+  std::vector<double> ends = {0, side == ChainSide::kBelow ? frame.L : frame.D};
+  for (const Stretch& span : seenBays(frame, side, withCourtyards)) {
+    ends.push_back(span.from);
+    ends.push_back(span.to);
+  }
+  return chainOf(frame, std::move(ends), side);
+}
+
 }  // namespace
 
 double addPlanChains(Drawing& drawing, const PlanFrame& frame, ChainSide side) {
   const bool below = side == ChainSide::kBelow;
   const double size = below ? frame.L : frame.D;
-  std::vector<double> ofBays = {0, size}, ofParts = {0, size};
-  for (const Bay& bay : frame.bays) {
-    if (bay.side != (below ? kSouth : kWest)) continue;
-    ofBays.push_back(below ? bay.x0 : bay.y0);
-    ofBays.push_back(below ? bay.x1 : bay.y1);
-  }
+  std::vector<double> ofParts = {0, size};
   for (const Outline& outline : frame.sheet.plan.outlines) {
     if (outline.role != Role::kStair && outline.role != Role::kCourtyard) continue;
     for (const Vertex& v : outline.vertices) {
@@ -50,7 +80,9 @@ double addPlanChains(Drawing& drawing, const PlanFrame& frame, ChainSide side) {
   }
   const Chain total = chainOf(frame, {0, size}, side);
   const Chain parts = chainOf(frame, ofParts, side);
-  const Chain each = chainOf(frame, ofBays, side);
+  Chain each = bayChain(frame, side, true);
+  // A courtyard's two bays may be too narrow where the courtyard is not.
+  if (!fits(each) && !isEqual(each)) each = bayChain(frame, side, false);
   double away = kFirstChain;
   const auto line = [&] { return below ? frame.height() + away : -away; };
   double from = below ? frame.height() : 0;  // where extension lines begin: at the chain before

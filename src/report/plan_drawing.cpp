@@ -1,6 +1,7 @@
 #include "report/plan_drawing.h"
 
 #include <algorithm>
+#include <span>
 #include <tuple>
 
 #include "report/plan_captions.h"
@@ -20,11 +21,12 @@ constexpr double kMargin = 5;
 constexpr double kGreatestSide = 170;  // of the block
 constexpr double kLeadBand = 8;        // for names that do not fit into their rooms
 
-/// What a page of A4 takes, its margins left free.
+/// What a page takes, its margins left free.
 struct Paper {
   double width, height;  // mm
 };
-constexpr Paper kPapers[] = {{190, 277}, {277, 190}};
+constexpr Paper kA4Papers[] = {{190, 277}, {277, 190}};
+constexpr Paper kReportPapers[] = {{kReportWidth - 2 * kMargin, 218}};
 
 /// Draws one plan at one scale.
 class PlanDrawer {
@@ -145,13 +147,17 @@ class PlanDrawer {
 
 }  // namespace
 
-Drawing planDrawing(const PlanSheet& sheet) {
+Drawing planDrawing(const PlanSheet& sheet, PlanPaper use) {
   const auto& corners = sheet.plan.outlines.front().vertices;
   const double side = std::max(corners[2].x, corners[2].y);
+  const std::span<const Paper> papers =
+      use == PlanPaper::kReport ? std::span<const Paper>(kReportPapers) : kA4Papers;
+  const std::span<const int> scales =
+      use == PlanPaper::kReport ? std::span<const int>(kReportScales) : kScales;
   Drawing drawing;
-  for (const int scale : kScales) {
+  for (const int scale : scales) {
     if (side * 1000 / scale > kGreatestSide) continue;
-    for (const Paper& paper : kPapers) {
+    for (const Paper& paper : papers) {
       drawing = PlanDrawer(sheet, paper, scale).draw();
       if (drawing.width <= paper.width + 2 * kMargin + 0.01 &&
           drawing.height <= paper.height + 2 * kMargin) {

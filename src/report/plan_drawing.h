@@ -34,7 +34,11 @@ std::string planContent(int tipo);
 /// What the number means: "casa", "bloque con patio central".
 std::string_view familyTitle(int tipo);
 
+/// Where a plan is printed: alone on A4, upright or lying, or on a page of a report, which has
+/// margins and a heading of its own. True to scale on both.
+enum class PlanPaper { kA4, kReport };
+
 /// `sheet.plan` is one that passed its checks.
-Drawing planDrawing(const PlanSheet& sheet);
+Drawing planDrawing(const PlanSheet& sheet, PlanPaper paper = PlanPaper::kA4);
 
 }  // namespace report

@@ -12,7 +12,7 @@ namespace report {
 std::string_view familyTitle(int tipo) {
   switch (tipoRow(tipo).family) {
     case PlanFamily::kHouse:
-      return tipo == 1 ? "casa de una planta" : "casa";
+      return tipo == 1 ? "casa de una planta" : tipo > 1 ? "casa de dos plantas" : "casa";
     case PlanFamily::kRow:
       return "bloque de cuatro en hilera con escalera en el extremo";
     case PlanFamily::kCourtyard:
@@ -34,6 +34,11 @@ std::string_view familyTitle(int tipo) {
 namespace {
 
 constexpr double kTick = 1.5;  // mm, of the legend's bay marks
+constexpr std::size_t kTitleLines = 3;
+
+// mm, from left to right.
+constexpr double kAreasWidth = 60, kLegendWidth = 42, kTitleWidth = 72;
+constexpr double kGreatestGap = 8;
 
 class FootDrawer {
  public:
@@ -116,7 +121,8 @@ class FootDrawer {
     double y =
         addLines(drawing_, {at.x, at.y + 2}, kLarge, wrapped(foot_.sheet.content, kLarge, width));
     if (!foot_.sheet.title.empty()) {
-      y = addLines(drawing_, {at.x, y}, kMedium, {cutToWidth(foot_.sheet.title, kMedium, width)});
+      y = addLines(drawing_, {at.x, y}, kMedium,
+                   wrapped(foot_.sheet.title, kMedium, width, kTitleLines));
     }
     const std::string family(familyTitle(foot_.sheet.data.tipo));
     std::vector<std::string> lines = wrapped(
@@ -142,8 +148,12 @@ class FootDrawer {
 
 double addPlanFoot(Drawing& drawing, const PlanFoot& foot, double left, double right, double top) {
   FootDrawer drawer(drawing, foot);
-  return std::max({drawer.addAreas({left, top}, 62), drawer.addLegend({left + 68, top}, 44),
-                   drawer.addTitle({right - 72, top}, 72)});
+  const double gap =
+      std::min(kGreatestGap, (right - left - kAreasWidth - kLegendWidth - kTitleWidth) / 2);
+  const double legend = left + kAreasWidth + gap;
+  return std::max({drawer.addAreas({left, top}, kAreasWidth),
+                   drawer.addLegend({legend, top}, kLegendWidth),
+                   drawer.addTitle({right - kTitleWidth, top}, kTitleWidth)});
 }
 
 std::string planContent(int tipo) {

@@ -1,43 +1,15 @@
-#include <algorithm>
 #include <cmath>
 
 #include "core/cp1252.h"
 #include "report/building_report.h"
-#include "report/building_views.h"
 #include "report/html_writer.h"
-#include "report/plan_rooms.h"
+#include "report/page_sections.h"
+#include "report/page_text.h"
 #include "report/words.h"
 
 namespace report {
 
 namespace {
-
-std::string m2(double value, int decimals = 2) { return quantity(value, decimals, "m²"); }
-std::string percent(double value) { return quantity(value, 1, "%"); }
-
-std::string looksTo(double azimuth) {
-  return std::string(directionName(azimuth)) + ", " + degrees(azimuth);
-}
-
-std::string facadeName(const FacadeMeasure& facade) {
-  if (facade.courtyard) return "Patio, mira al " + std::string(directionName(facade.azimuth));
-  return std::string(facadeTitle(facade.side)) + " «" + std::string(sideName(facade.side)) + "»";
-}
-
-std::string reasonsOf(const FacadeMeasure& facade) {
-  std::string text;
-  for (const GlazingReason reason : facade.reasons) {
-    if (!text.empty()) text += "; ";
-    text += reasonText(reason);
-  }
-  return text.empty() ? "coincide" : text;
-}
-
-std::string counted(Count count) { return number(static_cast<double>(count), 0); }
-
-std::string plural(Count count, std::string_view one, std::string_view many) {
-  return counted(count) + "\u00A0" + std::string(count == 1 ? one : many);
-}
 
 class Page {
  public:
@@ -47,9 +19,9 @@ class Page {
     head();
     fault();
     identity();
-    pictures();
-    glazing();
-    measures();
+    writePictures(html_, report_);
+    writeGlazing(html_, report_);
+    writeMeasures(html_, report_);
     data();
     rewritten();
     findings();
@@ -60,18 +32,18 @@ class Page {
 
  private:
   std::string title() const {
-    if (!report_.title.empty()) return cp1252::toUtf8(report_.title);
-    return report_.sheet ? "Tipología " + std::to_string(report_.sheet->data.tipo) : "Edificio";
+    if (!report_.identity) return "Edificio";
+    if (!report_.identity->title.empty()) return cp1252::toUtf8(report_.identity->title);
+    return "Tipología " + std::to_string(report_.identity->tipo);
   }
 
   void head() {
     beginPage(html_, "Informe", title());
-    if (report_.sheet) {
-      html_.raw("<p class=\"entrada\">Tipología ")
-          .text(std::to_string(report_.sheet->data.tipo))
-          .raw(": ")
-          .text(familyTitle(report_.sheet->data.tipo))
-          .raw(".</p>\n");
+    if (report_.identity) {
+      const std::string_view meaning = familyTitle(report_.identity->tipo);
+      html_.raw("<p class=\"entrada\">Tipología ").text(std::to_string(report_.identity->tipo));
+      if (!meaning.empty()) html_.raw(": ").text(meaning);
+      html_.raw(".</p>\n");
     }
     html_.raw("<p>").text(kModelOnly).raw("</p>\n</header>\n");
   }
@@ -120,24 +92,15 @@ class Page {
       addFigure(html_, "Fachada principal",
                 "al " + looksTo(realAzimuth(kSouth, report_.sheet->giro)));
       html_.raw("</dl>\n");
-      if (m.storeys != report_.numeroPlantas) {
+      if (m.storeys != report_.identity->numeroPlantas) {
         html_.raw("<p class=\"nota\">La tipología pide NUMERO-PLANTAS = ")
-            .text(std::to_string(report_.numeroPlantas))
+            .text(std::to_string(report_.identity->numeroPlantas))
             .raw("; el modelo tiene ")
             .text(plural(m.storeys, "planta", "plantas"))
             .raw(", las de los multiplicadores de la plantilla.</p>\n");
       }
-      html_.raw("<figure>\n<div class=\"lienzo ajusta\">\n")
-          .drawing(axonometric(*report_.building, report_.sheet->plan, report_.sheet->giro), "axo")
-          .raw(
-              "</div>\n<figcaption>Vista axonométrica desde el suroeste. Giro del edificio "
-              "(ORIENTACION): ")
-          .text(degrees(report_.sheet->giro))
-          .raw(", en sentido horario desde el norte.");
-      if (m.storeys > kMostStoreys) {
-        html_.raw(" Se dibujan las ").text(std::to_string(kMostStoreys)).raw(" plantas más bajas.");
-      }
-      html_.raw("</figcaption>\n</figure>\n");
+      otherBuilding();
+      writeView(html_, report_);
       storeys();
     }
     HtmlTable inputs("Ficheros de entrada", {"Fichero", "Nombre", "Huella (XXH3)", "Bytes"}, 3);
@@ -148,6 +111,28 @@ class Page {
     }
     inputs.write(html_);
     html_.raw("</section>\n");
+  }
+
+  /// Says first of all that the template is of another building, where the run cannot know.
+  void otherBuilding() {
+    const double meant = static_cast<double>(report_.sheet->data.areaPlanta);
+    const double made = report_.measures->footprint;
+    const bool follows = report_.building->followsPlan();
+    if (follows && std::abs(made - meant) <= 0.005 * meant) return;
+    html_
+        .raw(
+            "<section class=\"falta\" aria-label=\"Aviso\">\n<p><strong>La plantilla no parece "
+            "de esta tipología.</strong> Sus recintos suman ")
+        .text(m2(made))
+        .raw(" por planta y AREA-PLANTA es ")
+        .text(m2(meant))
+        .raw(". Las cifras son las de lo generado.");
+    if (!follows) {
+      html_.raw(
+          " Hay recintos que conservan el contorno de la plantilla: el plano es el de la "
+          "tipología, y no se dibujan ventanas, alzados ni vista.");
+    }
+    html_.raw("</p>\n</section>\n");
   }
 
   void storeys() {
@@ -169,169 +154,48 @@ class Page {
     table.write(html_);
   }
 
-  void pictures() {
-    if (!report_.sheet) return;
-    html_
-        .raw(
-            "<section id=\"imagenes\" class=\"pagina\">\n<h2>2. Imágenes</h2>\n<figure>\n"
-            "<div class=\"lienzo\" role=\"group\" tabindex=\"0\" aria-label=\"Plano de planta\">\n")
-        .drawing(planDrawing(*report_.sheet), "plano")
-        .raw(
-            "</div>\n<figcaption>Plano de planta. «sur», «este», «norte» y «oeste» son los lados "
-            "del dibujo antes del giro; cada uno lleva la dirección a la que mira en realidad."
-            "</figcaption>\n</figure>\n");
-    HtmlTable table("Superficies de una planta", {"Recinto", "Superficie"}, 1);
-    for (const Room& room : rooms(report_.sheet->plan)) {
-      table.row({room.count > 1 ? std::to_string(room.count) + " " + room.name + "s" : room.name,
-                 m2(room.area * room.count)});
-    }
-    table.total({"Superficie de planta (AREA-PLANTA)",
-                 m2(static_cast<double>(report_.sheet->data.areaPlanta))});
-    table.write(html_);
-    if (report_.measures) elevations();
-    html_.raw("</section>\n");
-  }
-
-  void elevations() {
-    const int scale = elevationScale(*report_.building, report_.sheet->plan);
-    html_.raw("<h3>Alzados, a escala 1:").text(std::to_string(scale)).raw("</h3>\n");
-    int count = 0;
-    for (const FacadeMeasure& facade : report_.measures->facades) {
-      const Drawing drawing = elevation(*report_.building, report_.sheet->plan, facade.side,
-                                        facade.courtyard, report_.sheet->giro, scale);
-      if (drawing.shapes.empty()) continue;
-      html_.raw("<figure>\n<div class=\"lienzo\" role=\"group\" tabindex=\"0\" aria-label=\"")
-          .text(drawing.title)
-          .raw("\">\n")
-          .drawing(drawing, "alzado" + std::to_string(++count))
-          .raw("</div>\n<figcaption>")
-          .text(drawing.title)
-          .raw(". Muro ")
-          .text(m2(facade.wall))
-          .raw(", huecos ")
-          .text(m2(facade.openings))
-          .raw(" en ")
-          .text(plural(facade.windows, "ventana", "ventanas"))
-          .raw(". Pedido ")
-          .text(percent(facade.asked))
-          .raw(", obtenido ")
-          .text(percent(facade.obtained))
-          .raw(".</figcaption>\n</figure>\n");
-    }
-  }
-
-  void glazing() {
-    if (!report_.measures) return;
-    const Measures& m = *report_.measures;
-    html_.raw("<section id=\"huecos\" class=\"pagina\">\n<h2>3. Huecos</h2>\n");
-    HtmlTable table("Huecos por fachada, pedidos y obtenidos",
-                    {"Fachada", "Mira al", "Lado", "Diferencia", "Muro", "Huecos", "Ventanas",
-                     "Pedido", "Obtenido"},
-                    4);
-    double wall = 0;
-    Count windows = 0;
-    for (const FacadeMeasure& facade : m.facades) {
-      table.row({facadeName(facade), looksTo(facade.azimuth), facade.courtyard ? "patio" : "calle",
-                 reasonsOf(facade), m2(facade.wall), m2(facade.openings), counted(facade.windows),
-                 percent(facade.asked), percent(facade.obtained)});
-      wall += facade.wall;
-      windows += facade.windows;
-    }
-    table.total({"Total", "", "", "", m2(wall), m2(m.openings), counted(windows), "",
-                 percent(wall > 0 ? 100 * m.openings / wall : 0)});
-    table.write(html_);
-    html_.raw(
-        "<p class=\"nota\">Muro: longitud × altura de planta × plantas, con sus huecos. "
-        "Hueco: ancho × alto de cada ventana escrita, por su multiplicador; no se sabe si "
-        "incluye el marco. El porcentaje pedido se aplica a paños de 3,00 m de alto, sea cual "
-        "sea la altura de planta.</p>\n");
-    if (m.headsAboveCeiling > 0) {
-      html_.raw("<p class=\"nota\">Nota: ")
-          .text(plural(m.headsAboveCeiling, "ventana pasa del techo de su planta",
-                       "ventanas pasan del techo de su planta"))
-          .raw(". Se dibujan como están escritas.</p>\n");
-    }
-    html_.raw("</section>\n");
-  }
-
-  void measures() {
-    if (!report_.measures) return;
-    const Measures& m = *report_.measures;
-    html_.raw("<section id=\"medidas\">\n<h2>4. Medidas</h2>\n");
-    HtmlTable table("Del edificio, con todas sus plantas", {"Magnitud", "Cómo se calcula", "Valor"},
-                    2);
-    const auto row = [&](const char* name, const char* formula, const std::string& value) {
-      table.row({name, formula, value});
-    };
-    row("Superficie total del modelo", "Σ contornos de los espacios × plantas", m2(m.floorArea));
-    row("Superficie de los espacios habitables del modelo",
-        "la de los espacios que la tabla marca, × plantas", m2(m.countedArea));
-    row("Volumen bruto", "Σ superficie × altura de planta, de suelo a suelo",
-        quantity(m.volume, 1, "m³"));
-    row("Fachadas a la calle, brutas", "Σ longitud × altura × plantas, con huecos", m2(m.facade));
-    if (m.courtyard > 0) row("Fachadas de patio, brutas", "lo mismo, en el patio", m2(m.courtyard));
-    if (m.party > 0) row("Medianeras", "Σ longitud × altura × plantas", m2(m.party));
-    row("Cubierta plana", "Σ contornos", m2(m.roof));
-    row("Suelo", "Σ contornos", m2(m.ground));
-    if (m.partition > 0) {
-      row("Particiones verticales entre espacios", "cada arista una vez × altura × plantas",
-          m2(m.partition));
-    }
-    if (m.inner > 0) row("Tabiques dentro de un espacio", "como los da la plantilla", m2(m.inner));
-    if (m.slabs > 0) row("Forjados entre plantas", "Σ contornos × (plantas − 1)", m2(m.slabs));
-    row("Huecos", "Σ ancho × alto × multiplicador", m2(m.openings));
-    row("Huecos / superficie", "100 · huecos / superficie total", percent(m.openingsByFloor));
-    row("Compacidad (V/A)", "volumen / (fachadas + patios + cubierta + suelo), huecos incluidos",
-        quantity(m.compactness, 2, "m³/m²"));
-    table.write(html_);
-
-    HtmlTable spaces("De cada recinto de la planta baja",
-                     {"Recinto", "Superficie", "Volumen", "Fachada", "Patio", "Medianera",
-                      "Partición", "Huecos"},
-                     1);
-    for (const SpaceMeasure& space : m.spaces) {
-      spaces.row({space.name, m2(space.area), quantity(space.volume, 1, "m³"), m2(space.facade),
-                  m2(space.courtyard), m2(space.party), m2(space.partition), m2(space.openings)});
-    }
-    spaces.write(html_);
-    html_.raw(
-        "<p class=\"nota\">La partición que comparten dos recintos se cuenta en el que la "
-        "escribe.</p>\n");
-
-    HtmlTable byDirection("Por orientación real",
-                          {"Orientación", "Fachada bruta", "Huecos", "Huecos / fachada"}, 1);
-    for (std::size_t i = 0; i < kDirections.size(); ++i) {
-      const double facade = m.facadeByDirection[i];
-      if (facade <= 0) continue;
-      byDirection.row({std::string(kDirections[i]), m2(facade), m2(m.openingsByDirection[i]),
-                       percent(100 * m.openingsByDirection[i] / facade)});
-    }
-    byDirection.write(html_);
-    html_.raw(
-        "<p class=\"nota\">Azimut desde el norte, en sentido horario. El giro del edificio se "
-        "suma a la dirección de cada lado del dibujo. Calle y patio juntos.</p>\n</section>\n");
-  }
-
   void data() {
     if (report_.data.empty()) return;
     html_.raw("<section id=\"datos\" class=\"pagina\">\n<h2>5. Datos</h2>\n");
     HtmlTable table("Palabras clave de la tipología",
                     {"Palabra clave", "Valor", "Unidad", "Origen"}, 4);
+    HtmlTable others("Marco, sombra y posición solar",
+                     {"Orden", "Palabra clave", "Valor", "Origen"}, 4);
     for (const Datum& datum : report_.data) {
-      table.row({datum.keyword, datum.value, datum.unit,
-                 datum.file.empty() ? "por defecto"
-                                    : datum.file + ", línea " + std::to_string(datum.line)});
+      const std::string origin =
+          datum.file.empty() ? "por defecto" : datum.file + ", línea " + std::to_string(datum.line);
+      if (datum.command.empty()) {
+        table.row({datum.keyword, datum.value, datum.unit, origin});
+      } else {
+        others.row({datum.command, datum.keyword, datum.value, origin});
+      }
     }
     table.write(html_);
     html_.raw(
         "<p class=\"nota\">CUBIERTA, ATICO y SOTANO: se muestra lo que se construye, diga lo "
         "que diga el fichero.</p>\n");
+    nights();
+    if (!others.empty()) others.write(html_);
     HtmlTable uses("Construcciones", {"Construcción", "Dónde", "Superficies", "Bruto"}, 2);
     for (const ConstructionUse& use : report_.constructions) {
       uses.row({use.name, use.where, counted(use.surfaces), m2(use.area)});
     }
     if (!uses.empty()) uses.write(html_);
     html_.raw("</section>\n");
+  }
+
+  /// The one figure of the schedules that follows from the typology.
+  void nights() {
+    if (!report_.building || !report_.identity || !(report_.building->nightFactor > 0)) return;
+    const double factor = report_.building->nightFactor;
+    const double airChanges = report_.identity->airChanges;
+    html_.raw("<p class=\"nota\">Noches de verano: ")
+        .text(quantity(factor * airChanges, 1, "ren/h"))
+        .raw(" (factor ")
+        .text(number(factor, 2))
+        .raw(" × ")
+        .text(shortNumber(airChanges, 4))
+        .raw(").</p>\n");
   }
 
   void rewritten() {

@@ -34,10 +34,10 @@ Json facadeOf(const FacadeMeasure& facade) {
 Json measuresOf(const Measures& m) {
   Json openings = Json::object();
   for (std::size_t i = 0; i < kDirections.size(); ++i) {
-    if (m.facadeByDirection[i] > 0) {
-      openings[std::string(kDirections[i])] = {{"muro_m2", rounded(m.facadeByDirection[i])},
-                                               {"huecos_m2", rounded(m.openingsByDirection[i])}};
-    }
+    const DirectionMeasure& each = m.byDirection[i];
+    if (each.open() <= 0) continue;
+    openings[std::string(kDirections[i])] = {{"muro_m2", rounded(each.open())},
+                                             {"huecos_m2", rounded(each.openings)}};
   }
   Json spaces = Json::array();
   for (const SpaceMeasure& space : m.spaces) {
@@ -91,12 +91,12 @@ std::string asJson(const Report& report) {
     json["falta"] = fault;
   }
   Json identity = Json::object();
-  if (report.sheet) {
-    identity = {{"titulo", text(report.title)},
-                {"tipo", report.sheet->data.tipo},
-                {"significado", familyTitle(report.sheet->data.tipo)},
-                {"numero_plantas", report.numeroPlantas},
-                {"giro_grados", rounded(report.sheet->giro)}};
+  if (report.identity) {
+    identity = {{"titulo", text(report.identity->title)},
+                {"tipo", report.identity->tipo},
+                {"significado", familyTitle(report.identity->tipo)},
+                {"numero_plantas", report.identity->numeroPlantas},
+                {"giro_grados", rounded(report.identity->giro)}};
   }
   Json inputs = Json::array();
   for (const InputFile& input : report.inputs) {
@@ -116,7 +116,8 @@ std::string asJson(const Report& report) {
   }
   Json data = Json::array();
   for (const Datum& datum : report.data) {
-    Json row = {{"palabra_clave", datum.keyword}, {"valor", text(datum.value)}};
+    Json row = {{"palabra_clave", text(datum.keyword)}, {"valor", text(datum.value)}};
+    if (!datum.command.empty()) row["orden"] = text(datum.command);
     if (!datum.unit.empty()) row["unidad"] = text(datum.unit);
     if (datum.file.empty()) {
       row["por_defecto"] = true;

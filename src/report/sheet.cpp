@@ -19,12 +19,14 @@ Point onChain(ChainSide side, double place, double line) {
   return side == ChainSide::kBelow ? Point{place, line} : Point{line, place};
 }
 
+constexpr double kAboveLine = 1;  // mm, from a measure down to its line
+
 void addMeasure(Drawing& drawing, ChainSide side, double from, double to, double line,
-                const std::string& text) {
+                const std::string& text, double above = kAboveLine) {
   const double width = textWidth(text, kSmall);
   const bool below = side == ChainSide::kBelow;
   Label label{
-      onChain(side, (from + to) / 2, line - 1), kSmall, Anchor::kMiddle, !below, false, text};
+      onChain(side, (from + to) / 2, line - above), kSmall, Anchor::kMiddle, !below, false, text};
   if (std::abs(to - from) < width + 1) {  // beside its line: at the right, or above
     label.anchor = Anchor::kStart;
     label.at = below ? Point{std::max(from, to) + 1.5, line - 1}
@@ -33,16 +35,21 @@ void addMeasure(Drawing& drawing, ChainSide side, double from, double to, double
   drawing.labels.push_back(label);
 }
 
+enum class Extensions { kAll, kEnds };
+
 void addLineWithTicks(Drawing& drawing, ChainSide side, const Chain& chain, double line,
-                      double outline) {
+                      double outline, Extensions extensions) {
   const double away = line > outline ? 1 : -1;
   Shape thin{Sign::kDimension, {}, false};
   Shape ticks{Sign::kTick, {}, false};
   thin.lines.push_back(
       {onChain(side, chain.places.front(), line), onChain(side, chain.places.back(), line)});
   for (const double place : chain.places) {
-    thin.lines.push_back(
-        {onChain(side, place, outline + 2 * away), onChain(side, place, line + 1.5 * away)});
+    if (extensions == Extensions::kAll || place == chain.places.front() ||
+        place == chain.places.back()) {
+      thin.lines.push_back(
+          {onChain(side, place, outline + 2 * away), onChain(side, place, line + 1.5 * away)});
+    }
     const Point p = onChain(side, place, line);
     ticks.lines.push_back({{p.x - kTick, p.y + kTick}, {p.x + kTick, p.y - kTick}});
   }
@@ -57,7 +64,7 @@ std::string measureText(const Chain& chain, std::size_t part) {
 }  // namespace
 
 bool fits(const Chain& chain) {
-  for (std::size_t i = 0; i + 1 < chain.places.size(); ++i) {
+  for (std::size_t i = 0; i + 2 < chain.places.size(); ++i) {
     const double room = std::abs(chain.places[i + 1] - chain.places[i]);
     if (textWidth(measureText(chain, i), kSmall) + 1.5 > room) return false;
   }
@@ -65,7 +72,7 @@ bool fits(const Chain& chain) {
 }
 
 void addChain(Drawing& drawing, ChainSide side, const Chain& chain, double line, double outline) {
-  addLineWithTicks(drawing, side, chain, line, outline);
+  addLineWithTicks(drawing, side, chain, line, outline, Extensions::kAll);
   for (std::size_t i = 0; i + 1 < chain.places.size(); ++i) {
     addMeasure(drawing, side, chain.places[i], chain.places[i + 1], line, measureText(chain, i));
   }
@@ -73,12 +80,13 @@ void addChain(Drawing& drawing, ChainSide side, const Chain& chain, double line,
 
 void addEqualParts(Drawing& drawing, ChainSide side, const Chain& chain, double line,
                    double outline) {
-  addLineWithTicks(drawing, side, chain, line, outline);
+  // The text stands over the parts: their extension lines would cross it, their ticks touch it.
+  addLineWithTicks(drawing, side, chain, line, outline, Extensions::kEnds);
   const auto parts = chain.places.size() - 1;
   const double part =
       std::abs(chain.metres.back() - chain.metres.front()) / static_cast<double>(parts);
   addMeasure(drawing, side, chain.places.front(), chain.places.back(), line,
-             std::to_string(parts) + " × " + number(part, 2));
+             std::to_string(parts) + " × " + number(part, 2), kAboveLine + 1);
 }
 
 void addNorth(Drawing& drawing, Point centre, double giro) {
@@ -98,12 +106,13 @@ void addNorth(Drawing& drawing, Point centre, double giro) {
 void addScaleBar(Drawing& drawing, Point at, double perMetre) {
   constexpr std::array<double, 3> kSteps = {1, 2, 5};
   constexpr int kParts = 4;
+  constexpr double kLeastPart = 6.6;  // mm
   double step = 0;
   double power = 0.01;
-  while (step * perMetre < 9.9) {
+  while (step * perMetre < kLeastPart) {
     for (const double each : kSteps) {
       step = each * power;
-      if (step * perMetre >= 9.9) break;
+      if (step * perMetre >= kLeastPart) break;
     }
     power *= 10;
   }

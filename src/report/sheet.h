@@ -12,6 +12,14 @@ namespace report {
 /// The scales in use, 1 to so much.
 inline constexpr int kScales[] = {50, 100, 200, 500, 1000, 2000, 5000, 10000, 20000};
 
+/// Those of a page of a report, which stands upright: with the other ones of the usual scale rule.
+inline constexpr int kReportScales[] = {50,  100,  200,  250,  300,   400,
+                                        500, 1000, 2000, 5000, 10000, 20000};
+
+/// What a page of a printed report takes across: drawings in it are at most so wide, so that they
+/// are printed true to scale. The page's margins are in the style sheet of the report.
+inline constexpr double kReportWidth = 192;  // mm
+
 /// Where a chain of dimensions stands: below the drawing, or on its left.
 enum class ChainSide { kBelow, kLeft };
 
@@ -21,7 +29,7 @@ struct Chain {
   std::vector<double> metres;
 };
 
-/// Whether every measure of the chain has room on its line.
+/// Whether every measure of the chain has room on its line. The last one may stand beside it.
 bool fits(const Chain& chain);
 /// Draws it at `line`, the y or x of its line; extension lines start at `outline`. The printed
 /// measures add up to the printed total: they are differences of rounded places.

@@ -121,6 +121,14 @@ bool isForbidden(unsigned char lead) {
   return lead < 0x20 ? lead != '\t' && lead != '\n' && lead != '\r' : lead == 0x7F;
 }
 
+/// Marks that turn the direction of writing beyond the text that holds them, which would make a
+/// name rearrange what stands beside it: U+202A to U+202E, U+2066 to U+2069.
+bool turnsDirection(unsigned char lead, unsigned char second, unsigned char third) {
+  if (lead != 0xE2) return false;
+  return second == 0x80 ? third >= 0xAA && third <= 0xAE
+                        : second == 0x81 && third >= 0xA6 && third <= 0xA9;
+}
+
 }  // namespace
 
 std::string escaped(std::string_view text) {
@@ -148,6 +156,9 @@ std::string escaped(std::string_view text) {
       out += kReplacement;
       ++i;
     } else if (byte == 0xEF && next == 0xBF && third >= 0xBE) {  // U+FFFE, U+FFFF
+      out += kReplacement;
+      i += 2;
+    } else if (turnsDirection(byte, next, third)) {
       out += kReplacement;
       i += 2;
     } else {

@@ -81,6 +81,7 @@ std::vector<WrittenCommand> readCommands(std::string_view text) {
       if (equals != std::string_view::npos) {
         command.keywords.emplace_back(trimmed(line.substr(0, equals)),
                                       trimmed(line.substr(equals + 1)));
+        command.lines.push_back(number);
       }
     }
     start = end + 1;

@@ -18,6 +18,7 @@ struct WrittenCommand {
   long line = 0;          // of its header, from 1
   std::string_view text;  // from its header to its end
   std::vector<std::pair<std::string_view, std::string_view>> keywords;
+  std::vector<long> lines;  // of the keywords, from 1
 
   /// The first value of `key`; empty where there is none.
   std::string_view value(std::string_view key) const;

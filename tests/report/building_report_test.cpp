@@ -11,9 +11,11 @@
 #include "report/building_views.h"
 #include "report/sample_plans.h"
 #include "report/sample_run.h"
+#include "report/sheet.h"
 #include "report/svg_writer.h"
 #include "typology/tipo.h"
 
+using report::Box;
 using report::Drawing;
 using report::FacadeMeasure;
 using report::GlazingReason;
@@ -161,6 +163,171 @@ TEST(BuildingReport, EveryCommandOfTheTemplateIsKeptRewrittenOrRemoved) {
   });
 }
 
+TEST(BuildingReport, APartitionCountsForBothOfItsSpacesAndOnceForTheBuilding) {
+  forRandomRuns([](const SampleRun& run) {
+    const Measures& m = run.measures();
+    double spaces = 0;
+    for (const auto& space : m.spaces) {
+      spaces += space.partition;
+      EXPECT_EQ(m.spaces.size() > 1, space.partition > 0) << space.name;
+    }
+    EXPECT_NEAR(2 * m.partition / static_cast<double>(m.storeys), spaces, 1e-3 * spaces + 1e-6);
+  });
+}
+
+TEST(BuildingReport, TheDirectionsHoldAllWalls) {
+  forRandomRuns([](const SampleRun& run) {
+    const Measures& m = run.measures();
+    double facade = 0, courtyard = 0, party = 0, openings = 0;
+    for (const auto& each : m.byDirection) {
+      facade += each.facade;
+      courtyard += each.courtyard;
+      party += each.party;
+      openings += each.openings;
+    }
+    EXPECT_NEAR(m.facade, facade, 0.01);
+    EXPECT_NEAR(m.courtyard, courtyard, 0.01);
+    EXPECT_NEAR(m.party, party, 0.01);
+    EXPECT_NEAR(m.openings, openings, 0.01);
+  });
+}
+
+TEST(BuildingReport, ATemplateOfAnotherBuildingIsToldFirstOfAll) {
+  std::mt19937 random(11);
+  const SampleRun block = sampleRun({.tipo = 23,
+                                     .areaPlanta = 440,
+                                     .areaEscalera = 25,
+                                     .longitudFachada = 22,
+                                     .profundidadEscalera = 5},
+                                    random);
+  const SampleRun house =
+      sampleRun({.tipo = 5, .areaPlanta = 72, .longitudFachada = 8}, random, 0, &block);
+  EXPECT_FALSE(house.building().followsPlan());
+  const std::string html = asHtml(house.report);
+  EXPECT_NE(std::string::npos, html.find("La plantilla no parece de esta tipología."));
+  EXPECT_EQ(std::string::npos, html.find("id=\"alzado1")) << "its walls are not those of the plan";
+  EXPECT_TRUE(house.report.sheet->windows.empty());
+  for (const FacadeMeasure& facade : house.measures().facades) {
+    if (facade.windows > 0) {
+      EXPECT_EQ(1, std::ranges::count(facade.reasons, GlazingReason::kOtherWalls));
+    }
+  }
+  EXPECT_EQ(std::string::npos, asHtml(block.report).find("La plantilla no parece"));
+}
+
+TEST(BuildingReport, TellsTheSummerNightsAsTheRunWroteThem) {
+  std::mt19937 random(2);
+  const SampleRun run = sampleRun({.tipo = 1, .areaPlanta = 110, .longitudFachada = 11}, random);
+  EXPECT_NEAR(4, run.building().nightFactor * run.report.identity->airChanges, 1e-4);
+  EXPECT_NE(std::string::npos, asHtml(run.report).find("Noches de verano: 4,0\u00A0ren/h"));
+}
+
+TEST(BuildingReport, NamesTheKeywordsOfFrameShadeAndPlace) {
+  report::Report report;
+  const TypologyRecord typology(SourceText(
+      "casa.tip",
+      "\"Una casa\" = VIVIENDA\n TIPO = 1\n NUMERO-PLANTAS = 1\n AREA-PLANTA = 110\n"
+      " LONGITUD-FACHADA = 11\n PORCENTAJE-FACHADA = ( 1, 2, 3, 4 )\n MUROS-FACHADA = M\n"
+      " PARTICION-INTERIOR-VERTICAL = P\n MEDIANERA = N\n SUELOS = S\n"
+      " PARTICION-INTERIOR-HORIZONTAL = H\n CUBIERTAS = C\n VENTANA-VIDRIO = V\n"
+      " VENTANA-MARCO = \"Pino\"\n ..\n"
+      "\"Otro\" = NAME-FRAME\n FRAME-WIDTH = 9\n ..\n"
+      "\"Pino\" = NAME-FRAME\n FRAME-WIDTH = 0.12\n ..\n"));
+  addTypology(report, typology);
+  const report::Datum& last = report.data.back();
+  EXPECT_EQ("Pino = NAME-FRAME", last.command);
+  EXPECT_EQ("FRAME-WIDTH", last.keyword);
+  EXPECT_EQ("0.12", last.value);
+  EXPECT_EQ(20, last.line);
+}
+
+TEST(BuildingReport, ARefusedTypologySaysWhichItIs) {
+  report::Report report;
+  report.fault = Fault{"No vale", std::nullopt};
+  report.identity = {"Mi casa", 5, 2, 0, 1};
+  const std::string html = asHtml(report);
+  EXPECT_NE(std::string::npos, html.find("<h1>Mi casa</h1>"));
+  EXPECT_NE(std::string::npos, html.find("Tipología 5: casa de dos plantas."));
+  const auto json = nlohmann::json::parse(asJson(report));
+  EXPECT_EQ(5, json["identificacion"]["tipo"]);
+  EXPECT_EQ("Mi casa", json["identificacion"]["titulo"]);
+  report.identity->title.clear();
+  EXPECT_NE(std::string::npos, asHtml(report).find("<h1>Tipología 5</h1>")) << "never an empty one";
+}
+
+TEST(Elevation, FitsAPrintedPageAndMeasuresItsParts) {
+  forRandomRuns([](const SampleRun& run) {
+    const int scale = report::elevationScale(run.building(), run.plan());
+    for (const FacadeMeasure& facade : run.measures().facades) {
+      const Drawing drawing =
+          report::elevation(run.building(), run.plan(), facade.side, facade.courtyard, 0, scale);
+      EXPECT_LE(drawing.width, report::kReportWidth);
+    }
+  });
+  std::mt19937 random(4);
+  const SampleRun run = sampleRun({.tipo = 15,
+                                   .areaPlanta = 480,
+                                   .areaPatio = 40,
+                                   .areaEscalera = 20,
+                                   .longitudFachada = 26,
+                                   .profundidadPatio = 5,
+                                   .profundidadEscalera = 4},
+                                  random);
+  const auto texts = [&](Facade side, bool courtyard) {
+    std::vector<std::string> found;
+    for (const Label& label :
+         report::elevation(run.building(), run.plan(), side, courtyard, 0, 200).labels) {
+      if (!label.turned && label.anchor == report::Anchor::kMiddle) found.push_back(label.text);
+    }
+    return found;
+  };
+  EXPECT_EQ((std::vector<std::string>{"4,00", "18,00", "4,00"}), texts(kSouth, true));
+  EXPECT_EQ((std::vector<std::string>{"7,50", "5,00", "7,50", "20,00"}), texts(kEast, false));
+}
+
+TEST(Axonometric, TheNorthArrowStandsBesideTheBuilding) {
+  std::mt19937 random(8);
+  for (const double giro : {0.0, 37.0, 45.0, 135.0, 250.0, 300.0}) {
+    const SampleRun run = sampleRun(randomPlan(23, random), random, 12);
+    const Drawing drawing = report::axonometric(run.building(), run.plan(), giro);
+    ASSERT_EQ(1U, drawing.labels.size());
+    const Box letter = report::boxOf(drawing.labels[0]);
+    for (const Shape& shape : drawing.shapes) {
+      if (shape.sign != Sign::kLitWall && shape.sign != Sign::kShadedWall) continue;
+      for (const auto& line : shape.lines) {
+        for (const auto& p : line) {
+          EXPECT_FALSE(p.y > letter.y0 && p.x > letter.x0) << giro;
+        }
+      }
+    }
+  }
+}
+
+TEST(Axonometric, ACourtyardNeverShowsThroughTheFacade) {
+  std::mt19937 random(6);
+  const SampleRun run = sampleRun({.tipo = 13,
+                                   .areaPlanta = 3990,
+                                   .areaPatio = 600,
+                                   .longitudFachada = 60,
+                                   .profundidadPatio = 20},
+                                  random, 20);
+  for (const double giro : {45.0, 135.0, 225.0, 315.0}) {
+    const Drawing drawing = report::axonometric(run.building(), run.plan(), giro);
+    // Walls come from the back to the front: the far one of the courtyard, then the façade.
+    double highest = 1e9;
+    std::vector<double> tops;
+    for (const Shape& shape : drawing.shapes) {
+      if (shape.sign != Sign::kLitWall && shape.sign != Sign::kShadedWall) continue;
+      double top = 1e9;
+      for (const auto& p : shape.lines[0]) top = std::min(top, p.y);
+      tops.push_back(top);
+      highest = std::min(highest, top);
+    }
+    ASSERT_GT(tops.size(), 2U);
+    for (std::size_t i = 1; i < tops.size(); ++i) EXPECT_GE(tops[i], tops[i - 1] - 0.01) << giro;
+  }
+}
+
 TEST(Elevation, DrawsEveryWindowOfEveryStorey) {
   forRandomRuns([](const SampleRun& run) {
     const int scale = report::elevationScale(run.building(), run.plan());
@@ -228,7 +395,7 @@ TEST(BuildingReport, WithoutABuildingItShowsTheFaultAndTheData) {
   report.program = "tip2bdl";
   report.fault = Fault{"No vale \xE1 <script>", Place{"casa.tip", 3, 2, 1, "X = <b>"}};
   report.inputs = {{"Tipología", "casa.tip", "", 0}};
-  report.data = {{"TIPO", "1", "", "casa.tip", 2}};
+  report.data = {{"", "TIPO", "1", "", "casa.tip", 2}};
   const std::string html = asHtml(report);
   EXPECT_NE(std::string::npos, html.find("No vale á &lt;script&gt;"));
   EXPECT_NE(std::string::npos, html.find("casa.tip:3:2: X = &lt;b&gt;"));

@@ -175,6 +175,114 @@ TEST(PlanDrawing, TheMeasuresOfAChainAddUpToItsTotalAsPrinted) {
   EXPECT_EQ((std::vector<std::string>{"3,33", "3,34", "3,33"}), texts);
 }
 
+TEST(PlanDrawing, AChainNeverMixesAFacadeWithTheCourtyardBehindIt) {
+  const PlanData data{
+      .tipo = 13, .areaPlanta = 454, .areaPatio = 30, .longitudFachada = 22, .profundidadPatio = 5};
+  const Drawing drawing = drawn(data, planOf(data));
+  const auto bays = std::ranges::count_if(drawing.labels, [](const Label& label) {
+    return label.text == "3,66" || label.text == "3,67";
+  });
+  EXPECT_EQ(12, bays) << "six bays below and six on the left";
+  EXPECT_FALSE(says(drawing, "0,67")) << "from a bay's end to the courtyard's";
+}
+
+TEST(PlanDrawing, ACourtyardInTheEdgeHasItsLength) {
+  const PlanData data{.tipo = 18,
+                      .areaPlanta = 230.4F,
+                      .areaPatio = 18,
+                      .areaEscalera = 12,
+                      .longitudFachada = 18,
+                      .profundidadPatio = 3.6F,
+                      .profundidadEscalera = 3.2F};
+  EXPECT_TRUE(says(drawn(data, planOf(data)), "3,60"))
+      << "its two bays are too narrow for measures";
+}
+
+TEST(PlanDrawing, TheLastMeasureOfAChainMayStandBesideIt) {
+  const PlanData data{
+      .tipo = 12, .areaPlanta = 513.5F, .areaEscalera = 45.5F, .longitudFachada = 39.5F};
+  EXPECT_TRUE(says(drawn(data, planOf(data)), "3,50")) << "the stair at the end";
+}
+
+TEST(PlanDrawing, StairsAndCourtyardsHaveTheirNames) {
+  forRandomPlans(kPlans, [](const PlanData& data, const Plan& plan) {
+    const Drawing drawing = drawn(data, plan);
+    const auto count = [&](const char* text) {
+      return std::ranges::count(drawing.labels, text, &Label::text);
+    };
+    const bool hasStair = data.tipo >= 10 && data.tipo != 13;
+    const bool hasCourtyard = data.tipo == 13;
+    const bool hasTwo = data.tipo >= 14 && data.tipo <= 21;
+    EXPECT_EQ(hasStair ? 2 : 0, count("Escalera")) << "in the drawing and in the list of areas";
+    EXPECT_EQ(hasTwo || hasCourtyard ? 2 : 0, count("Patio"));
+  });
+}
+
+TEST(PlanDrawing, AReportsPlanIsPrintedTrueToScale) {
+  forRandomPlans(kPlans, [](const PlanData& data, const Plan& plan) {
+    report::PlanSheet sheet;
+    sheet.data = data;
+    sheet.plan = plan;
+    sheet.title = "una casa";
+    const Drawing drawing = planDrawing(sheet, report::PlanPaper::kReport);
+    EXPECT_LE(drawing.width, report::kReportWidth + 0.01);
+    EXPECT_LE(drawing.height, 228);
+  });
+  // Too wide for 1:200 on an upright page, and much too small at 1:500.
+  const PlanData wide{.tipo = 10, .areaPlanta = 363, .areaEscalera = 33, .longitudFachada = 33};
+  report::PlanSheet sheet;
+  sheet.data = wide;
+  sheet.plan = planOf(wide);
+  const Drawing drawing = planDrawing(sheet, report::PlanPaper::kReport);
+  EXPECT_TRUE(says(drawing, "Escala 1:250. Cotas en metros."));
+}
+
+TEST(PlanDrawing, NoLineCrossesTheTextOfEqualParts) {
+  Drawing drawing;
+  report::Chain six;
+  for (int i = 0; i <= 6; ++i) {
+    six.places.push_back(i * 5.85);
+    six.metres.push_back(i * 1.17);
+  }
+  report::addEqualParts(drawing, report::ChainSide::kBelow, six, 8, 0);
+  ASSERT_EQ(1U, drawing.labels.size());
+  EXPECT_EQ("6 × 1,17", drawing.labels[0].text);
+  const Box text = report::boxOf(drawing.labels[0]);
+  for (const Shape& shape : drawing.shapes) {
+    for (const auto& line : shape.lines) {
+      const auto [x0, x1] = std::minmax(line.front().x, line.back().x);
+      const auto [y0, y1] = std::minmax(line.front().y, line.back().y);
+      EXPECT_FALSE(report::touch(text, {x0 - 0.01, y0 - 0.01, x1 + 0.01, y1 + 0.01}));
+    }
+  }
+}
+
+TEST(Wrapped, LosesNothingOfALongWord) {
+  const struct {
+    const char* why;
+    std::string text;
+    std::vector<std::string> lines;
+  } cases[] = {
+      {"behind its signs",
+       "bloque-escalera-patios-laterales-15",
+       {"bloque-escalera-patios-", "laterales-15"}},
+      {"anywhere", std::string(30, 'N'), {std::string(18, 'N'), std::string(12, 'N')}},
+      {"words as they come", "una casa", {"una casa"}},
+      {"nothing", "", {}},
+  };
+  for (const auto& c : cases) {
+    const auto lines = report::wrapped(c.text, report::kMedium, 72);
+    EXPECT_EQ(c.lines, lines) << c.why;
+    for (const std::string& line : lines) {
+      EXPECT_LE(report::textWidth(line, report::kMedium), 72) << c.why;
+    }
+  }
+  const auto cut = report::wrapped(std::string(250, 'N'), report::kMedium, 72, 3);
+  ASSERT_EQ(3U, cut.size());
+  EXPECT_TRUE(cut.back().ends_with("…"));
+  EXPECT_LE(report::textWidth(cut.back(), report::kMedium), 72);
+}
+
 TEST(PlanDrawing, ANeighboursSideIsAPartyWall) {
   const PlanData house{.tipo = 2, .areaPlanta = 54, .longitudFachada = 6};
   report::PlanSheet sheet;

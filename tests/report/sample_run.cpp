@@ -86,14 +86,17 @@ SourceText sample(const std::string& name) {
 
 }  // namespace
 
-SampleRun sampleRun(const PlanData& plan, std::mt19937& random, int storeys) {
+SampleRun sampleRun(const PlanData& plan, std::mt19937& random, int storeys,
+                    const SampleRun* other) {
   SampleRun run;
   run.typologyText = typologyText(plan, random, storeys);
   const std::string folder = folderFor(plan.tipo);
   const auto fault = faultOf([&] {
     const ValoresPorDefecto defaults(sample(folder + "/defectos.inp"));
-    run.plantilla = std::make_unique<Template>(sample(folder + "/" + folder + ".bdl"),
-                                               sample(folder + "/" + folder + ".tbl"));
+    run.plantilla = other != nullptr
+                        ? other->plantilla
+                        : std::make_shared<Template>(sample(folder + "/" + folder + ".bdl"),
+                                                     sample(folder + "/" + folder + ".tbl"));
     run.typology = std::make_unique<TypologyRecord>(SourceText("azar.tip", run.typologyText));
     run.report.program = "tip2bdl 0.0.0";
     addTypology(run.report, *run.typology);

@@ -12,7 +12,7 @@
 struct SampleRun {
   std::string typologyText;
   std::string output;
-  std::unique_ptr<Template> plantilla;
+  std::shared_ptr<Template> plantilla;
   std::unique_ptr<TypologyRecord> typology;
   report::Report report;
 
@@ -21,5 +21,6 @@ struct SampleRun {
   const report::GeneratedBuilding& building() const { return *report.building; }
 };
 
-/// `storeys`: of families that may have any number of them.
-SampleRun sampleRun(const PlanData& plan, std::mt19937& random, int storeys = 0);
+/// `storeys`: of families that may have any number of them. `other`: whose template is taken.
+SampleRun sampleRun(const PlanData& plan, std::mt19937& random, int storeys = 0,
+                    const SampleRun* other = nullptr);

@@ -22,6 +22,9 @@ TEST(SvgWriter, WhatAnInputSaysComesOutAsText) {
       {"a letter of Windows-1252", "\xD1", "Ñ"},
       {"a letter of UTF-8", "Ñ", "Ñ"},
       {"a code point that is no character", "a\xEF\xBF\xBFz", "a\uFFFDz"},
+      {"a mark that turns the direction of writing", "a\u202Ez", "a\uFFFDz"},
+      {"one that isolates", "a\u2067z", "a\uFFFDz"},
+      {"a sign beside those marks", "a\u2013z", "a\u2013z"},
       {"a tab", "a\tz", "a\tz"},
       {"nothing", "", ""},
   };
