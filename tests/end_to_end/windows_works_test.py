@@ -5,6 +5,7 @@ under wine.
 usage: windows_works_test.py TIP2BDL_CLI_EXE SOURCE_FOLDER [TEST...]
 """
 
+import shutil
 import subprocess
 import sys
 import time
@@ -133,6 +134,16 @@ class WorksTest(unittest.TestCase):
             output = self.folder / "resultados" / "000000" / f"{typology.stem}.bdl"
             self.assertEqual(golden(typology, ".bdl").read_bytes().replace(b"\n", b"\r\n"),
                              output.read_bytes())
+
+    def test_the_summary_page_of_a_list_is_the_same_byte_for_byte(self):
+        self.make_list(620, 12)
+        # The fingerprints are of paths, too: the samples lie beside the list.
+        shutil.copytree(SAMPLES, self.folder / "samples")
+        listed = self.folder / "lista.csv"
+        listed.write_bytes(listed.read_bytes().replace(bytes(SAMPLES), b"samples"))
+        self.lote("r", "--informe", status=1)
+        self.assertEqual((SOURCES / "docs" / "resumen-ejemplo.html").read_bytes(),
+                         (self.folder / "r" / "resumen.html").read_bytes())
 
     def test_a_list_in_shards_resumed_after_a_kill_gives_the_same(self):
         self.make_list(600, 20)
