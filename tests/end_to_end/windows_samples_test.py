@@ -116,7 +116,7 @@ class ConsoleTest(unittest.TestCase):
     def test_help_is_utf8_in_a_pipe(self):
         status, out, err = self.run_in_folder("--help")
         self.assertEqual((0, b""), (status, err))
-        self.assertIn("muestra la versión\r\n", out.decode())
+        self.assertIn("muestra la versión, su commit y su compilador\r\n", out.decode())
 
 
 if __name__ == "__main__":
