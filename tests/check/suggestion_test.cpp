@@ -19,17 +19,20 @@ TEST(EditDistance, CountsAddedRemovedChangedAndSwappedLetters) {
   }
 }
 
-TEST(NearestWord, IsWithinAThirdOfTheLongerWordRoundedUp) {
+TEST(NearestWord, IsWithinAThirdOfTheLongerWordAsGccCountsIt) {
   const struct {
     std::string_view word, candidate;
     bool near;
   } cases[] = {
-      {"ABCDEF", "ABCDxy", true},    // 2 of 6
-      {"ABCDEF", "ABCxyz", false},   // 3 of 6
-      {"ABCDEFG", "ABCDxyz", true},  // 3 of 7, a third is 2.33
-      {"AB", "Ax", true},            // 1 of 2
-      {"A", "B", false},             // one letter
-      {"A", "AB", false},            // still one letter
+      {"ABCDEF", "ABCDxy", true},        // 2 of 6
+      {"ABCDEF", "ABCxyz", false},       // 3 of 6
+      {"ABCDEFG", "ABCDxyz", false},     // 3 of 7, a third is 2.33: down
+      {"ABCDEFG", "ABCDxy", false},      // one letter shorter: down
+      {"ABCDEFGHIJ", "ABCDEFxy", true},  // two letters shorter, 4 of 10: up
+      {"GIRO", "TIPO", false},           // 2 of 4
+      {"AB", "Ax", true},                // 1 of 2
+      {"A", "B", false},                 // one letter
+      {"A", "AB", false},                // still one letter
       {"", "AB", false},
   };
   for (const auto& c : cases) {
