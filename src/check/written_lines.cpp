@@ -143,8 +143,7 @@ class CommandReader {
   }
   bool isAssignment(std::size_t at) const { return is(at + 1, TokenKind::kEquals); }
   bool isCommandType(std::size_t at) const {
-    const Span span = tokens_[at]->span;
-    const std::string_view word = bytes_.substr(span.begin, span.end - span.begin);
+    const std::string_view word = this->at(tokens_[at]->span);
     return word == "VIVIENDA" || word == "NAME-FRAME" || word == "SOLAR-POSITION";
   }
   /// A name without its quotes begins one too where the type leaves no doubt.
@@ -161,11 +160,21 @@ class CommandReader {
            isAssignment(at);
   }
 
+  std::string_view at(Span span) const { return bytes_.substr(span.begin, span.end - span.begin); }
+  bool isColon(Span span) const { return at(span) == ":"; }
+  bool endsInColon(Span span) const { return at(span).size() > 1 && at(span).ends_with(':'); }
+
   void takeKeyword() {
     WrittenKeyword keyword;
     keyword.name = tokens_[at_]->span;
+    // "TIPO: 13" and "TIPO := 13", as other formats have it.
+    const bool colon = endsInColon(keyword.name);
+    if (colon) --keyword.name.end;
     keyword.value = {keyword.name.end, keyword.name.end};
     std::size_t line = tokens_[at_++]->line;
+    if (!colon && is(at_, TokenKind::kWord) && isAssignment(at_) && isColon(tokens_[at_]->span)) {
+      ++at_;
+    }
     if (is(at_, TokenKind::kEquals)) {
       keyword.equals = tokens_[at_]->span.begin;
       keyword.value = {*keyword.equals + 1, *keyword.equals + 1};

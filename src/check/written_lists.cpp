@@ -18,8 +18,9 @@ constexpr std::string_view kFour = "cuatro valores entre 0 y 100, separados por 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool beginsNumber(char c) { return isDigit(c) || c == '+' || c == '-' || c == '.'; }
 
+constexpr std::string_view kBlanks = " \t\r\n";
+
 Span trimmed(std::string_view bytes, Span span) {
-  constexpr std::string_view kBlanks = " \t\r\n";
   while (span.end > span.begin && kBlanks.find(bytes[span.end - 1]) != kNone) --span.end;
   while (span.end > span.begin && kBlanks.find(bytes[span.begin]) != kNone) ++span.begin;
   return span;
@@ -41,11 +42,14 @@ class ListInBoth {
     // The run looks for a ")" further on where it stands right behind the "(".
     const Span items = {written_.value.begin + 1, written_.value.end - 1};
     const std::string_view text = findings_.at(items);
+    compareRest();
     splitAt(items, text);
     if (isSplitOtherwise()) return otherSeparator(text);
     if (hasDecimalCommas(text)) return decimalCommas(text);
     if (items_.size() > kFacades) return;  // the run ends and says why
     if (items_.size() < kFacades) tooShort();
+    // Of an empty list that is all there is to say.
+    if (items_.size() == 1 && text.find_first_not_of(kBlanks) == kNone) return;
     for (const Span item : items_) compareItem(item);
   }
 
@@ -61,6 +65,17 @@ class ListInBoth {
   std::string reading() const {
     return used_.empty() ? std::string("la ejecución se detendrá"_cp1252)
                          : concat("se leerá "_cp1252, used_);
+  }
+
+  void compareRest() {
+    const std::string_view rest = findings_.at(written_.rest);
+    if (rest.find_first_not_of(".,;:") == kNone) return;
+    findings_.add(Code::kUnidadEnNumero, written_.rest,
+                  concat("Detrás de la lista de "_cp1252, name_, " sobra texto, que no se lee"),
+                  {.found = {},
+                   .used = used_,
+                   .allowed = std::string(kFour),
+                   .suggestion = std::string(findings_.at(written_.value))});
   }
 
   void withoutParentheses() {
@@ -121,7 +136,9 @@ class ListInBoth {
     for (std::size_t at = text.find(','); at != kNone; at = text.find(',', at + 1)) {
       const bool tight =
           at > 0 && at + 1 < text.size() && isDigit(text[at - 1]) && isDigit(text[at + 1]);
-      tight ? ++tight_ : ++loose;
+      const bool blank = at + 1 < text.size() && kBlanks.find(text[at + 1]) != kNone;
+      tight_ += tight ? 1 : 0;
+      loose += blank ? 1 : 0;
     }
     if (tight_ == 0 || text.find('.') != kNone) return false;
     return loose > 0 || items_.size() == 2 * kFacades;

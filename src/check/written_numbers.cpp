@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <string>
@@ -25,6 +26,7 @@ class NumberInBoth {
         row_(*keyword.row),
         written_(*keyword.written),
         name_(keyword.row->name),
+        begin_(*keyword.written->equals + 1),
         word_(vivienda.findings.at(written_.value)),
         rest_(vivienda.findings.at(written_.rest)) {
     integer_ = std::holds_alternative<int TypologyRecord::*>(row_.field);
@@ -32,23 +34,23 @@ class NumberInBoth {
 
   void compare() {
     if (written_.kind == Value::kText || written_.kind == Value::kTypographic) return quoted();
-    const std::size_t begin = written_.value.begin;
     std::size_t taken = 0;
     if (integer_) {
-      const auto number = vivienda_.run.integerAt(begin);
+      const auto number = vivienda_.run.integerAt(begin_);
       if (!number) return noNumber();
       used_ = std::to_string(number->value);
       taken = number->span.end;
       if (overflows(number->span, number->value)) return;
     } else {
-      const auto number = vivienda_.run.realAt(begin);
+      const auto number = vivienda_.run.realAt(begin_);
       if (!number) return noNumber();
       used_ = plainNumber(number->value);
       taken = number->span.end;
       if (!std::isfinite(number->value)) return notFinite();
     }
-    const std::string_view behind =
-        taken < written_.value.end ? word_.substr(taken - begin) : std::string_view();
+    const std::string_view behind = taken < written_.value.end
+                                        ? word_.substr(taken - written_.value.begin)
+                                        : std::string_view();
     compareRest(behind);
   }
 
@@ -72,6 +74,15 @@ class NumberInBoth {
 
   void noNumber() {
     const IfAbsent absent = ifAbsent(row_);
+    if (hardBlank() < written_.value.begin) {
+      return add(Code::kSinNumero, {hardBlank(), written_.value.end},
+                 concat("Delante del valor de ", name_,
+                        " hay un blanco duro y el valor no se lee: ", absent.words),
+                 {.found = {},
+                  .used = absent.used,
+                  .allowed = allowedNumber(),
+                  .suggestion = std::string(word_)});
+    }
     const std::string_view unsignedWord = word_.substr(word_.find_first_not_of("+-") == 1 ? 1 : 0);
     const bool comma = goesOnWithComma(unsignedWord);
     add(comma ? Code::kComaDecimal : Code::kSinNumero, written_.value,
@@ -81,6 +92,12 @@ class NumberInBoth {
          .used = absent.used,
          .allowed = allowedNumber(),
          .suggestion = comma ? meantNumber(word_) : std::string()});
+  }
+
+  /// It looks like a blank, and the run does not pass over it.
+  std::size_t hardBlank() const {
+    const std::string_view before = vivienda_.findings.at({begin_, written_.value.begin});
+    return begin_ + std::min(before.find('\xA0'), before.size());
   }
 
   void notFinite() {
@@ -165,6 +182,7 @@ class NumberInBoth {
   const ViviendaKeyword& row_;
   const WrittenKeyword& written_;
   std::string_view name_;
+  std::size_t begin_;  // where the run begins to read
   std::string_view word_, rest_;
   bool integer_ = false;
   std::string used_;

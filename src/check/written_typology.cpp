@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <map>
 #include <string>
+#include <utility>
 #include <variant>
 
 #include "bdl/normalised_text.h"
@@ -34,7 +36,11 @@ class Readings {
 
   Findings compare() {
     compareBytes(file_, findings_);
-    for (const WrittenCommand& command : file_.commands) compareCommand(command);
+    for (const WrittenCommand& command : file_.commands) {
+      compareCommand(command);
+      compareRepeated(command);
+      if (at(command.type) != kVivienda && isKnown(at(command.type))) compareCommas(command);
+    }
     compareBlockWord(kSolarPosition);
     if (run_.found() && isTheOneMeant()) compareVivienda();
     return findings_.take();
@@ -79,6 +85,46 @@ class Readings {
     return normalised(at(block)).size() < kLargest;
   }
 
+  static bool isKnown(std::string_view type) {
+    return std::ranges::find(kTypes, type) != kTypes.end();
+  }
+
+  /// Of two commands the run finds the first. Frames and shades are looked for by their names.
+  void compareRepeated(const WrittenCommand& command) {
+    const std::string_view type = at(command.type);
+    if (!isKnown(type)) return;
+    const bool single = type == kVivienda || type == kSolarPosition;
+    const std::string_view name = single ? std::string_view() : at(command.name);
+    if (++times_[{type, name}] != 2) return;
+    findings_.add(Code::kDatoRepetido, single ? command.type : command.name,
+                  concat("El comando ", type, single ? "" : " ", name,
+                         " está escrito dos veces: vale el primero"_cp1252),
+                  {.found = {},
+                   .used = "el primero",
+                   .allowed = "una vez",
+                   .suggestion = concat("deje un solo comando ", type, single ? "" : " ", name)});
+  }
+
+  /// In a command that comes into the building as it is written.
+  void compareCommas(const WrittenCommand& command) {
+    for (const WrittenKeyword& keyword : command.keywords) {
+      if (keyword.kind != WrittenKeyword::Value::kWord) continue;
+      const std::string_view value = at(keyword.value);
+      const std::size_t digits = value.find_first_of("0123456789");
+      const std::size_t mark =
+          value.find_first_not_of("0123456789", std::min(digits, value.size()));
+      const bool number = digits != kNone && value.find_first_not_of("+-") == digits;
+      if (!number || mark == kNone || !goesOnWithComma(value.substr(mark))) continue;
+      findings_.add(Code::kComaDecimal, keyword.value,
+                    concat("El valor de ", at(keyword.name),
+                           " lleva coma decimal, y así se copia en el edificio"_cp1252),
+                    {.found = {},
+                     .used = std::string(value),
+                     .allowed = std::string("un número con punto decimal"_cp1252),
+                     .suggestion = meantNumber(value)});
+    }
+  }
+
   void compareCommand(const WrittenCommand& command) {
     const std::string_view type = at(command.type);
     if (command.nameKind == TokenKind::kTypographic) {
@@ -89,7 +135,7 @@ class Readings {
                      .allowed = "un nombre entre comillas dobles rectas",
                      .suggestion = {}});
     }
-    if (std::ranges::find(kTypes, type) == kTypes.end()) return compareType(command.type, type);
+    if (!isKnown(type)) return compareType(command.type, type);
     const std::size_t close = nextClose(command.type.begin);
     if (close == kNone || (command.close && command.close->begin == close)) return;
     if (!command.close || close > command.close->begin) {
@@ -180,7 +226,8 @@ class Readings {
   WrittenFindings findings_;
   RunReading run_;
   WrittenVivienda vivienda_;
-  std::size_t close_ = bytes_.find("..");  // of nextClose
+  std::map<std::pair<std::string_view, std::string_view>, int> times_;  // of type and name
+  std::size_t close_ = bytes_.find("..");                               // of nextClose
 };
 
 }  // namespace

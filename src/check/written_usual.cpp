@@ -27,6 +27,7 @@ struct Usual {
 constexpr float kNoLimit = std::numeric_limits<float>::infinity();
 constexpr Usual kStoreyHeight = {2.4F, 4.0F, 2.5F, 3.3F};  // m, from floor to floor
 constexpr Usual kOpenings = {5, 60};                       // % of a façade; 0 is as usual
+constexpr Usual kOpeningsOfFloor = {5, kNoLimit, 8, 25};   // % of a storey; few give little light
 constexpr Usual kDepth = {8, 14};                          // m, of a block with two rows of rooms
 constexpr Usual kDepthWithHole = {14, 28};  // m, with a courtyard or stair in the middle
 constexpr Usual kHouseFacade = {5, 16};     // m
@@ -164,7 +165,7 @@ class Use {
   /// A note where `value` is outside of what is usual; `what`: "La altura de planta".
   void usual(Span place, std::string_view what, float value, Usual range, std::string_view unit) {
     if (!std::isfinite(value) || (value >= range.low && value <= range.high)) return;
-    const bool open = range.high == kNoLimit;
+    const bool open = range.to == kNoLimit;
     const std::string words =
         open ? concat("desde ", numberInProse(range.from))
              : concat("de ", numberInProse(range.from), " a ", numberInProse(range.to));
@@ -184,10 +185,17 @@ class Use {
     usual(placeOf(name), what, value, range, unit);
   }
 
+  bool hasStoreysOfABuilding() const { return r_.numeroPlantas > 0 && r_.numeroPlantas < 1000; }
+
   void usualValues() {
-    usual("ALTURA-PLANTA", "La altura de planta", r_.alturaPlanta, kStoreyHeight, " m");
-    usual("NUMERO-PLANTAS", "El número de plantas"_cp1252, static_cast<float>(r_.numeroPlantas),
-          kStoreys, " plantas");
+    // What ends the run needs no note, and what does not fit an integer has its own finding.
+    if (r_.alturaPlanta > 0) {
+      usual("ALTURA-PLANTA", "La altura de planta", r_.alturaPlanta, kStoreyHeight, " m");
+    }
+    if (hasStoreysOfABuilding()) {
+      usual("NUMERO-PLANTAS", "El número de plantas"_cp1252, static_cast<float>(r_.numeroPlantas),
+            kStoreys, " plantas");
+    }
     usual("AIR-CHANGES/HR", "La ventilación"_cp1252, r_.airChangesHr, kAirChanges, " ren/h");
   }
 
@@ -233,7 +241,9 @@ class Use {
                            r_.longitudFachada,
                            r_.profundidadPatio,
                            r_.profundidadEscalera};
-    if (!std::holds_alternative<Plan>(planTipologia(data))) return;
+    const PlanResult result = planTipologia(data);
+    if (!std::holds_alternative<Plan>(result)) return;
+    openingsOfFloor(std::get<Plan>(result));
     const bool house = row_.family == PlanFamily::kHouse;
     usual("LONGITUD-FACHADA", "La longitud de fachada", r_.longitudFachada,
           house ? kHouseFacade : kBlockFacade, " m");
@@ -248,6 +258,22 @@ class Use {
     }
   }
 
+  /// Openings as they are asked for, over the floor that they light. None at all is meant so.
+  void openingsOfFloor(const Plan& plan) {
+    const auto openings = [](float percentage, float wall) {
+      return percentage > 0 ? std::min(percentage, 100.0F) * wall : 0.0F;
+    };
+    float sum = 0;  // m2 x %
+    for (std::size_t i = 0; i < 4; ++i) {
+      sum += openings(r_.porcentajeFachada[i], plan.superficieFachada[i]);
+      sum += openings(r_.porcentajePatio[i], plan.superficiePatio[i]);
+    }
+    const float floors = r_.areaPlanta * static_cast<float>(row_.planStoreys);
+    if (!(sum > 0)) return;
+    usual("PORCENTAJE-FACHADA", "La superficie de huecos respecto a la de planta", sum / floors,
+          kOpeningsOfFloor, " %");
+  }
+
   void depth() {
     // Of houses and of blocks with wings no usual depth is known.
     if (row_.family == PlanFamily::kHouse || row_.family == PlanFamily::kXpala) return;
@@ -258,7 +284,7 @@ class Use {
   }
 
   void courtyard() {
-    if (!needs_.areaPatio) return;
+    if (!needs_.areaPatio || !hasStoreysOfABuilding()) return;
     const bool two = row_.family != PlanFamily::kCourtyard;
     const float length = r_.areaPatio / r_.profundidadPatio / (two ? 2.0F : 1.0F);
     const float least =

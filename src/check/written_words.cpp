@@ -28,6 +28,14 @@ bool isList(const ViviendaKeyword& row) {
   return std::holds_alternative<PerFacade<float> TypologyRecord::*>(row.field);
 }
 
+/// Not so a number or a sign that stands where a keyword might.
+bool hasLetters(std::string_view word) {
+  return std::ranges::any_of(word, [](char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+           static_cast<unsigned char>(c) >= 0x80;
+  });
+}
+
 class Words {
  public:
   explicit Words(WrittenVivienda& vivienda) : vivienda_(vivienda) {}
@@ -44,8 +52,9 @@ class Words {
     for (const WrittenKeyword& written : vivienda_.command->keywords) {
       if (!isRead(written)) break;
       const std::string_view word = at(written.name);
-      if (findViviendaKeyword(word) != nullptr || readInside_.contains(written.name.begin))
-        continue;
+      const bool known =
+          findViviendaKeyword(word) != nullptr || readInside_.contains(written.name.begin);
+      if (known || !hasLetters(word)) continue;
       unknown(written.name, word);
     }
   }
@@ -85,8 +94,14 @@ class Words {
 
   std::string reading(const KeywordInBoth& keyword) const {
     std::string taken = takenBy(vivienda_.run, *keyword.row, *keyword.hit);
-    if (!taken.empty()) return concat("se leerá "_cp1252, taken);
+    if (!taken.empty()) return concat("se leerá "_cp1252, inProse(std::move(taken), *keyword.row));
     return ifAbsent(*keyword.row).words;
+  }
+  /// A sentence has its numbers as people write them.
+  static std::string inProse(std::string taken, const ViviendaKeyword& row) {
+    if (!std::holds_alternative<float TypologyRecord::*>(row.field)) return taken;
+    std::ranges::replace(taken, '.', ',');
+    return withUnit(taken, row);
   }
   std::string used(const KeywordInBoth& keyword) const {
     std::string taken = takenBy(vivienda_.run, *keyword.row, *keyword.hit);

@@ -47,6 +47,12 @@ TEST(WrittenLists, EachThatIsReadOtherwiseHasItsFinding) {
        "15", "15"},
       {"a unit behind a blank", kFacade, "PORCENTAJE-FACHADA = ( 25, 15 %, 20, 12 )",
        kUnidadEnNumero, 28, 4, "15 %", "15", "15"},
+      {"a unit behind the list", kFacade, "PORCENTAJE-FACHADA = ( 25, 15, 20, 12 ) %",
+       kUnidadEnNumero, 41, 1, "%", "( 25, 15, 20, 12 )", "( 25, 15, 20, 12 )"},
+      {"nan beside a narrow comma", kFacade, "PORCENTAJE-FACHADA = (25,nan,20,12)", kNumeroNoFinito,
+       26, 3, "nan", "nan", ""},
+      {"an empty list", kFacade, "PORCENTAJE-FACHADA = ( )", kListaCorta, 22, 3, "( )",
+       "( 0, 0, 0, 0 )", ""},
       {"a word", kFacade, "PORCENTAJE-FACHADA = ( 25, nada, 20, 12 )", kSinNumero, 28, 4, "nada",
        "0", ""},
       {"nothing between commas", kFacade, "PORCENTAJE-FACHADA = ( 25, , 20, 12 )", kSinNumero, 22,
@@ -61,7 +67,7 @@ TEST(WrittenLists, WhatBothReadingsTakeAlikeIsLetBe) {
   for (const std::string_view list :
        {"( 25, 15, 20, 12 )", "(25,15,20,12)", "(25.5,15,20,12)", "( 25.5,15, 20 ,12 )",
         "( 25 , 15 , 20 , 12 )", "( 0, 1, 100, 50 )", "(\t25,\t15,\t20,\t12\t)",
-        "( 25, 15,\n 20, 12 )", "(\n25,15,20,12\n)"}) {
+        "( 25, 15,\n 20, 12 )", "( 25, 15, 20, 12 );", "(25,15,+20,12)", "(\n25,15,20,12\n)"}) {
     const std::string line = "PORCENTAJE-FACHADA = " + std::string(list);
     EXPECT_EQ("", asLines(warningsOf(WrittenFile14().with(kFacade, line).text()))) << line;
   }

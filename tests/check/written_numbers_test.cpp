@@ -11,6 +11,13 @@ TEST(WrittenNumbers, EachThatIsReadOtherwiseHasItsFinding) {
        "488", "488.5"},
       {"decimal comma of a default's keyword", "ALTURA-PLANTA", "   ALTURA-PLANTA = 2,80",
        kComaDecimal, 20, 4, "2,80", "2", "2.80"},
+      {"a hard blank", "ALTURA-PLANTA",
+       "   ALTURA-PLANTA = \xA0"
+       "2.80",
+       kSinNumero, 20, 5,
+       "\xA0"
+       "2.80",
+       "3", "2.80"},
       {"thousands and decimals", "AREA-PLANTA", "   AREA-PLANTA = 1.488,25", kComaDecimal, 18, 8,
        "1.488,25", "1.488", "1488.25"},
       {"thousands by comma", "AREA-PLANTA", "   AREA-PLANTA = 1,488.25", kComaDecimal, 18, 8,
@@ -65,7 +72,7 @@ TEST(WrittenNumbers, EachThatIsReadOtherwiseHasItsFinding) {
       {"a lone mark", "ORIENTACION", "   ORIENTACION = -", kSinNumero, 18, 1, "-", "0", ""},
       {"a list", "ORIENTACION", "   ORIENTACION = ( 15 )", kSinNumero, 18, 6, "( 15 )", "0", ""},
   };
-  for (const Planted& planted : cases) expectPlanted(planted);
+  for (const Planted& planted : cases) expectPlanted(planted, {kCaracterDeControl});
 }
 
 TEST(WrittenNumbers, WhatBothReadingsTakeAlikeIsLetBe) {

@@ -99,3 +99,26 @@ TEST(WrittenUsual, SmallLettersOfWhatIsBuiltAreLetBe) {
   file.with("CUBIERTA", "CUBIERTA = plana").with("ATICO", "ATICO = \"No\"");
   EXPECT_EQ("", asLines(findingsOf(file.text())));
 }
+
+TEST(WrittenUsual, WhatEndsTheRunIsNotCalledUnusualAsWell) {
+  for (const auto& [keyword, line] :
+       {std::pair("NUMERO-PLANTAS", "NUMERO-PLANTAS = -1"), std::pair("NUMERO-PLANTAS", ""),
+        std::pair("NUMERO-PLANTAS", "NUMERO-PLANTAS = 99999999999"),
+        std::pair("ALTURA-PLANTA", "ALTURA-PLANTA = -2.8")}) {
+    for (const Finding& finding : findingsOf(WrittenFile14().with(keyword, line).text())) {
+      EXPECT_NE(kPocoHabitual, finding.code) << line;
+    }
+  }
+}
+
+TEST(WrittenUsual, LittleLightForAStoreyIsTold) {
+  const Findings findings =
+      findingsOf(WrittenFile14()
+                     .with("PORCENTAJE-FACHADA", "PORCENTAJE-FACHADA = ( 10, 0, 6, 0 )")
+                     .with("PORCENTAJE-PATIO", "PORCENTAJE-PATIO = ( 0, 0, 0, 0 )")
+                     .text());
+  ASSERT_EQ(1U, findings.size()) << asLines(findings);
+  EXPECT_EQ(kPocoHabitual, findings.front().code);
+  EXPECT_NE(std::string::npos,
+            findings.front().message.find("es poco habitual: lo habitual es de 8 a 25 %"));
+}

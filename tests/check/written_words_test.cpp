@@ -10,6 +10,10 @@ TEST(WrittenWords, EachThatIsMetOtherwiseHasItsFinding) {
   const Planted cases[] = {
       {"in a comment", "ALTURA-PLANTA", "   $ ALTURA-PLANTA = 2.40", kDatoEnComentario, 6, 13,
        "ALTURA-PLANTA = 2.40", "2.4", "quite ALTURA-PLANTA del comentario"},
+      {"a colon for its equals", "ALTURA-PLANTA", "   ALTURA-PLANTA: 2.80", kFaltaIgual, 4, 13,
+       "ALTURA-PLANTA: 2.80", "488", "ALTURA-PLANTA = 2.80"},
+      {"two equals", "ALTURA-PLANTA", "   ALTURA-PLANTA == 2.80", kValorVacio, 4, 15,
+       "ALTURA-PLANTA =", "3", ""},
       {"in a comment before its line", "ALTURA-PLANTA",
        "   $ antes ALTURA-PLANTA = 2.40\n   ALTURA-PLANTA = 2.80", kDatoEnComentario, 12, 13,
        "ALTURA-PLANTA = 2.40", "2.4", "quite ALTURA-PLANTA del comentario"},
@@ -95,6 +99,15 @@ TEST(WrittenWords, SeveralKeywordsOfALineAreReadLikeSeveralLines) {
                                        .text())));
   EXPECT_EQ("", asLines(warningsOf(WrittenFile14().with("TIPO", "TIPO\n=\n14").text())));
   EXPECT_EQ("", asLines(warningsOf(WrittenFile14().with("TIPO", "TIPO=14").text())));
+  EXPECT_EQ("", asLines(warningsOf(WrittenFile14().with("TIPO", "TIPO := 14").text())));
+}
+
+TEST(WrittenWords, ASentenceHasItsNumbersAsPeopleWriteThem) {
+  const Findings findings =
+      warningsOf(WrittenFile14().with("ALTURA-PLANTA", "$ ALTURA-PLANTA = 2.40").text());
+  ASSERT_EQ(1U, findings.size());
+  EXPECT_EQ("ALTURA-PLANTA se lee de un comentario: se leerá 2,4 m"_cp1252,
+            findings.front().message);
 }
 
 TEST(WrittenWords, AQuestionIsAskedOfANearWord) {
@@ -113,6 +126,10 @@ TEST(WrittenCommands, EachThatEndsOrBeginsElsewhereHasItsFinding) {
        27, 2, "..", "", "escriba aqu\xED un solo punto"},
       {"two dots in a number", "AREA-PLANTA", "AREA-PLANTA = 48..8", kCierreFueraDeSitio, 17, 2,
        "..", "", "escriba aqu\xED un solo punto"},
+      {"a comma in a frame", "FRAME-WIDTH", "   FRAME-WIDTH = 0,12", kComaDecimal, 18, 4, "0,12",
+       "0,12", "0.12"},
+      {"a comma in a shade", "OVERHANG-D", "   OVERHANG-D = -0,60 m", kComaDecimal, 17, 5, "-0,60",
+       "-0,60", "-0.60"},
       {"the type in small letters", "NAME-FRAME", "\"Marco de PVC\" = name-frame", kMinusculas, 18,
        10, "name-frame", "", "NAME-FRAME"},
       {"a misspelt type", "NAME-FRAME", "\"Marco de PVC\" = NAME-FRAM", kPalabraDesconocida, 18, 9,
@@ -125,6 +142,26 @@ TEST(WrittenCommands, EachThatEndsOrBeginsElsewhereHasItsFinding) {
   for (const Planted& planted : cases) {
     expectPlanted(planted, {kNombreNoDefinido, kNombreDeOtraCosa, kNombreCortado, kUnidadEnNumero});
   }
+}
+
+TEST(WrittenCommands, OneThatIsThereTwiceIsTold) {
+  const struct {
+    std::string_view second, message;
+  } cases[] = {
+      {"\"b\" = VIVIENDA\n..\n",
+       "El comando VIVIENDA está escrito dos veces: vale el primero"_cp1252},
+      {"\"b\" = SOLAR-POSITION\n..\n\"c\" = SOLAR-POSITION\n..\n\"d\" = SOLAR-POSITION\n..\n",
+       "El comando SOLAR-POSITION está escrito dos veces: vale el primero"_cp1252},
+      {"\"Marco de PVC\" = NAME-FRAME\n..\n",
+       "El comando NAME-FRAME \"Marco de PVC\" está escrito dos veces: vale el primero"_cp1252},
+  };
+  for (const auto& c : cases) {
+    const Findings findings = warningsOf(WrittenFile14().behind(c.second).text());
+    ASSERT_EQ(1U, findings.size()) << c.second;
+    EXPECT_EQ(kDatoRepetido, findings.front().code);
+    EXPECT_EQ(c.message, findings.front().message);
+  }
+  EXPECT_EQ("", asLines(warningsOf(WrittenFile14().behind("\"b\" = NAME-FRAME\n..\n").text())));
 }
 
 TEST(WrittenCommands, AForgottenClosingIsToldAtTheType) {
