@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <set>
+#include <span>
 #include <string>
 
 #include "check/checked_template.h"
@@ -50,7 +51,8 @@ class Checker {
 /// The finding that an error of a run is.
 Finding errorFinding(const Fault& fault);
 
-/// What the four paths of a run themselves tell: two that coincide, a marker left over from an
-/// earlier run, a folder that is not there. Empty paths are not looked at.
-Findings pathFindings(const std::string& templateFile, const std::string& typologyFile,
+/// What the four paths of a run themselves tell: two that coincide, table, library and Error.log
+/// among them, a marker left over from an earlier run, a folder that is not there. Empty paths are
+/// not looked at.
+Findings pathFindings(const std::string& templateFile, std::span<const std::string> typologyFiles,
                       const std::string& outputFile, const std::string& markerFile);

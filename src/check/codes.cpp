@@ -132,6 +132,8 @@ struct RunMessage {
 constexpr RunMessage kRunMessages[] = {
     {"No existe el fichero de ", kFaltaFichero},
     {"La ruta es demasiado larga", kRutaLarga},
+    {" de la línea de órdenes es demasiado largo"_cp1252, kRutaLarga},
+    {"La línea de órdenes tiene más de "_cp1252, kRutaLarga},
     {"Error al abrir fichero de lectura: ", kNoSeLee},
     {"Error al leer fichero: ", kNoSeLee},
     {"contiene un carácter nulo"_cp1252, kCaracterNulo},

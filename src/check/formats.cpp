@@ -92,7 +92,7 @@ std::string asText(const Finding& finding, bool colours) {
   std::string text = concat(look.severity, wordOf(severity), ":", look.end, " ", look.strong,
                             shownLine(finding.message), look.end, " ", look.quiet, "[",
                             rowOf(finding.code).word, "]", look.end, "\n");
-  if (finding.place) {
+  if (finding.place && !finding.place->file.empty()) {
     const Place& place = *finding.place;
     text += concat("  ", shownLine(place.file));
     if (place.line > 0) {
@@ -111,7 +111,7 @@ std::string asText(const Finding& finding, bool colours) {
 
 std::string asGccLine(const Finding& finding) {
   std::string where(kProgram);
-  if (finding.place) {
+  if (finding.place && !finding.place->file.empty()) {
     where = shownLine(finding.place->file);
     if (finding.place->line > 0) {
       where += concat(":", std::to_string(finding.place->line), ":",

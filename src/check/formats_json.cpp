@@ -19,7 +19,7 @@ Json jsonOf(const Finding& finding) {
   json["codigo"] = rowOf(finding.code).word;
   json["gravedad"] = wordOf(severityOf(finding));
   json["mensaje"] = utf8(finding.message);
-  if (finding.place) {
+  if (finding.place && !finding.place->file.empty()) {
     const Place& place = *finding.place;
     json["fichero"] = utf8(place.file);
     if (place.line > 0) {
@@ -97,7 +97,7 @@ Json sarifResult(const Finding& finding) {
   const std::string message = utf8(finding.message);
   const bool blank = message.find_first_not_of(' ') == std::string::npos;
   result["message"]["text"] = blank ? std::string(rowOf(finding.code).title) : message;
-  if (finding.place) {
+  if (finding.place && !finding.place->file.empty()) {
     Json location;
     location["physicalLocation"]["artifactLocation"]["uri"] = asUri(utf8(finding.place->file));
     if (finding.place->line > 0) {

@@ -183,7 +183,11 @@ TEST_F(Comprobar, ThePathsOfARunAreCheckedInBothForms) {
     std::vector<std::string> said;  // what of the lines is about paths
   } cases[] = {
       {"as it should be", "salida.bdl", "fin.txt", {}},
-      {"the template may be its own output", "casa.bdl", "fin.txt", {}},
+      {"the output is the template, which may be so and is then lost",
+       "casa.bdl",
+       "fin.txt",
+       {"casa.bdl: aviso: La ruta de la salida es la de la plantilla, que se perderá "
+        "[rutas-iguales]"}},
       {"the output is the typology",
        "./casa.tip",
        "fin.txt",
@@ -203,8 +207,16 @@ TEST_F(Comprobar, ThePathsOfARunAreCheckedInBothForms) {
       {"no folders",
        "a/salida.bdl",
        "b/fin.txt",
-       {"a/salida.bdl: aviso: No existe la carpeta de la salida [falta-carpeta]",
-        "b/fin.txt: aviso: No existe la carpeta de la marca [falta-carpeta]"}},
+       {"a/salida.bdl: aviso: No existe la carpeta de la salida: la ejecución se "
+        "detendrá [falta-carpeta]",
+        "b/fin.txt: aviso: No existe la carpeta de la marca: la ejecución se "
+        "detendrá [falta-carpeta]"}},
+      {"the table, and the log of errors",
+       "casa.tbl",
+       "Error.log",
+       {"casa.tbl: aviso: La ruta de la salida es la de la tabla, que se perderá [rutas-iguales]",
+        "Error.log: aviso: La ruta de Error.log es la de la marca, que se perderá "
+        "[rutas-iguales]"}},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);

@@ -16,8 +16,16 @@
 #include "check/checker.h"
 #include "check/formats.h"
 #include "core/report_error.h"
+#include "core/run_ended.h"
 
 namespace {
+
+/// The only argument where the four paths come as one; null where they do not.
+const std::string* callersForm(const WorkArguments& arguments) {
+  const std::vector<std::string>& files = arguments.operands;
+  const bool one = files.size() == 1 && files.front().find('#') != std::string::npos;
+  return one ? &files.front() : nullptr;
+}
 
 /// The files to check, and the paths that a run of them would write.
 struct Request {
@@ -37,8 +45,8 @@ bool isTemplateName(std::string_view file) {
 
 Request requestOf(const WorkArguments& arguments) {
   std::vector<std::string> files = arguments.operands;
-  if (files.size() == 1 && files.front().find('#') != std::string::npos) {
-    const RunPaths paths = splitCommandLine(files.front());
+  if (const std::string* const form = callersForm(arguments)) {
+    const RunPaths paths = splitCommandLine(*form);
     return {paths.dataFile, {paths.typologyFile}, paths.outputFile, paths.markerFile};
   }
   Request request;
@@ -59,9 +67,8 @@ Findings findingsOf(const Request& request) {
     Findings more = checker.check(typology);
     std::move(more.begin(), more.end(), std::back_inserter(findings));
   }
-  const std::string& typology = request.typologies.front();
-  Findings ofPaths =
-      pathFindings(request.plantilla.value_or(""), typology, request.output, request.marker);
+  Findings ofPaths = pathFindings(request.plantilla.value_or(""), request.typologies,
+                                  request.output, request.marker);
   std::move(ofPaths.begin(), ofPaths.end(), std::back_inserter(findings));
   return findings;
 }
@@ -90,12 +97,13 @@ int exitStatus(const Findings& findings, bool strict) {
 }  // namespace
 
 int comprobar(const WorkArguments& arguments) {
-  const Request request = requestOf(arguments);
-  if (request.typologies.empty()) throw WrongWorkArguments{"falta la tipología"};
+  Request request;
+  const std::optional<Fault> wrongForm = faultOf([&] { request = requestOf(arguments); });
+  if (!wrongForm && request.typologies.empty()) throw WrongWorkArguments{"falta la tipología"};
   const std::string file = arguments.value(kSalida.name);
   const bool onTerminal = file.empty() && standardOutputIsTerminal();
   const std::string format = arguments.value("--formato", onTerminal ? "texto" : "gcc");
-  const Findings findings = findingsOf(request);
+  const Findings findings = wrongForm ? Findings{errorFinding(*wrongForm)} : findingsOf(request);
   if (format == "json") {
     writeResult(file, asJson(findings));
   } else if (format == "sarif") {
