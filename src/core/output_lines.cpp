@@ -1,6 +1,17 @@
 #include "core/output_lines.h"
 
+#include <algorithm>
 #include <array>
+
+namespace {
+
+std::string_view firstLines(std::string_view text, long count) {
+  std::size_t end = 0;
+  for (; count > 0; --count) end = text.find('\n', end) + 1;
+  return text.substr(0, end);
+}
+
+}  // namespace
 
 bool OutputLines::takesOneMore() {
   if (count_ >= kCapacity) return false;
@@ -8,27 +19,26 @@ bool OutputLines::takesOneMore() {
   return true;
 }
 
+inline void OutputLines::appendCopied(const char* begin, const char* end) {
+  if (begin != runEnd_) parts_.push_back({own_.size(), begin, begin});
+  parts_.back().copiedEnd = runEnd_ = end;
+}
+
 bool OutputLines::CopyLine(const LineReader& source) {
   if (!source.endsInLineFeed()) return WriteLine(source.line());
   if (!takesOneMore()) return false;
   const char* const line = source.line().data();
-  if (line != runEnd_) parts_.push_back({own_.size(), line, line});
-  parts_.back().copiedEnd = runEnd_ = line + source.line().size() + 1;
+  appendCopied(line, line + source.line().size() + 1);
   return true;
 }
 
-/// Gives `sink` the bytes of all lines, in order, as long as it takes them.
-template <typename Sink>
-bool OutputLines::handOver(const Sink& sink) const {
-  const std::string_view own = own_;
-  std::size_t at = 0;
-  for (const Part& part : parts_) {
-    if (!sink(own.substr(at, part.ownEnd - at)) || !sink({part.copied, part.copiedEnd})) {
-      return false;
-    }
-    at = part.ownEnd;
-  }
-  return sink(own.substr(at));
+bool OutputLines::CopyLines(std::string_view lines, long count) {
+  const long taken = std::min<long>(count, kCapacity - count_);
+  if (taken < count) lines = firstLines(lines, taken);
+  if (taken == 0) return count == 0;
+  count_ += static_cast<int>(taken);
+  appendCopied(lines.data(), lines.data() + lines.size());
+  return taken == count;
 }
 
 std::string OutputLines::text() const {
@@ -36,7 +46,7 @@ std::string OutputLines::text() const {
   for (const Part& part : parts_) size += static_cast<std::size_t>(part.copiedEnd - part.copied);
   std::string text;
   text.reserve(size);
-  handOver([&](std::string_view bytes) {
+  handOver([&](std::string_view bytes, Origin) {
     text += bytes;
     return true;
   });
@@ -52,7 +62,7 @@ bool OutputLines::writeTo(std::FILE* file) const {
     filled = 0;
     return written;
   };
-  const auto write = [&](std::string_view bytes) {
+  const auto write = [&](std::string_view bytes, Origin) {
     while (!bytes.empty()) {
       const std::size_t taken = bytes.copy(block.data() + filled, block.size() - filled);
       bytes.remove_prefix(taken);

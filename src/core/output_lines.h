@@ -26,8 +26,17 @@ class OutputLines {
   }
   /// The same for the line that `source` last handed out.
   bool CopyLine(const LineReader& source);
+  /// The same for `count` lines of the input, each with its line feed.
+  bool CopyLines(std::string_view lines, long count);
   /// Makes room for so many bytes of lines that are not copied; a hint that saves time.
   void expectBytes(std::size_t bytes) { own_.reserve(bytes); }
+
+  /// Where a piece of the output comes from.
+  enum class Origin { kOwn, kCopied, kOwnEnd };  // at the very end are own lines, or none
+  /// Gives `sink` the bytes of all lines, in order, as long as it returns true; each time whole
+  /// lines of one origin. True when it took them all.
+  template <typename Sink>
+  bool handOver(const Sink& sink) const;
 
   int count() const { return count_; }
   /// All lines, each with its line feed.
@@ -44,11 +53,22 @@ class OutputLines {
   };
 
   bool takesOneMore();
-  template <typename Sink>
-  bool handOver(const Sink& sink) const;
+  void appendCopied(const char* begin, const char* end);
 
   int count_ = 0;
   std::string own_;               // the output's own lines, each with its line feed
   std::deque<Part> parts_;        // all lines, but for those at the end of own_
   const char* runEnd_ = nullptr;  // end of the run that a copied line may go on; null: of none
 };
+
+template <typename Sink>
+bool OutputLines::handOver(const Sink& sink) const {
+  const std::string_view own = own_;
+  std::size_t at = 0;
+  for (const Part& part : parts_) {
+    if (!sink(own.substr(at, part.ownEnd - at), Origin::kOwn)) return false;
+    if (!sink(std::string_view(part.copied, part.copiedEnd), Origin::kCopied)) return false;
+    at = part.ownEnd;
+  }
+  return sink(own.substr(at), Origin::kOwnEnd);
+}

@@ -233,3 +233,43 @@ TEST(OutputLines, AFileThatDoesNotTakeThemIsSaid) {
   output.WriteLine("a");
   EXPECT_FALSE(output.writeTo(full.get()));
 }
+
+TEST(OutputLines, SeveralLinesAtOnceAreThoseLines) {
+  const std::string input = "a\nb\n\nc\n";
+  OutputLines output;
+  EXPECT_TRUE(output.CopyLines(std::string_view(input).substr(0, 4), 2));
+  EXPECT_TRUE(output.CopyLines(std::string_view(input).substr(4), 2));
+  EXPECT_TRUE(output.CopyLines({}, 0));
+  output.WriteLine("d");
+  EXPECT_EQ(5, output.count());
+  EXPECT_EQ("a\nb\n\nc\nd\n", output.text());
+}
+
+TEST(OutputLines, OfSeveralLinesAtOnceThoseThatFitAreKept) {
+  const std::string input = "a\nb\nc\n";
+  OutputLines output;
+  for (int i = 0; i < OutputLines::kCapacity - 2; ++i) output.WriteLine("");
+  EXPECT_FALSE(output.CopyLines(input, 3));
+  EXPECT_TRUE(output.text().ends_with("\n\na\nb\n"));
+  EXPECT_EQ(OutputLines::kCapacity, output.count());
+  EXPECT_FALSE(output.CopyLines(input, 3));
+  EXPECT_TRUE(output.text().ends_with("\n\na\nb\n"));
+}
+
+TEST(OutputLines, AreHandedOverByWhereTheyComeFrom) {
+  const std::string input = "a\nb\n";
+  OutputLines output;
+  output.WriteLine("1");
+  output.CopyLines(input, 2);
+  output.WriteLine("2");
+  std::string pieces;
+  EXPECT_TRUE(output.handOver([&](std::string_view lines, OutputLines::Origin origin) {
+    pieces
+        .append(origin == OutputLines::Origin::kCopied   ? "[copied] "
+                : origin == OutputLines::Origin::kOwnEnd ? "[end] "
+                                                         : "[own] ")
+        .append(lines);
+    return true;
+  }));
+  EXPECT_EQ("[own] 1\n[copied] a\nb\n[end] 2\n", pieces);
+}
