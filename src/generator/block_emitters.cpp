@@ -4,24 +4,21 @@
 // inside the command ends it.
 
 void GeneratorContext::rewriteFloor() {
-  enum { kFloorHeight, kSpaceHeight, kMultiplier, kEnd };
-  static const NameList names({"FLOOR-HEIGHT", "SPACE-HEIGHT", "MULTIPLIER", ".."});
-
   writeCurrentLine();
   LineMatch match;
-  while (findNextKey(names, match)) {
+  while (findNextKey(EmitterNames::kFloor, match)) {
     switch (match.index) {
       case kFloorHeight:
         writeKeyword("FLOOR-HEIGHT", typology().alturaPlanta);
         break;
-      case kSpaceHeight:
+      case kFloorSpaceHeight:
         writeKeyword("SPACE-HEIGHT", typology().alturaPlanta);
         break;
-      case kMultiplier: {
+      case kFloorMultiplier: {
         // A floor that exists once, ground or top, has the multiplier 1; any other is the repeated
         // middle floor and stands for all storeys but two.
         const int repeated = typology().numeroPlantas - 2;
-        if (splitAssignment(currentLine_).value != "1" && repeated > 1) {
+        if (splitAssignment(currentLine()).value != "1" && repeated > 1) {
           writeKeyword("MULTIPLIER", repeated);
         } else {
           writeCurrentLine();
@@ -29,7 +26,7 @@ void GeneratorContext::rewriteFloor() {
         // Kept on purpose: the count takes the place of the matched name's index, so that in a
         // building of five storeys (a count of 3, the index of "..") the command ends here and its
         // remaining lines are copied as they are.
-        if (repeated == kEnd) return;
+        if (repeated == kFloorEnd) return;
         break;
       }
       default:
@@ -40,20 +37,17 @@ void GeneratorContext::rewriteFloor() {
 }
 
 void GeneratorContext::rewriteSpace() {
-  enum { kHeight, kMultiplier, kAirChanges, kEnd };
-  static const NameList names({"HEIGHT", "MULTIPLIER", "AIR-CHANGES/HR", ".."});
-
   writeCurrentLine();
   LineMatch match;
-  while (findNextKey(names, match)) {
+  while (findNextKey(EmitterNames::kSpace, match)) {
     switch (match.index) {
-      case kHeight:
+      case kSpaceHeight:
         writeKeyword("HEIGHT", typology().alturaPlanta);
         break;
-      case kMultiplier:
+      case kSpaceMultiplier:
         writeKeyword("MULTIPLIER", 1);  // repeated storeys are the FLOOR's business
         break;
-      case kAirChanges:
+      case kSpaceAirChanges:
         writeKeyword("AIR-CHANGES/HR", typology().airChangesHr);
         break;
       default:

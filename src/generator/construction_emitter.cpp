@@ -31,11 +31,8 @@ const std::string& constructionFor(const TypologyRecord& typology, int orientati
 
 void emitConstruction(GeneratorContext& context, int orientationClass,
                       std::string_view /*surfaceName*/, int kind) {
-  enum { kConstruction, kEnd };
-  static const NameList names({"CONSTRUCTION", ".."});
-
   context.writeCurrentLine();
   context.writeKeyword("CONSTRUCTION", constructionFor(context.typology(), orientationClass, kind));
-  context.dropKeysUntil(kEnd, names);
+  context.dropKeysUntil(kConstructionEnd, EmitterNames::kConstruction);
   context.writeLine("..");
 }

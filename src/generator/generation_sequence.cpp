@@ -61,15 +61,8 @@ void writeBuildingParameters(GeneratorContext& context) {
   context.writeLine(context.typology().textoPosicionSolar);
 }
 
-/// Whether a line that names a surface is the header of a command that is rewritten.
-bool isSurfaceCommand(std::string_view line) {
-  constexpr std::string_view kTypes[] = {
-      "EXTERIOR-WALL", "ROOF", "TROMBE-WALL", "INTERIOR-WALL", "UNDERGROUND-WALL", "WINDOW"};
-  return std::ranges::any_of(kTypes, [&](std::string_view type) { return contains(line, type); });
-}
-
 void rewriteSurface(GeneratorContext& context, const Plan& plan, int index) {
-  if (!isSurfaceCommand(context.currentLine())) {
+  if (!context.isSurfaceCommand()) {
     context.writeCurrentLine();
     return;
   }
@@ -87,7 +80,7 @@ void rewriteCommands(GeneratorContext& context, const Plan& plan, TProgressBar& 
   const Template& plantilla = context.plantilla();
   const int step = std::max(150 / (plantilla.spaceEntry() + 1), 1);
   LineMatch match;
-  while (context.findNextKey(plantilla.commandNames(), match)) {
+  while (context.findNextCommand(match)) {
     if (match.index == plantilla.floorEntry()) {
       context.rewriteFloor();
     } else if (match.index == plantilla.spaceEntry()) {

@@ -10,12 +10,6 @@
 
 namespace {
 
-/// A whole-building ventilation of 4 air changes an hour. Only this very text is recognised; the
-/// same values with other blanks between them are somebody's own schedule.
-bool isAirChangeSchedule(std::string_view line) {
-  return line.find("VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )") != std::string_view::npos;
-}
-
 /// The keywords of VIVIENDA that the output's reals come from. Those of plan and shades are finite
 /// once the plan has passed its checks.
 constexpr struct {
@@ -49,14 +43,14 @@ GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyReco
       typology_(typology),
       output_(output),
       faults_(std::move(faults)),
-      reader_(plantilla.building().bytes()) {
+      walk_(plantilla) {
   // Few templates have more computed than copied.
   output_.expectBytes(plantilla.building().bytes().size());
 }
 
 // The output holds as many lines as it holds; what comes after is lost, as ever.
 void GeneratorContext::writeLine(std::string_view text) { output_.WriteLine(text); }
-void GeneratorContext::writeCurrentLine() { output_.CopyLine(reader_); }
+void GeneratorContext::writeCurrentLine() { walk_.copyLine(output_); }
 
 void GeneratorContext::writeKeyword(std::string_view keyword, std::string_view value) {
   output_.WriteLine("  ", keyword, " = ", value, " ");
@@ -87,33 +81,61 @@ void GeneratorContext::requireFiniteOutput() const {
            placeOfOrigin(typology_, notFiniteKeyword_)});
 }
 
-void GeneratorContext::report(std::string message, Span span) const {
-  faults_({std::move(message), template_.building().placeOf(span)});
+void GeneratorContext::report(std::string message, long number) const {
+  faults_({std::move(message), template_.building().placeOf(template_.spanOfLine(number))});
 }
 
-void GeneratorContext::reportAtLine(long number, Span span, std::string_view what) const {
-  report(errorInFile(template_.building().name(), number, what), span);
+void GeneratorContext::reportAtLine(long number, std::string_view what) const {
+  report(errorInFile(template_.building().name(), number, what), number);
 }
 
-bool GeneratorContext::readTemplateLine() {
-  if (!reader_.ReadLine(currentLine_)) return false;
-  if (currentLine_.size() > kLongestLine) {
-    reportAtLine(currentLineNumber(), currentSpan(), "la línea es demasiado larga"_cp1252);
+bool GeneratorContext::readTemplateLine(Passed passed) {
+  const bool read = walk_.next();
+  if (passed == Passed::kCopied) walk_.copyPassed(output_);
+  if (read && walk_.isTooLong()) {
+    reportAtLine(currentLineNumber(), "la línea es demasiado larga"_cp1252);
   }
-  return true;
+  return read;
 }
 
-bool GeneratorContext::findNextKey(const NameList& names, LineMatch& match) {
+/// Copies template lines, schedules rewritten, until `stops` says that it is the line.
+template <typename Stops>
+bool GeneratorContext::copyUntil(const Stops& stops) {
   const bool rewritesSchedules = typology_.airChangesHr > 0;
-  while (readTemplateLine()) {
-    if (findKey(currentLine_, names, match)) return true;
-    if (rewritesSchedules && isAirChangeSchedule(currentLine_)) {
+  while (readTemplateLine(Passed::kCopied)) {
+    if (stops()) return true;
+    if (rewritesSchedules && walk_.isSchedule()) {
       writeSchedule();
     } else {
       writeCurrentLine();
     }
   }
   return false;
+}
+
+bool GeneratorContext::findNextKey(EmitterNames names, LineMatch& match) {
+  return copyUntil([&] { return walk_.find(names, match); });
+}
+
+bool GeneratorContext::findNextCommand(LineMatch& match) {
+  return copyUntil([&] { return walk_.findCommand(match); });
+}
+
+float GeneratorContext::dropKeysUntil(int end, EmitterNames names) {
+  float height = 0;
+  LineMatch match;
+  while (copyUntil([&] { return walk_.find(names, match); }) && match.index != end) {
+    if (match.height > 0) height = match.height;
+  }
+  return height;
+}
+
+void GeneratorContext::dropVerticesUntilEnd(int n) {
+  LineMatch end;
+  const auto isVertex = [&] { return walk_.vertex() > 0 && walk_.vertex() <= n; };
+  while (copyUntil([&] { return isVertex() || walk_.find(EmitterNames::kEnd, end); }) &&
+         isVertex()) {
+  }
 }
 
 void GeneratorContext::writeSchedule() {
@@ -124,8 +146,8 @@ void GeneratorContext::writeSchedule() {
 }
 
 void GeneratorContext::copyUntilCommand(std::string_view type) {
-  while (readTemplateLine()) {
-    if (splitAssignment(currentLine_).value == type) return;
+  while (readTemplateLine(Passed::kCopied)) {
+    if (walk_.isOf(type)) return;
     writeCurrentLine();
   }
   // The end for a check too: what comes later could not be found either.
@@ -133,14 +155,13 @@ void GeneratorContext::copyUntilCommand(std::string_view type) {
               template_.building().lastLine()});
 }
 
-void GeneratorContext::skipUntilKey(const NameList& names) {
+void GeneratorContext::skipUntilKey(EmitterNames names) {
   LineMatch match;
-  while (readTemplateLine()) {
-    if (findKey(currentLine_, names, match)) return;
-    if (currentLine_.find("----------") != std::string_view::npos) return;
+  while (readTemplateLine(Passed::kDropped)) {
+    if (walk_.find(names, match) || walk_.isRule()) return;
   }
 }
 
 void GeneratorContext::copyRest() {
-  while (readTemplateLine()) writeCurrentLine();
+  while (readTemplateLine(Passed::kCopied)) writeCurrentLine();
 }

@@ -1,14 +1,13 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 
-#include "core/line_reader.h"
 #include "core/output_lines.h"
 #include "core/report_error.h"
-#include "generator/name_list.h"
+#include "generator/line_meanings.h"
 #include "generator/template.h"
+#include "generator/template_walk.h"
 #include "typology/typology_record.h"
 
 /// The generator's state: a stream editor over the template. It reads the template strictly
@@ -19,9 +18,6 @@
 /// One run, one context. What it is made of must outlive it, and the template the output too.
 class GeneratorContext {
  public:
-  /// Bytes of the longest template line.
-  static constexpr std::size_t kLongestLine = 3000;
-
   GeneratorContext(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
                    FaultSink faults = endRunWith);
   virtual ~GeneratorContext() = default;
@@ -30,14 +26,16 @@ class GeneratorContext {
   const TypologyRecord& typology() const { return typology_; }
 
   /// The template line last read; a view into the template.
-  std::string_view currentLine() const { return currentLine_; }
-  /// Its number, from 1, and where it stands.
-  long currentLineNumber() const { return reader_.lineNumber(); }
-  Span currentSpan() const { return reader_.span(); }
-  /// Reports a fault at `span` of the template. Who calls it goes on, for a sink that comes back.
-  void report(std::string message, Span span) const;
-  /// The same with a message that names the file and the line `number`.
-  void reportAtLine(long number, Span span, std::string_view what) const;
+  std::string_view currentLine() const { return walk_.line(); }
+  /// See line_meanings.h.
+  bool isSurfaceCommand() const { return walk_.isSurfaceCommand(); }
+  /// Its number, from 1: where to look, in a fault about it.
+  long currentLineNumber() const { return walk_.number(); }
+  /// Reports a fault at line `number` of the template. Who calls it goes on, for a sink that comes
+  /// back.
+  void report(std::string message, long number) const;
+  /// The same with a message that names the file and the line.
+  void reportAtLine(long number, std::string_view what) const;
 
   void writeLine(std::string_view text);
   /// The same for the current line, whose bytes are taken from the template at the end.
@@ -56,20 +54,21 @@ class GeneratorContext {
   /// The main loop: copies template lines, schedules rewritten, until one matches a name of
   /// `names`, which stays in the current line. False at the end of the template, with `match` as
   /// it was.
-  bool findNextKey(const NameList& names, LineMatch& match);
+  bool findNextKey(EmitterNames names, LineMatch& match);
+  /// The same for the names of the rewritten commands.
+  bool findNextCommand(LineMatch& match);
   /// The same until the line ".." that ends a command: what matches before it is dropped. `names`
-  /// holds the keywords to drop and, at the index `end`, "..". `seen` is shown each dropped line.
-  template <typename Seen>
-  void dropKeysUntil(int end, const NameList& names, const Seen& seen);
-  void dropKeysUntil(int end, const NameList& names) {
-    dropKeysUntil(end, names, [](const LineMatch&) {});
-  }
-  /// Copies template lines up to the header of the next command of `type`, which stays in the
-  /// current line. The run ends when there is none.
+  /// holds the keywords to drop and, at the index `end`, "..". Returns the last height above 0 that
+  /// a dropped line gave; 0 when none did.
+  float dropKeysUntil(int end, EmitterNames names);
+  /// The same for the vertices V1 to Vn of a polygon; those with a higher number are copied.
+  void dropVerticesUntilEnd(int n);
+  /// Copies template lines up to the header of the next command of `type`, one of kSoughtTypes,
+  /// which stays in the current line. The run ends when there is none.
   void copyUntilCommand(std::string_view type);
   /// Drops template lines until one matches a name or contains "----------"; that line stays in
   /// the current line and is lost unless the caller writes it.
-  void skipUntilKey(const NameList& names);
+  void skipUntilKey(EmitterNames names);
   void copyRest();
 
   /// Emitters of the FLOOR and SPACE commands, called with the header in the current line.
@@ -77,21 +76,17 @@ class GeneratorContext {
   void rewriteSpace();
 
  private:
-  bool readTemplateLine();
+  enum class Passed { kCopied, kDropped };
+  bool readTemplateLine(Passed passed);
+  template <typename Stops>
+  bool copyUntil(const Stops& stops);
   void writeSchedule();
 
   const Template& template_;
   const TypologyRecord& typology_;
   OutputLines& output_;
   FaultSink faults_;
-  LineReader reader_;
-  std::string_view currentLine_;
+  TemplateWalk walk_;
   std::string notFiniteKeyword_;  // the first keyword with a NaN or an infinity, and its value
   float notFiniteValue_ = 0;
 };
-
-template <typename Seen>
-void GeneratorContext::dropKeysUntil(int end, const NameList& names, const Seen& seen) {
-  LineMatch match;
-  while (findNextKey(names, match) && match.index != end) seen(match);
-}

@@ -54,12 +54,17 @@ int NameList::matchKey(const Assignment& line) const {
   return std::min(byKey, byValue);
 }
 
+LineMatch sizesIn(const Assignment& line) {
+  return {.index = -1,
+          .width = line.key == "WIDTH" ? realOrZero(line.value) : 0,
+          .height = line.key == "HEIGHT" ? realOrZero(line.value) : 0};
+}
+
 bool findKey(std::string_view line, const NameList& names, LineMatch& match) {
   const Assignment assignment = splitAssignment(line);
   const int index = names.matchKey(assignment);
   if (index < 0) return false;
+  match = sizesIn(assignment);
   match.index = index;
-  match.width = assignment.key == "WIDTH" ? realOrZero(assignment.value) : 0;
-  match.height = assignment.key == "HEIGHT" ? realOrZero(assignment.value) : 0;
   return true;
 }

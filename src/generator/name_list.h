@@ -61,6 +61,9 @@ class NameList {
   std::bitset<256 * kLengths> glances_;  // those of the names
 };
 
+/// The width and height that a line gives; its index is that of no name.
+LineMatch sizesIn(const Assignment& line);
+
 /// Looks `line` up among `names`; true with `match` filled when one matches, else false with
 /// `match` as it was.
 bool findKey(std::string_view line, const NameList& names, LineMatch& match);

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/line_reader.h"
 #include "core/paths.h"
 #include "generator/orientation.h"
 
@@ -45,10 +46,22 @@ SurfaceSums::SurfaceSums(const TableFile& table) {
   meanSurfaceValue = table.zoneAreaSum != 0 ? meanSurfaceValue / table.zoneAreaSum : 0;
 }
 
-Template::Template(SourceText building, SourceText table)
+Template::Template(SourceText building, SourceText table, Use use)
     : building_(std::move(building)),
       tableText_(std::move(table)),
       table_(readTableFile(tableText_)),
       commandNames_(commandNamesOf(table_)),
       templateBaseName_(baseNameOf(building_.name())),
-      sums_(table_) {}
+      sums_(table_) {
+  if (use == Use::kOften && building_.bytes().size() <= TemplateStops::kLargestTemplate) {
+    stops_.emplace(building_.bytes(), commandNames_);
+  }
+}
+
+Span Template::spanOfLine(long number) const {
+  LineReader reader(building_.bytes());
+  std::string_view line;
+  while (reader.lineNumber() < number && reader.ReadLine(line)) {
+  }
+  return reader.span();
+}

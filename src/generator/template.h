@@ -1,11 +1,13 @@
 #pragma once
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "core/source_text.h"
 #include "generator/name_list.h"
 #include "generator/table_file.h"
+#include "generator/template_stops.h"
 
 /// Sums over a table's surfaces and zones. State that nothing reads: they belong to the preparation
 /// of a run, and nothing depends on them.
@@ -25,8 +27,12 @@ struct SurfaceSums {
 /// Errors: what readTableFile reports.
 class Template {
  public:
+  /// How many buildings will be made of it. For many, what its lines are to a generation is found
+  /// out now; for one, when the lines are read. The buildings are the same.
+  enum class Use { kOnce, kOften };
+
   /// `building`: the text of the *.bdl file; `table`: that of the *.tbl file beside it.
-  Template(SourceText building, SourceText table);
+  Template(SourceText building, SourceText table, Use use = Use::kOnce);
   Template(const Template&) = delete;
   Template& operator=(const Template&) = delete;
 
@@ -40,6 +46,13 @@ class Template {
   int spaceEntry() const { return static_cast<int>(table_.surfaces.size()); }
   int floorEntry() const { return spaceEntry() + 1; }
 
+  /// Null for a template that is used once.
+  const TemplateStops* stops() const { return stops_ ? &*stops_ : nullptr; }
+  /// The text that copied lines of an output are views of.
+  std::string_view copiedText() const { return stops_ ? stops_->text() : building_.bytes(); }
+  /// Where line `number` stands in `building`, as a LineReader counts.
+  Span spanOfLine(long number) const;
+
   /// The template's file name without folder and extension. State that nothing reads, as `sums` is.
   const std::string& templateBaseName() const { return templateBaseName_; }
   const SurfaceSums& sums() const { return sums_; }
@@ -49,6 +62,7 @@ class Template {
   SourceText tableText_;  // whose bytes the table's names are
   TableFile table_;
   NameList commandNames_;
+  std::optional<TemplateStops> stops_;
   std::string templateBaseName_;
   SurfaceSums sums_;
 };

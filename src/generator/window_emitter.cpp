@@ -1,7 +1,5 @@
 #include "generator/window_emitter.h"
 
-#include <iterator>
-
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "generator/generator_context.h"
@@ -13,57 +11,8 @@ namespace {
 constexpr float kBayHeight = 3.0F;     // m, one storey
 constexpr float kWindowHeight = 1.2F;  // m, of a window that the template does not make taller
 
-/// The keywords of a window that the generated one does without or gets anew.
-constexpr std::string_view kWindowKeywords[] = {"GLASS-TYPE",
-                                                "INF-COEF",
-                                                "SETBACK",
-                                                "OVERHANG-A",
-                                                "OVERHANG-B",
-                                                "OVERHANG-W",
-                                                "OVERHANG-D",
-                                                "OVERHANG-ANGLE",
-                                                "LEFT-FIN-A",
-                                                "LEFT-FIN-B",
-                                                "LEFT-FIN-H",
-                                                "LEFT-FIN-D",
-                                                "RIGHT-FIN-A",
-                                                "RIGHT-FIN-B",
-                                                "RIGHT-FIN-H",
-                                                "RIGHT-FIN-D",
-                                                "FRAME-WIDTH",
-                                                "FRAME-CONDUCT",
-                                                "FRAME-ABS",
-                                                "POSITION-LAMAS",
-                                                "LAMAS-WIDTH",
-                                                "LAMAS-DISTANCE",
-                                                "LAMAS-ANGLE",
-                                                "LAMAS-TRANSMISIVITY",
-                                                "LAMAS-REFLECTIVITY",
-                                                "COEFF",
-                                                "..",
-                                                "WIDTH",
-                                                "HEIGHT",
-                                                "X",
-                                                "Y"};
-constexpr int kEnd = 26;
-static_assert(kWindowKeywords[kEnd] == "..");
-
 /// Drops the command whose header is in the current line, its ".." included.
-void dropWindow(GeneratorContext& context) {
-  static const NameList names({".."});
-  context.skipUntilKey(names);
-}
-
-/// Reads the command to its end and returns the height that the template gives the window; 0 when
-/// it gives none. What is not a window keyword is copied.
-float copyForeignLines(GeneratorContext& context) {
-  static const NameList names({std::begin(kWindowKeywords), std::end(kWindowKeywords)});
-  float templateHeight = 0;
-  context.dropKeysUntil(kEnd, names, [&](const LineMatch& line) {
-    if (line.height > 0) templateHeight = line.height;
-  });
-  return templateHeight;
-}
+void dropWindow(GeneratorContext& context) { context.skipUntilKey(EmitterNames::kEnd); }
 
 /// The bays that a window is one of.
 struct Bays {
@@ -107,7 +56,7 @@ void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClas
     context.report(
         std::string(
             "La versión actual del ZELTA no contempla ventanas en cubiertas o suelos"_cp1252),
-        context.currentSpan());
+        context.currentLineNumber());
     dropWindow(context);
     return;
   }
@@ -121,9 +70,8 @@ void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClas
   }
 
   const long headerNumber = context.currentLineNumber();
-  const Span header = context.currentSpan();
   context.writeCurrentLine();
-  const float templateHeight = copyForeignLines(context);
+  const float templateHeight = context.dropKeysUntil(kWindowEnd, EmitterNames::kWindow);
   context.writeKeyword("GLASS-TYPE", typology.ventanaVidrio);
 
   // Kept on purpose: a street window as tall as the storey takes the courtyard's data.
@@ -136,7 +84,7 @@ void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClas
     const std::string_view name =
         context.plantilla().table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
     context.reportAtLine(
-        headerNumber, header,
+        headerNumber,
         concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, facadeName(facade),
                streetSide ? "" : " del patio", ", que no tiene huecos en esta tipología"_cp1252));
     context.writeLine("..");

@@ -27,7 +27,7 @@ std::string copied(const std::string& line, float airChangesHr) {
   GeneratorRun run({line});
   run.typology().airChangesHr = airChangesHr;
   LineMatch match;
-  run.context().findNextKey(NameList({}), match);
+  run.context().findNextKey(EmitterNames::kEnd, match);
   return run.finish().at(0);
 }
 
@@ -99,11 +99,12 @@ TEST(Schedule, IsLeftAloneByCopyRest) {
 }
 
 TEST(Schedule, OnALineThatMatchesIsLeftToTheCaller) {
-  GeneratorRun run({kSchedule});
+  GeneratorRun run({"CONSTRUCTION = " + kSchedule, "HEIGHT = " + kSchedule});
   run.typology().airChangesHr = 0.5F;
   LineMatch match;
-  EXPECT_TRUE(run.context().findNextKey(NameList({"VALUES"}), match));
-  EXPECT_EQ(kSchedule, run.context().currentLine());
+  EXPECT_TRUE(run.context().findNextKey(EmitterNames::kSpace, match));
+  EXPECT_EQ("HEIGHT = " + kSchedule, run.context().currentLine());
+  EXPECT_THAT(run.finish(), ElementsAre(scheduleOf("8.000000")));
 }
 
 TEST(Schedule, IsRewrittenInsideACommandToo) {
@@ -118,7 +119,7 @@ TEST(Schedule, OfInfinitelyManyAirChangesEndsTheRun) {
   GeneratorRun run({kSchedule});
   run.typology().airChangesHr = std::numeric_limits<float>::denorm_min();
   LineMatch match;
-  run.context().findNextKey(NameList({}), match);
+  run.context().findNextKey(EmitterNames::kEnd, match);
   EXPECT_EQ(
       "Error en el fichero casa.tip: el valor de VALUES en la salida no es un número finito: inf",
       stopMessage([&] { run.context().requireFiniteOutput(); }));
