@@ -50,6 +50,7 @@ report::Report reportOf(std::string_view text, std::string_view output, std::str
   report.sheet->fingerprint = words;
   report.building = report::readBuilding(output, "", original, TableFile{}, report.sheet->plan);
   report.measures = report::measure(*report.building, report.sheet->plan, {});
+  report.measures->spaces = report::measureSpaces(*report.building, report.sheet->plan);
   report.constructions = {{words, words, 1, 1}};
   report.sheet->windows = report::windowsOfPlan(*report.building);
   report.sheet->party = report::partySides(*report.building);

@@ -175,6 +175,7 @@ void addBuilding(Report& report, const TypologyRecord& typology, const Template&
   const Asked asked{typology.porcentajeFachada, typology.porcentajePatio,
                     static_cast<double>(typology.orientacion)};
   report.measures = measure(*report.building, plan, asked);
+  report.measures->spaces = measureSpaces(*report.building, plan);
   report.constructions = constructionsOf(*report.building);
   if (!report.building->followsPlan()) return;
   report.sheet->party = partySides(*report.building);

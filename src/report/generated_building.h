@@ -7,7 +7,11 @@
 
 #include "generator/table_file.h"
 #include "plan/plan.h"
+#include "report/original_building.h"
+#include "report/plan_cells.h"
 #include "report/written_commands.h"
+
+class OutputLines;
 
 /// A generated building read back: what the run really wrote. A command stands in the last FLOOR,
 /// SPACE and wall before it. Lengths in m, areas in m2, names as written (Windows-1252).
@@ -48,7 +52,6 @@ enum class SurfaceKind {
 
 struct WrittenSurface {
   SurfaceKind kind = SurfaceKind::kOther;
-  std::string name;
   std::string construction;
   int space = -1;
   std::string nextTo;  // the space beyond, of a partition
@@ -60,7 +63,6 @@ struct WrittenSurface {
 };
 
 struct WrittenWindow {
-  std::string name;
   int wall = -1;                               // index into surfaces
   double x = 0, y = 0, width = 0, height = 0;  // in its wall, from the lower left corner
   Count multiplier = 1;
@@ -74,6 +76,7 @@ struct GeneratedBuilding {
   std::vector<WrittenSpace> spaces;
   std::vector<WrittenSurface> surfaces;
   std::vector<WrittenWindow> windows;
+  std::vector<Bay> bays;        // of the plan
   PerFacade<int> lostStreet{};  // windows of the template that the run removed
   PerFacade<int> lostCourtyard{};
   std::map<std::string, CommandCount> commands;
@@ -88,8 +91,14 @@ struct GeneratedBuilding {
   double height() const;
 };
 
-/// `output`: the text that a run of `typology` wrote, whose bytes `typologyText` stand at its end;
-/// `original`: the template's text; `plan`: of the typology.
+/// Reads what a run of a typology, whose bytes are `typologyText`, put together: `output` is of a
+/// template that is used often, the one that `original` was read from. What compares the two is
+/// left out: `commands` and `nightFactor`.
+GeneratedBuilding readBuilding(const OutputLines& output, std::string_view typologyText,
+                               const OriginalBuilding& original, const Plan& plan);
+
+/// The same from texts. `output`: what the run wrote, with `typologyText` at its end; `original`:
+/// the template's text; `plan`: of the typology.
 GeneratedBuilding readBuilding(std::string_view output, std::string_view typologyText,
                                std::string_view original, const TableFile& table, const Plan& plan);
 

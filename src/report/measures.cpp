@@ -75,34 +75,6 @@ double sumOf(const GeneratedBuilding& building, SurfaceKind kind) {
   return sum;
 }
 
-void addSpaces(Measures& measures, const GeneratedBuilding& building, const Plan& plan) {
-  std::vector<Room> names = rooms(plan);
-  for (std::size_t i = 0; i < building.spaces.size(); ++i) {
-    const WrittenSpace& space = building.spaces[i];
-    if (space.floor != 0) continue;
-    SpaceMeasure measure;
-    const auto room = std::ranges::find(names, space.outline, &Room::region);
-    measure.name = room == names.end() ? space.name : room->name;
-    measure.area = space.area;
-    measure.volume = space.area * space.height;
-    for (std::size_t k = 0; k < building.surfaces.size(); ++k) {
-      const WrittenSurface& surface = building.surfaces[k];
-      if (surface.kind == SurfaceKind::kPartition && surface.nextTo == space.name) {
-        measure.partition += surface.area;
-      }
-      if (surface.space != static_cast<int>(i)) continue;
-      if (surface.kind == SurfaceKind::kFacade) measure.facade += surface.area;
-      if (surface.kind == SurfaceKind::kCourtyard) measure.courtyard += surface.area;
-      if (surface.kind == SurfaceKind::kParty) measure.party += surface.area;
-      if (surface.kind == SurfaceKind::kPartition) measure.partition += surface.area;
-      for (const WrittenWindow& window : building.windows) {
-        if (window.wall == static_cast<int>(k)) measure.openings += window.area();
-      }
-    }
-    measures.spaces.push_back(std::move(measure));
-  }
-}
-
 }  // namespace
 
 std::string_view reasonText(GlazingReason reason) {
@@ -143,8 +115,7 @@ Measures measure(const GeneratedBuilding& building, const Plan& plan, const Aske
   }
 
   PerFacade<int> streetBays{}, courtyardBays{};
-  for (const Bay& bay : bays(PlanCells(plan)))
-    ++(bay.courtyard ? courtyardBays : streetBays)[bay.side];
+  for (const Bay& bay : building.bays) ++(bay.courtyard ? courtyardBays : streetBays)[bay.side];
   for (const bool courtyard : {false, true}) {
     for (const Facade side : kSides) {
       const FacadeMeasure facade = facadeOf(building, asked, side, courtyard,
@@ -185,8 +156,37 @@ Measures measure(const GeneratedBuilding& building, const Plan& plan, const Aske
     }
     if (window.height > m.storeyHeight + kNearly) m.tallerThanStorey += window.multiplier;
   }
-  addSpaces(m, building, plan);
   return m;
+}
+
+std::vector<SpaceMeasure> measureSpaces(const GeneratedBuilding& building, const Plan& plan) {
+  std::vector<SpaceMeasure> measures;
+  std::vector<Room> names = rooms(plan);
+  for (std::size_t i = 0; i < building.spaces.size(); ++i) {
+    const WrittenSpace& space = building.spaces[i];
+    if (space.floor != 0) continue;
+    SpaceMeasure measure;
+    const auto room = std::ranges::find(names, space.outline, &Room::region);
+    measure.name = room == names.end() ? space.name : room->name;
+    measure.area = space.area;
+    measure.volume = space.area * space.height;
+    for (std::size_t k = 0; k < building.surfaces.size(); ++k) {
+      const WrittenSurface& surface = building.surfaces[k];
+      if (surface.kind == SurfaceKind::kPartition && surface.nextTo == space.name) {
+        measure.partition += surface.area;
+      }
+      if (surface.space != static_cast<int>(i)) continue;
+      if (surface.kind == SurfaceKind::kFacade) measure.facade += surface.area;
+      if (surface.kind == SurfaceKind::kCourtyard) measure.courtyard += surface.area;
+      if (surface.kind == SurfaceKind::kParty) measure.party += surface.area;
+      if (surface.kind == SurfaceKind::kPartition) measure.partition += surface.area;
+      for (const WrittenWindow& window : building.windows) {
+        if (window.wall == static_cast<int>(k)) measure.openings += window.area();
+      }
+    }
+    measures.push_back(std::move(measure));
+  }
+  return measures;
 }
 
 }  // namespace report

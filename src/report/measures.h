@@ -70,7 +70,7 @@ struct Measures {
   std::vector<FacadeMeasure> facades;  // street first, then courtyard; those with a wall
   /// From N clockwise. No two sides look in the same direction.
   std::array<DirectionMeasure, 8> byDirection{};
-  std::vector<SpaceMeasure> spaces;  // of the lowest storey
+  std::vector<SpaceMeasure> spaces;  // see measureSpaces
   Count headsAboveCeiling = 0;       // windows, with their multipliers
   Count tallerThanStorey = 0;
 };
@@ -82,7 +82,11 @@ struct Asked {
   double giro = 0;               // degrees
 };
 
+/// All but the spaces, which a list of dwellings has no use for.
 Measures measure(const GeneratedBuilding& building, const Plan& plan, const Asked& asked);
+
+/// The dwellings and the stair of the lowest storey.
+std::vector<SpaceMeasure> measureSpaces(const GeneratedBuilding& building, const Plan& plan);
 
 /// The index of a direction from N clockwise: N, NE, E, SE, S, SO, O, NO.
 std::size_t directionIndex(double azimuth);

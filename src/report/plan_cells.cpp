@@ -17,28 +17,50 @@ void addLine(std::vector<double>& lines, double value) {
   }
 }
 
-/// How often the outline runs round the point: 0 outside of it, whatever doubles back.
-int turnsRound(const Vertices& outline, double x, double y) {
-  int turns = 0;
-  for (std::size_t i = 0; i < outline.size(); ++i) {
-    const Vertex& a = outline[i];
-    const Vertex& b = outline[(i + 1) % outline.size()];
-    if ((a.y > y) == (b.y > y)) continue;
-    if ((static_cast<double>(a.x) + b.x) / 2 > x) turns += b.y > a.y ? 1 : -1;
+/// The edges that a line across the plan meets, and by them the regions along it.
+class CrossedEdges {
+ public:
+  CrossedEdges(const Plan& plan, double y) {
+    for (std::size_t i = 0; i < plan.outlines.size(); ++i) {
+      if (plan.outlines[i].role == Role::kBlock) continue;
+      add(plan.outlines[i].vertices, y, static_cast<int>(i));
+    }
+    for (const Outline& courtyard : plan.edgeCourtyards) add(courtyard.vertices, y, kEdgeCourtyard);
   }
-  return turns;
-}
 
-int regionAt(const Plan& plan, double x, double y) {
-  for (std::size_t i = 0; i < plan.outlines.size(); ++i) {
-    if (plan.outlines[i].role == Role::kBlock) continue;
-    if (turnsRound(plan.outlines[i].vertices, x, y) != 0) return static_cast<int>(i);
+  /// That of the first outline which runs round the point, whatever doubles back.
+  int regionAt(double x) const {
+    int turns = 0;
+    for (const Edge& edge : edges_) {
+      if (edge.x > x) turns += edge.turn;
+      if (!edge.last) continue;
+      if (turns != 0) return edge.region;
+      turns = 0;
+    }
+    return kOpenAir;
   }
-  for (const Outline& courtyard : plan.edgeCourtyards) {
-    if (turnsRound(courtyard.vertices, x, y) != 0) return kEdgeCourtyard;
+
+ private:
+  struct Edge {
+    double x;
+    int turn;
+    int region;  // of its outline
+    bool last;   // of its outline
+  };
+
+  void add(const Vertices& outline, double y, int region) {
+    const std::size_t before = edges_.size();
+    for (std::size_t i = 0; i < outline.size(); ++i) {
+      const Vertex& a = outline[i];
+      const Vertex& b = outline[i + 1 < outline.size() ? i + 1 : 0];
+      if ((a.y > y) == (b.y > y)) continue;
+      edges_.push_back({(static_cast<double>(a.x) + b.x) / 2, b.y > a.y ? 1 : -1, region, false});
+    }
+    if (edges_.size() > before) edges_.back().last = true;
   }
-  return kOpenAir;
-}
+
+  std::vector<Edge> edges_;
+};
 
 /// The piece of the wall of `cell` that looks to `side`.
 WallPiece pieceOf(const PlanCells& cells, int column, int row, Facade side) {
@@ -140,9 +162,9 @@ PlanCells::PlanCells(const Plan& plan) : plan_(&plan) {
   std::ranges::sort(xs_);
   std::ranges::sort(ys_);
   for (int row = 0; row < rows(); ++row) {
+    const CrossedEdges edges(plan, (y(row) + y(row + 1)) / 2);
     for (int column = 0; column < columns(); ++column) {
-      regions_.push_back(
-          regionAt(plan, (x(column) + x(column + 1)) / 2, (y(row) + y(row + 1)) / 2));
+      regions_.push_back(edges.regionAt((x(column) + x(column + 1)) / 2));
     }
   }
 }

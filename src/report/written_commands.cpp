@@ -15,27 +15,17 @@ bool isType(std::string_view text) {
   });
 }
 
-/// Fills name and type from a header line; false when it is none.
-bool readHeader(std::string_view line, WrittenCommand& command) {
-  if (!line.starts_with('"')) return false;
-  const std::size_t quote = line.find('"', 1);
-  if (quote == std::string_view::npos) return false;
-  const std::string_view rest = trimmed(line.substr(quote + 1));
-  if (!rest.starts_with('=')) return false;
-  const std::string_view type = trimmed(rest.substr(1));
-  if (!isType(type)) return false;
-  command.name = line.substr(1, quote - 1);
-  command.type = type;
-  return true;
-}
-
 }  // namespace
 
-std::string_view trimmed(std::string_view text) {
-  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
+std::optional<CommandHeader> readHeader(std::string_view line) {
+  if (!line.starts_with('"')) return std::nullopt;
+  const std::size_t quote = line.find('"', 1);
+  if (quote == std::string_view::npos) return std::nullopt;
+  const std::string_view rest = trimmed(line.substr(quote + 1));
+  if (!rest.starts_with('=')) return std::nullopt;
+  const std::string_view type = trimmed(rest.substr(1));
+  if (!isType(type)) return std::nullopt;
+  return CommandHeader{line.substr(1, quote - 1), type};
 }
 
 std::string_view unquoted(std::string_view text) {
@@ -65,11 +55,12 @@ std::vector<WrittenCommand> readCommands(std::string_view text) {
     const std::size_t end = std::min(text.find('\n', start), text.size());
     const std::string_view line = trimmed(text.substr(start, end - start));
     ++number;
-    WrittenCommand header;
-    if (readHeader(line, header)) {
-      header.line = number;
-      header.text = text.substr(start, end - start);
-      commands.push_back(std::move(header));
+    if (const auto header = readHeader(line)) {
+      WrittenCommand& command = commands.emplace_back();
+      command.name = header->name;
+      command.type = header->type;
+      command.line = number;
+      command.text = text.substr(start, end - start);
       open = true;
     } else if (open && line == "..") {
       open = false;

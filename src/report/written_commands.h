@@ -27,8 +27,21 @@ struct WrittenCommand {
 
 std::vector<WrittenCommand> readCommands(std::string_view text);
 
-/// `text` without blanks and tabs at its ends.
-std::string_view trimmed(std::string_view text);
+/// The name, without its quotes, and the type of a header; nothing for any other line. `line` has
+/// no blanks at its ends.
+struct CommandHeader {
+  std::string_view name;
+  std::string_view type;
+};
+std::optional<CommandHeader> readHeader(std::string_view line);
+
+/// `text` without blanks, tabs and line ends at its ends.
+inline std::string_view trimmed(std::string_view text) {
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
+}
 /// Without its double quotes.
 std::string_view unquoted(std::string_view text);
 

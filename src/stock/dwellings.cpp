@@ -18,7 +18,6 @@
 #include "plan/plan.h"
 #include "report/fingerprint.h"
 #include "report/generated_building.h"
-#include "report/written_commands.h"
 #include "stock/file_names.h"
 #include "stock/refusal.h"
 
@@ -89,23 +88,14 @@ NoteCodes notesOn(const SharedTemplate& shared, const PreparedDwelling& prepared
   return codes;
 }
 
-/// The WINDOW commands of a template, found once for all its dwellings.
-std::string windowsOf(std::string_view building) {
-  std::string windows;
-  for (const report::WrittenCommand& command : report::readCommands(building)) {
-    if (command.type == "WINDOW") windows += concat(command.text, "\n..\n");
-  }
-  return windows;
-}
-
 BuildingMeasures measuresOf(const SharedTemplate& shared, const TypologyRecord& typology,
-                            std::string_view output) {
+                            const OutputLines& output) {
   const PlanResult result = planTipologia(
       {typology.tipo, typology.areaPlanta, typology.areaPatio, typology.areaEscalera,
        typology.longitudFachada, typology.profundidadPatio, typology.profundidadEscalera});
   const Plan& plan = std::get<Plan>(result);  // a building that was generated has one
-  const report::GeneratedBuilding building = report::readBuilding(
-      output, typology.textoTipologia(), shared.windows, shared.plantilla->table(), plan);
+  const report::GeneratedBuilding building =
+      report::readBuilding(output, typology.textoTipologia(), *shared.original, plan);
   return {typology.tipo, report::measure(building, plan,
                                          {typology.porcentajeFachada, typology.porcentajePatio,
                                           static_cast<double>(typology.orientacion)})};
@@ -152,9 +142,10 @@ SharedTemplate Dwellings::readTemplate(const std::string& path) const {
       TemplateTexts texts = readTemplateTexts(paths);
       prints += report::fingerprint(texts.building.bytes());
       prints += report::fingerprint(texts.table.bytes());
-      shared.plantilla =
-          std::make_unique<const Template>(std::move(texts.building), std::move(texts.table));
-      shared.windows = windowsOf(shared.plantilla->building().bytes());
+      shared.plantilla = std::make_unique<const Template>(
+          std::move(texts.building), std::move(texts.table), Template::Use::kOften);
+      shared.original = std::make_unique<const report::OriginalBuilding>(
+          shared.plantilla->copiedText(), shared.plantilla->table());
       shared.checked = std::make_unique<const CheckedTemplate>(*shared.plantilla);
       shared.notes = codesOf(templateFindings(*shared.checked));
     });
@@ -271,22 +262,20 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Outco
   outcome.notes = notesCell(prepared.typology.notes, {});
   if (shared.fault) throw refusalOf(*shared.fault);
   std::optional<TypologyRecord> typology;
-  std::string text;
+  OutputLines lines;
   const std::optional<Fault> fault = faultOf([&] {
     typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
     if (!prepared.ownFile) requireReadAsWritten(row, *typology);
-    OutputLines lines;
     NoProgressBar bar;
     generate(*shared.plantilla, *typology, lines, bar);
-    text = lines.text();
   });
   outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology));
   if (fault) refuse(*fault, row, prepared);
-  outcome.measures = measuresOf(shared, *typology, text);
+  outcome.measures = measuresOf(shared, *typology, lines);
   const std::string path = options_.folder + prepared.output;
   if (options_.keepTypologies && !prepared.ownFile)
     putInPlace(typologyOf(path), prepared.typology.bytes);
-  putInPlace(path, text);
+  putInPlace(path, lines.text());
   outcome.output = prepared.output;
   outcome.fingerprint = prepared.fingerprint;
 }

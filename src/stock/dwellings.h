@@ -6,6 +6,7 @@
 
 #include "check/checked_template.h"
 #include "generator/template.h"
+#include "report/original_building.h"
 #include "stock/note_codes.h"
 #include "stock/outcome.h"
 #include "stock/read_once.h"
@@ -15,13 +16,13 @@ namespace stock {
 
 /// A template with its table and library, read once; or what a run says of them.
 struct SharedTemplate {
-  std::optional<Fault> missing;                    // asked for before the typology
-  std::optional<Fault> missingLibrary;             // and behind it
-  std::optional<Fault> fault;                      // of reading them
-  std::unique_ptr<const Template> plantilla;       // null with any of these
-  std::unique_ptr<const CheckedTemplate> checked;  // of it
-  NoteCodes notes;                                 // about it, whatever the typology
-  std::string windows;  // its WINDOW commands: all of it that measures ask for
+  std::optional<Fault> missing;                              // asked for before the typology
+  std::optional<Fault> missingLibrary;                       // and behind it
+  std::optional<Fault> fault;                                // of reading them
+  std::unique_ptr<const Template> plantilla;                 // null with any of these
+  std::unique_ptr<const report::OriginalBuilding> original;  // of it
+  std::unique_ptr<const CheckedTemplate> checked;            // likewise
+  NoteCodes notes;                                           // about it, whatever the typology
   std::string fingerprint;
 };
 

@@ -8,6 +8,9 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "core/output_lines.h"
+#include "core/platform.h"
+#include "generator/generation_sequence.h"
 #include "report/building_views.h"
 #include "report/sample_plans.h"
 #include "report/sample_run.h"
@@ -32,6 +35,12 @@ void forRandomRuns(const std::function<void(const SampleRun&)>& body, int runs =
   std::mt19937 random(4711);
   forRandomPlans(runs, [&](const PlanData& data, const Plan&) { body(sampleRun(data, random)); });
 }
+
+class NoBar : public TProgressBar {
+ public:
+  int GetPosition() const override { return 0; }
+  void SetPosition(int /*position*/) override {}
+};
 
 /// Sum of WIDTH x HEIGHT over the windows of a generated building, each as often as its storey
 /// stands: read without the reader that is tested.
@@ -145,6 +154,31 @@ TEST(BuildingReport, CompactnessLeavesPartyWallsOut) {
   forRandomRuns([](const SampleRun& run) {
     const Measures& m = run.measures();
     EXPECT_NEAR(m.volume, m.compactness * (m.facade + m.courtyard + m.roof + m.ground), 1e-6);
+  });
+}
+
+TEST(BuildingReport, ABuildingReadFromItsLinesIsTheOneReadFromItsText) {
+  forRandomRuns([](const SampleRun& run) {
+    const Template often(SourceText("casa.bdl", run.plantilla->building().bytes()),
+                         SourceText("casa.tbl", run.plantilla->tableText().bytes()),
+                         Template::Use::kOften);
+    OutputLines lines;
+    NoBar bar;
+    generate(often, *run.typology, lines, bar);
+    ASSERT_EQ(run.output, lines.text());
+    const report::OriginalBuilding original(often.copiedText(), often.table());
+    report::Report other = run.report;
+    other.building =
+        report::readBuilding(lines, run.typology->textoTipologia(), original, run.plan());
+    other.building->commands = run.building().commands;
+    other.building->nightFactor = run.building().nightFactor;
+    other.measures =
+        report::measure(*other.building, run.plan(),
+                        {run.typology->porcentajeFachada, run.typology->porcentajePatio,
+                         static_cast<double>(run.typology->orientacion)});
+    other.measures->spaces = report::measureSpaces(*other.building, run.plan());
+    EXPECT_EQ(asJson(run.report), asJson(other));
+    EXPECT_EQ(asHtml(run.report), asHtml(other));
   });
 }
 
