@@ -1,5 +1,7 @@
 #include "bdl/normalised_text.h"
 
+#include <array>
+
 namespace {
 
 /// Walks over the normalised text: gives `take` each character and the offset that it comes from,
@@ -26,11 +28,18 @@ void walkNormalised(std::string_view text, const Take& take) {
 std::string normalised(std::string_view text) {
   std::string result;
   result.reserve(text.size() + text.size() / 2);
+  // Gathered before they are appended: a string is slow in taking characters one by one.
+  std::array<char, 512> block;
+  std::size_t filled = 0;
   walkNormalised(text, [&](char c, std::size_t) {
-    result += c;
+    if (filled == block.size()) {
+      result.append(block.data(), filled);
+      filled = 0;
+    }
+    block[filled++] = c;
     return true;
   });
-  return result;
+  return result.append(block.data(), filled);
 }
 
 std::size_t offsetBeforeNormalising(std::string_view text, std::size_t offset) {

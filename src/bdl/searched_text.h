@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -8,8 +9,9 @@
 #include <utility>
 
 /// A text that is searched over and over for the same patterns, mostly ever further on. It keeps
-/// the last search of each pattern, so that many searches which end at the same place, or nowhere,
-/// cost one walk: a library's thousands of commands may share one "..", or lack one keyword.
+/// the last far search of each pattern, so that many searches which end at the same place, or
+/// nowhere, cost one walk: a library's thousands of commands may share one "..", or lack one
+/// keyword. What is near is found sooner than remembered.
 class SearchedText {
  public:
   explicit SearchedText(std::string bytes) : bytes_(std::move(bytes)) {}
@@ -18,6 +20,11 @@ class SearchedText {
 
   /// Position of the first `pattern` at or after `from`; npos when there is none.
   std::size_t find(std::string_view pattern, std::size_t from) {
+    constexpr std::size_t kNear = 1024;  // bytes
+    const std::string_view rest = bytes().substr(std::min(from, bytes_.size()));
+    const std::size_t near = rest.substr(0, kNear).find(pattern);
+    if (near != std::string_view::npos) return from + near;
+    if (rest.size() <= kNear) return std::string_view::npos;
     auto last = searches_.find(pattern);
     if (last == searches_.end()) last = searches_.try_emplace(std::string(pattern)).first;
     Search& search = last->second;
