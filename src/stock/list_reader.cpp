@@ -73,8 +73,7 @@ bool ListReader::next(Record& record) {
   return false;
 }
 
-/// Whether `count` more bytes are there, fetching them if need be.
-bool ListReader::has(std::size_t count) {
+bool ListReader::fetch(std::size_t count) {
   while (buffer_.size() - position_ < count && !sourceEnded_) {
     buffer_.erase(0, position_);
     position_ = 0;
@@ -100,6 +99,23 @@ void ListReader::take() {
   }
   ++column_;
   ++position_;
+}
+
+/// Takes the characters at hand that stand for nothing but themselves. They are nearly all there
+/// are, so not one by one.
+std::size_t ListReader::takePlain(std::string& text) {
+  const char* const begin = buffer_.data() + position_;
+  const char* const most =
+      begin + std::min(buffer_.size() - position_, kLargestRow - std::min(rowBytes_, kLargestRow));
+  const char* const end = std::find_if(begin, most, [this](char c) {
+    return c == separator_ || c == '\n' || c == '\r' || c == '\0';
+  });
+  const auto size = static_cast<std::size_t>(end - begin);
+  text.append(begin, size);
+  position_ += size;
+  rowBytes_ += size;
+  column_ += static_cast<long>(size);
+  return size;
 }
 
 void ListReader::takeLineEnd() {
@@ -150,6 +166,7 @@ void ListReader::readField(Record& record) {
   field.column = column_;
   if (has(1) && at(0) == '"') readQuoted(record, field);
   while (has(1) && at(0) != separator_ && !atLineEnd()) {
+    if (takePlain(field.text) > 0) continue;
     field.text += at(0);
     take();
   }

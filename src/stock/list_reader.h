@@ -66,10 +66,13 @@ class ListReader {
   char separator() const { return separator_; }
 
  private:
-  bool has(std::size_t count);
+  /// Whether `count` more bytes are there, fetched if need be.
+  bool has(std::size_t count) { return buffer_.size() - position_ >= count || fetch(count); }
+  bool fetch(std::size_t count);
   char at(std::size_t ahead) const { return buffer_[position_ + ahead]; }
   bool atLineEnd();
   void take();
+  std::size_t takePlain(std::string& text);
   void takeLineEnd();
   void findSeparator();
   bool readRecord(Record& record);

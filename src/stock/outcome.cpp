@@ -2,8 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <system_error>
 
 #include "core/concat.h"
 #include "core/cp1252.h"
@@ -15,13 +16,14 @@ namespace {
 
 using report::Measures;
 
-/// "12,50": a number for a Spanish spreadsheet. The locale is left alone.
+/// "12,50": a number for a Spanish spreadsheet.
 std::string decimal(double value, int decimals) {
+  if (!std::isfinite(value)) return {};
   std::array<char, 64> digits{};
-  const int size = std::snprintf(digits.data(), digits.size(), "%.*f", decimals, value);
-  if (size < 0 || static_cast<std::size_t>(size) >= digits.size() || !std::isfinite(value))
-    return {};
-  std::string text(digits.data());
+  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size() - 1, value,
+                                          std::chars_format::fixed, decimals);
+  if (error != std::errc()) return {};
+  std::string text(digits.data(), end);
   std::ranges::replace(text, '.', ',');
   return text;
 }
