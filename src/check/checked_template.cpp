@@ -1,5 +1,8 @@
 #include "check/checked_template.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "check/written_typology.h"
 #include "generator/orientation.h"
 
@@ -17,6 +20,11 @@ WindowCounts countWindows(const TableFile& table) {
   return counts;
 }
 
+bool isMisreadName(const Finding& finding) {
+  return finding.code == Code::kComillasTipograficas || finding.code == Code::kComillasSinCerrar ||
+         finding.code == Code::kNombreVacio || finding.code == Code::kNombreCortado;
+}
+
 }  // namespace
 
 CheckedTemplate::CheckedTemplate(const Template& plantilla)
@@ -28,13 +36,25 @@ CheckedTemplate::CheckedTemplate(const Template& plantilla)
   }
 }
 
+void dropNamesThatWereMisread(Findings& remarks) {
+  std::set<long> lines;
+  for (const Finding& remark : remarks) {
+    if (isMisreadName(remark) && remark.place) lines.insert(remark.place->line);
+  }
+  std::erase_if(remarks, [&](const Finding& remark) {
+    return remark.code == Code::kNombreNoDefinido && remark.place &&
+           lines.contains(remark.place->line);
+  });
+}
+
 std::set<Code> remarkCodes(const CheckedTemplate& checked, const TypologyRecord& typology) {
+  Findings remarks = compareReadings(typology, checked.frames());
+  // Which name was misread can only be told by its place.
+  const bool misread = std::ranges::any_of(remarks, isMisreadName);
+  Findings fit = fitFindings(checked, typology, true, misread ? Places::kGiven : Places::kLeftOut);
+  std::ranges::move(fit, std::back_inserter(remarks));
+  dropNamesThatWereMisread(remarks);
   std::set<Code> codes;
-  for (const Finding& remark : compareReadings(typology, checked.frames())) {
-    codes.insert(remark.code);
-  }
-  for (const Finding& remark : fitFindings(checked, typology, Places::kLeftOut)) {
-    codes.insert(remark.code);
-  }
+  for (const Finding& remark : remarks) codes.insert(remark.code);
   return codes;
 }

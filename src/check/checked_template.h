@@ -40,12 +40,16 @@ Findings templateFindings(const CheckedTemplate& checked);
 
 /// Warnings and notes about what only a template and a typology together show: names that are
 /// defined nowhere, façades without windows, plans and storeys of another building, glazing that
-/// will differ from what was asked.
+/// will differ from what was asked. Without `hasPlan`, numbers are missing that a plan needs, and
+/// nothing is said of it.
 /// Whoever wants the codes alone need not wait for places in the typology.
 enum class Places { kGiven, kLeftOut };
-Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology, bool hasPlan,
                      Places places = Places::kGiven);
 
+/// Of a name that was not read as it is written, what is said of the name read is no news.
+void dropNamesThatWereMisread(Findings& remarks);
+
 /// The codes of all that a check has to say of a typology with this template besides errors: how
-/// the file is written, and how the two fit.
+/// the file is written, and how the two fit. It is one that a run accepts.
 std::set<Code> remarkCodes(const CheckedTemplate& checked, const TypologyRecord& typology);

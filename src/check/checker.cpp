@@ -5,6 +5,7 @@
 #include <set>
 #include <tuple>
 
+#include "check/written_bytes.h"
 #include "check/written_typology.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
@@ -53,11 +54,15 @@ std::vector<Fault> planFaults(const TypologyRecord& typology) {
   return faults;
 }
 
-/// Whether a typology with this fault has no numbers that a plan could be drawn from: its limits
-/// would only be consequences.
+/// Whether a typology with this fault lacks a number that a plan is drawn from: its limits would
+/// only be consequences.
 bool leavesNoPlan(const Fault& fault) {
   const Code code = codeOfRunMessage(fault.message);
-  return code == Code::kFaltaDato || code == Code::kNoPositivo || code == Code::kFaltaVivienda;
+  if (code == Code::kFaltaVivienda) return true;
+  if (code != Code::kFaltaDato) return false;
+  constexpr std::string_view kNeeded[] = {" TIPO", " AREA-PLANTA", " LONGITUD-FACHADA"};
+  return std::ranges::any_of(kNeeded,
+                             [&](std::string_view word) { return fault.message.ends_with(word); });
 }
 
 }  // namespace
@@ -101,6 +106,8 @@ class Checker::Run {
   }
 
   void checkAlone() {
+    runFault_ = faultOf([&] { requirePathWithin(typologyFile_, kPathCapacity); });
+    if (runFault_) return;
     if (!fileExists(typologyFile_)) {
       keep({{"No existe el fichero de datos *.tip", wholeFile(typologyFile_)}});
       return;
@@ -111,7 +118,11 @@ class Checker::Run {
 
   void checkWithTemplate() {
     InputPaths paths;
-    runFault_ = faultOf([&] { paths = requireInputs(*checker_.templateFile_, typologyFile_); });
+    runFault_ = faultOf([&] {
+      requirePathWithin(*checker_.templateFile_, kPathCapacity);
+      requirePathWithin(typologyFile_, kPathCapacity);
+      paths = requireInputs(*checker_.templateFile_, typologyFile_);
+    });
     if (runFault_) {
       // A run tells of the first file that is missing.
       faultOf([&] {
@@ -131,11 +142,12 @@ class Checker::Run {
     if (reading.checked) frames_ = reading.checked->frames();
     readTypology();
     // The run looks at the template before it looks at the plan.
-    if (reading.plantilla && record_ && !runFault_) generate(*reading.plantilla);
+    if (reading.plantilla && record_) generate(*reading.plantilla);
     keep(limits());
     if (!reading.checked || !record_) return;
-    const Findings fit = fitFindings(*reading.checked, *record_);
+    const Findings fit = fitFindings(*reading.checked, *record_, hasPlanNumbers_);
     remarks_.insert(remarks_.end(), fit.begin(), fit.end());
+    dropNamesThatWereMisread(remarks_);
   }
 
   void readTypology() {
@@ -146,21 +158,36 @@ class Checker::Run {
     keep(faults);
     if (!record_) return;
     // Nothing is read of a command that has no close.
-    const bool nothingRead =
-        record_->numeroPlantas == 0 && record_->areaPlanta == 0 && record_->longitudFachada == 0;
-    hasPlanNumbers_ = !nothingRead && std::ranges::none_of(faults, leavesNoPlan);
+    hasPlanNumbers_ = record_->longitudFachada > 0 && std::ranges::none_of(faults, leavesNoPlan);
     const Findings remarks = compareReadings(*record_, frames_);
     remarks_.insert(remarks_.end(), remarks.begin(), remarks.end());
   }
 
-  /// The run itself; only where it ends with a fault, what else stands in its way.
+  /// The run itself; only where it ends with a fault, what else stands in its way. Of a typology
+  /// that has ended it already, what would have been met behind its own faults.
   void generate(const Template& plantilla) {
+    if (runFault_) {
+      if (hasPlanNumbers_) keepAllButConsequences(faultsOfGenerating(plantilla, *record_));
+      return;
+    }
     runFault_ = faultOf([&] {
       OutputLines nobodyReads;
       NoProgressBar bar;
       ::generate(plantilla, *record_, nobodyReads, bar);
     });
     if (runFault_) keep(faultsOfGenerating(plantilla, *record_));
+  }
+
+  /// Without those of a value that has a fault of its own.
+  void keepAllButConsequences(const std::vector<Fault>& faults) {
+    std::set<FaultKey> places;
+    const auto placeOf = [](const Fault& fault) { return keyOf({{}, fault.place}); };
+    for (const Fault& fault : faults_) places.insert(placeOf(fault));
+    for (const Fault& fault : faults) {
+      const bool follows =
+          codeOfRunMessage(fault.message) == Code::kNoFinito && places.contains(placeOf(fault));
+      if (!follows) faults_.push_back(fault);
+    }
   }
 
   std::vector<Fault> limits() const {
@@ -182,6 +209,15 @@ const Checker::TemplateReading& Checker::templateReading(const InputPaths& paths
   template_.emplace();
   std::optional<TemplateTexts> texts;
   template_->runFault = faultOf([&] { texts = readTemplateTexts(paths); });
+  const auto addBytesOf = [&](const SourceText& text) {
+    Findings bytes = bytesFindings(text);
+    std::ranges::move(bytes, std::back_inserter(template_->findings));
+  };
+  if (texts) {
+    addBytesOf(texts->building);
+    addBytesOf(texts->table);
+    faultOf([&] { addBytesOf(readText(paths.defaults)); });
+  }
   faultOf([&] {
     const SourceText table =
         texts ? SourceText(texts->table.name(), texts->table.bytes()) : readText(paths.table);
@@ -194,7 +230,8 @@ const Checker::TemplateReading& Checker::templateReading(const InputPaths& paths
   });
   if (template_->plantilla) {
     template_->checked = std::make_unique<const CheckedTemplate>(*template_->plantilla);
-    template_->findings = templateFindings(*template_->checked);
+    Findings more = templateFindings(*template_->checked);
+    std::ranges::move(more, std::back_inserter(template_->findings));
   }
   return *template_;
 }

@@ -1,9 +1,13 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdio>
 #include <optional>
+#include <utility>
+#include <vector>
 
 #include "check/checked_template.h"
+#include "check/suggestion.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "generator/name_list.h"
@@ -39,16 +43,19 @@ class Fit {
         windows_(checked.windows()),
         typology_(typology) {}
 
-  Findings findings() {
+  Findings findings(bool hasPlan) {
     compareNames();
     compareFrame();
+    if (!hasPlan) return std::move(findings_);
     const PlanResult result = planTipologia(planDataOf(typology_));
     if (const auto* plan = std::get_if<Plan>(&result)) {
       comparePolygons(*plan);
       compareStoreys();
       compareShades();
       compareFacades(*plan);
-      if (typology_.alturaPlanta > 0) foretellGlazing(*plan);
+      if (typology_.alturaPlanta > 0 && std::isfinite(typology_.alturaPlanta)) {
+        foretellGlazing(*plan);
+      }
     }
     return std::move(findings_);
   }
@@ -83,7 +90,7 @@ class Fit {
     if (command == nullptr) {
       finding.message =
           concat(keyword, " nombra ", name, ", que no está definido en la plantilla"_cp1252);
-      finding.suggestion = namesOf(type);
+      finding.suggestion = nearestOf(type, name);
     } else {
       finding.message = concat(keyword, " nombra ", name, ", que en la plantilla es ",
                                command->type, " y no ", what);
@@ -100,6 +107,16 @@ class Fit {
 
   bool definedInTypology(std::string_view name) const {
     return TemplateCommands(typology_.fuente()).named(name) != nullptr;
+  }
+
+  /// The template's name of that type that is meant, as far as can be told.
+  std::string nearestOf(std::string_view type, std::string_view name) const {
+    std::vector<std::string_view> names;
+    for (const TemplateCommands::Command* command : commands_.ofType(type)) {
+      names.push_back(command->name);
+    }
+    const std::string_view near = nearestWord(name, names);
+    return near.empty() ? namesOf(type) : std::string(near);
   }
 
   /// The names of that type that the template has, for whoever looks for the right one.
@@ -214,13 +231,20 @@ class Fit {
   void foretellGlazing(const Plan& plan) {
     const float height = typology_.alturaPlanta;
     const double factor = static_cast<double>(kStoreyOfSizing) / height;
+    // In a row of dwellings the data of the courtyard are those of the ends of the stair.
+    const bool row = tipoRow(typology_.tipo).family == PlanFamily::kRow;
+    const std::string inside = row ? " del extremo de la escalera" : " del patio";
     bool anyGlazing = false;
     for (std::size_t facade = 0; facade < 4; ++facade) {
-      anyGlazing |=
-          foretellFacade("PORCENTAJE-FACHADA", facade, typology_.porcentajeFachada[facade],
-                         plan.numHuecosFachada[facade]);
-      anyGlazing |= foretellFacade("PORCENTAJE-PATIO", facade, typology_.porcentajePatio[facade],
-                                   plan.numHuecosPatio[facade]);
+      const std::string name(kFacadeNames[facade]);
+      if (windows_.street[facade] > 0 && plan.numHuecosFachada[facade] > 0) {
+        anyGlazing |=
+            foretellFacade("PORCENTAJE-FACHADA", name, typology_.porcentajeFachada[facade]);
+      }
+      if (windows_.courtyard[facade] > 0 && plan.numHuecosPatio[facade] > 0) {
+        anyGlazing |=
+            foretellFacade("PORCENTAJE-PATIO", name + inside, typology_.porcentajePatio[facade]);
+      }
     }
     if (!anyGlazing || height == kStoreyOfSizing) return;
     findings_.push_back(
@@ -233,12 +257,12 @@ class Fit {
          .used = std::string("paños de 3,00 m"_cp1252)});
   }
 
-  bool foretellFacade(std::string_view keyword, std::size_t facade, float percentage, int bays) {
-    if (!(percentage > 0) || bays == 0) return false;
+  /// Of a façade that has windows. Whether any will be there.
+  bool foretellFacade(std::string_view keyword, const std::string& facade, float percentage) {
+    if (!(percentage > 0) || !std::isfinite(percentage)) return false;
     const double height = typology_.alturaPlanta;
     const double head = percentage > 100 ? kStoreyOfSizing : headOf(percentage);
-    const std::string which =
-        concat(" de la fachada ", kFacadeNames[facade], " (", shown(percentage), " %)");
+    const std::string which = concat(" de la fachada ", facade, " (", shown(percentage), " %)");
     if (percentage > 100) {
       note(Code::kVentanaLimitada, keyword, percentage,
            concat("La ventana", which, " queda limitada al paño entero"_cp1252));
@@ -287,7 +311,7 @@ class Fit {
 
 }  // namespace
 
-Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology, bool hasPlan,
                      Places places) {
-  return Fit(checked, typology, places).findings();
+  return Fit(checked, typology, places).findings(hasPlan);
 }

@@ -15,6 +15,14 @@ bool isTypeWord(std::string_view text) {
          std::ranges::all_of(text, fits);
 }
 
+std::string_view withoutTabs(std::string_view text) {
+  const std::size_t begin = text.find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(" \t") + 1 - begin);
+}
+
+std::string_view withoutComment(std::string_view text) { return text.substr(0, text.find('$')); }
+
 }  // namespace
 
 TemplateCommands::TemplateCommands(const SourceText& text) {
@@ -23,10 +31,13 @@ TemplateCommands::TemplateCommands(const SourceText& text) {
   const long count = lines.lineCount();
   std::string_view line;
   while (lines.lineNumber() < count && lines.ReadLine(line)) {
-    const Assignment assignment = splitAssignment(line);
-    if (!assignment.key.starts_with('"') || !isTypeWord(assignment.value)) continue;
-    byName_.try_emplace(assignment.key, commands_.size());
-    commands_.push_back({assignment.key, assignment.value, lines.span()});
+    const Assignment run = splitAssignment(line);
+    const std::string_view name = withoutTabs(run.key);
+    const std::string_view type = withoutTabs(withoutComment(run.value));
+    if (!name.starts_with('"') || !isTypeWord(type)) continue;
+    byName_.try_emplace(name, commands_.size());
+    const bool plain = name == run.key && type == run.value;
+    commands_.push_back({name, type, lines.span(), plain});
   }
 }
 
@@ -34,7 +45,7 @@ std::vector<const TemplateCommands::Command*> TemplateCommands::ofType(
     std::string_view type) const {
   std::vector<const Command*> found;
   for (const Command& command : commands_) {
-    if (command.type == type) found.push_back(&command);
+    if (command.plain && command.type == type) found.push_back(&command);
   }
   return found;
 }

@@ -14,6 +14,7 @@ class TemplateCommands {
     std::string_view name;  // in double quotes
     std::string_view type;
     Span header;  // its line
+    bool plain;   // only blanks round name and type, so that the run sees it too
   };
 
   /// `text` must outlive this object.

@@ -1,5 +1,7 @@
 #include <algorithm>
 #include <array>
+#include <cmath>
+#include <cstdio>
 #include <unordered_set>
 
 #include "check/checked_template.h"
@@ -72,9 +74,12 @@ void compareNames(const Template& plantilla, const TemplateCommands& commands, F
     findings.push_back(
         missingCommand(plantilla.tableText(), surface, seen.contains(asPeopleSee(name))));
   }
+  std::unordered_set<std::string> listedAsSeen;
+  for (const std::string_view name : listed) listedAsSeen.insert(asPeopleSee(name));
   for (const TemplateCommands::Command& command : commands.all()) {
     if (std::ranges::find(kSurfaceTypes, command.type) == std::end(kSurfaceTypes)) continue;
-    if (listed.contains(command.name)) continue;
+    // In another encoding it has been told already.
+    if (listed.contains(command.name) || listedAsSeen.contains(asPeopleSee(command.name))) continue;
     findings.push_back(
         {.code = Code::kComandoSinSuperficie,
          .message = concat("El comando ", command.name, " no está en la tabla"_cp1252),
@@ -83,6 +88,15 @@ void compareNames(const Template& plantilla, const TemplateCommands& commands, F
          .used = "el comando de la plantilla, sin cambios",
          .suggestion = std::string("añada la superficie a la tabla"_cp1252)});
   }
+}
+
+/// The same direction as a file should have it.
+std::string reduced(float azimuth) {
+  if (!std::isfinite(azimuth)) return {};
+  const double turn = std::fmod(static_cast<double>(azimuth), 360.0);
+  char buffer[32];
+  std::snprintf(buffer, sizeof buffer, "%.3f", turn < 0 ? turn + 360 : turn);
+  return buffer;
 }
 
 void noteAzimuths(const Template& plantilla, Findings& findings) {
@@ -96,7 +110,8 @@ void noteAzimuths(const Template& plantilla, Findings& findings) {
          .found = std::to_string(surface.azimuth),
          .used = std::string(kOrientationNames[static_cast<std::size_t>(
              std::max(classifyOrientation(surface.azimuth, 90), 0))]),
-         .allowed = "de -360 a 360"});
+         .allowed = "de -360 a 360",
+         .suggestion = reduced(surface.azimuth)});
   }
 }
 

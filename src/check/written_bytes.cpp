@@ -76,32 +76,15 @@ void compareEncoding(std::string_view bytes, WrittenFindings& findings) {
                 .suggestion = "guarde el fichero como Windows-1252 (ANSI)"});
 }
 
-constexpr bool isControl(char c) {
+bool isControl(char c) {
   const auto byte = static_cast<unsigned char>(c);
   return byte == 0x7F || (byte < ' ' && c != '\t' && c != '\n' && c != '\r');
 }
 
-constexpr char kHardBlank = '\xA0';
-
-/// By byte; every byte of a file is asked.
-constexpr std::array<bool, 256> kMayBeControl = [] {
-  std::array<bool, 256> may{};
-  for (std::size_t byte = 0; byte < may.size(); ++byte) {
-    const char c = static_cast<char>(byte);
-    may[byte] = isControl(c) || c == kHardBlank;
-  }
-  return may;
-}();
-
-void compareControls(std::string_view bytes, const WrittenFile& file, WrittenFindings& findings) {
+void compareControls(std::string_view bytes, WrittenFindings& findings) {
   Occurrences controls;
-  Occurrences hardBlanks;
   for (std::size_t at = 0; at < bytes.size(); ++at) {
-    if (!kMayBeControl[static_cast<unsigned char>(bytes[at])]) continue;
     if (isControl(bytes[at])) controls.add({at, at + 1});
-    // In names and comments it is a character like any other, and in UTF-8 half of one.
-    const bool hard = bytes[at] == kHardBlank && file.tokenAt(at) == nullptr;
-    if (hard && (at == 0 || bytes[at - 1] != '\xC2')) hardBlanks.add({at, at + 1});
   }
   if (controls.first) {
     constexpr std::string_view kHex = "0123456789ABCDEF";
@@ -115,6 +98,17 @@ void compareControls(std::string_view bytes, const WrittenFile& file, WrittenFin
                   .used = {},
                   .allowed = {},
                   .suggestion = std::string("quite el carácter"_cp1252)});
+  }
+}
+
+void compareHardBlanks(std::string_view bytes, const WrittenFile& file, WrittenFindings& findings) {
+  constexpr char kHardBlank = '\xA0';
+  Occurrences hardBlanks;
+  for (std::size_t at = bytes.find(kHardBlank); at != std::string_view::npos;
+       at = bytes.find(kHardBlank, at + 1)) {
+    // In names and comments it is a character like any other, and in UTF-8 half of one.
+    const bool hard = file.tokenAt(at) == nullptr;
+    if (hard && (at == 0 || bytes[at - 1] != '\xC2')) hardBlanks.add({at, at + 1});
   }
   if (hardBlanks.first) {
     findings.add(
@@ -146,11 +140,22 @@ void compareLineEnds(std::string_view bytes, WrittenFindings& findings) {
   }
 }
 
+void compareAnyBytes(WrittenFindings& findings) {
+  const std::string_view bytes = findings.text().bytes();
+  compareEncoding(bytes, findings);
+  compareControls(bytes, findings);
+  compareLineEnds(bytes, findings);
+}
+
 }  // namespace
 
 void compareBytes(const WrittenFile& file, WrittenFindings& findings) {
-  const std::string_view bytes = findings.text().bytes();
-  compareEncoding(bytes, findings);
-  compareControls(bytes, file, findings);
-  compareLineEnds(bytes, findings);
+  compareAnyBytes(findings);
+  compareHardBlanks(findings.text().bytes(), file, findings);
+}
+
+Findings bytesFindings(const SourceText& text) {
+  WrittenFindings findings(text);
+  compareAnyBytes(findings);
+  return findings.take();
 }

@@ -5,11 +5,11 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdlib>
 #include <filesystem>
 #include <random>
 
+#include "core/cp1252.h"
 #include "run_and_check.h"
 
 namespace fs = std::filesystem;
@@ -366,42 +366,48 @@ TEST(Checker, ReadsATemplateOnceForAThousandTypologies) {
   }
 }
 
-TEST(Checker, LargeInputsTakeAsLongAsTheyAreLarge) {
-  constexpr int kMany = 20000;
-  const auto many = [](std::string_view before, std::string_view behind) {
-    std::string text;
-    for (int i = 0; i < kMany; ++i) {
-      text += before;
-      text += std::to_string(i);
-      text += behind;
-    }
-    return text;
+TEST(FurtherErrors, WhatIsWrongWithTheTemplateIsToldBesideTheTypology) {
+  const TemporaryFolder folder;
+  Inputs inputs = Inputs::ofSample("casa-una-planta", "tipo-01");
+  const auto replace = [](std::string& text, std::string_view from, std::string_view to) {
+    text.replace(text.find(from), from.size(), to);
   };
-  const std::string sound = "1 1 1 1 1 180 90 0 0 0\n";
-  const std::string count = std::to_string(kMany);
-  const struct {
-    const char* why;
-    std::string building, table, typology;
-  } cases[] = {
-      {"windows that the table lacks", many("\"V", "\" = WINDOW\n  ..\n"), "", ""},
-      {"surfaces that the template lacks", "",
-       "a\nb\n" + count + " 0\n" + many("\"S", "\"\n" + sound), ""},
-      {"malformed lines of the table", "", "a\nb\n" + count + " 0\n" + many("\"S", "\"\n1 x\n"),
-       ""},
-      {"commands without a close", "", "", many("\"", "\" = VIVIENDA\n")},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.why);
-    const TemporaryFolder folder;
-    Inputs inputs = Inputs::minimal();
-    inputs.building += c.building;
-    if (!c.table.empty()) inputs.table = c.table;
-    inputs.typology += c.typology;
-    inputs.writeInto(folder);
-    const auto begin = std::chrono::steady_clock::now();
-    findingsOfCheck(folder);
-    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-    // A second or less; what grows with the square takes minutes.
-    EXPECT_LT(seconds.count(), 15);
+  replace(inputs.building, "= BUILD-PARAMETERS", "= OTRA-COSA");
+  replace(inputs.typology, "   SUELOS", "   SUELO");
+  replace(inputs.typology, "AREA-PLANTA = 110", "AREA-PLANTA = 20");
+  inputs.writeInto(folder);
+  EXPECT_THAT(messagesOf(findingsOfCheck(folder), Severity::kError),
+              ElementsAre("En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD SUELOS",
+                          std::string("Área de planta no válida. Debe ser >30 y <1000"_cp1252)));
+  replace(inputs.typology, "AREA-PLANTA = 20", "AREA-PLANTA = 110");
+  inputs.writeInto(folder);
+  EXPECT_THAT(
+      messagesOf(findingsOfCheck(folder), Severity::kError),
+      ElementsAre("En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD SUELOS",
+                  "Error al generar el edificio. No se ha encontrado la clave: BUILD-PARAMETERS"));
+}
+
+TEST(FirstError, OfAPathThatIsTooLongIsTheRuns) {
+  const TemporaryFolder folder;
+  Inputs::minimal().writeInto(folder);
+  const std::string slashes(3000, '/');
+  EXPECT_THAT(messagesOf(Checker(folder / ("." + slashes + "casa.bdl")).check(folder / "casa.tip"),
+                         Severity::kError),
+              ElementsAre(testing::EndsWith("casa.bdl")));
+  const std::string typology = folder / ("." + slashes + "casa.tip");
+  const auto tooLong = ElementsAre(testing::StartsWith("La ruta es demasiado larga"));
+  EXPECT_THAT(messagesOf(Checker().check(typology), Severity::kError), tooLong);
+  EXPECT_THAT(messagesOf(Checker(folder / "casa.bdl").check(typology), Severity::kError), tooLong);
+}
+
+TEST(Checker, NoLimitOfThePlanFollowsFromANumberThatIsMissing) {
+  const TemporaryFolder folder;
+  Inputs inputs = Inputs::ofSample("casa-una-planta", "tipo-01");
+  inputs.typology.replace(inputs.typology.find("   TIPO"), 7, "   TIPA");
+  inputs.writeInto(folder);
+  const Findings findings = findingsOfCheck(folder);
+  EXPECT_THAT(messagesOf(findings, Severity::kError), testing::SizeIs(1));
+  for (const Finding& finding : findings) {
+    EXPECT_NE(Code::kPlantasDeLaPlantilla, finding.code);
   }
 }
