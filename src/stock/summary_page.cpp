@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/concat.h"
+#include "core/paths.h"
 #include "core/whole_file.h"
 #include "report/bar_chart.h"
 #include "report/html_writer.h"
@@ -275,7 +276,7 @@ void writeSummaryPage(const std::string& folder, const Shard& shard) {
 
 void removeSummaryPage(const std::string& folder, const Shard& shard) {
   std::error_code ignored;
-  std::filesystem::remove(pagePath(folder, shard), ignored);
+  std::filesystem::remove(filePath(pagePath(folder, shard)), ignored);
 }
 
 }  // namespace stock
