@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <map>
@@ -21,7 +20,8 @@ class SearchedText {
   /// Position of the first `pattern` at or after `from`; npos when there is none.
   std::size_t find(std::string_view pattern, std::size_t from) {
     constexpr std::size_t kNear = 1024;  // bytes
-    const std::string_view rest = bytes().substr(std::min(from, bytes_.size()));
+    if (from > bytes_.size()) return std::string_view::npos;  // not even an empty pattern
+    const std::string_view rest = bytes().substr(from);
     const std::size_t near = rest.substr(0, kNear).find(pattern);
     if (near != std::string_view::npos) return from + near;
     if (rest.size() <= kNear) return std::string_view::npos;
