@@ -19,12 +19,12 @@ class SearchedText {
 
   /// Position of the first `pattern` at or after `from`; npos when there is none.
   std::size_t find(std::string_view pattern, std::size_t from) {
-    constexpr std::size_t kNear = 1024;  // bytes
+    constexpr std::size_t kNearBytes = 1024;
     if (from > bytes_.size()) return std::string_view::npos;  // not even an empty pattern
     const std::string_view rest = bytes().substr(from);
-    const std::size_t near = rest.substr(0, kNear).find(pattern);
+    const std::size_t near = rest.substr(0, kNearBytes).find(pattern);
     if (near != std::string_view::npos) return from + near;
-    if (rest.size() <= kNear) return std::string_view::npos;
+    if (rest.size() <= kNearBytes) return std::string_view::npos;
     auto last = searches_.find(pattern);
     if (last == searches_.end()) last = searches_.try_emplace(std::string(pattern)).first;
     Search& search = last->second;

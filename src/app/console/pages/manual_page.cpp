@@ -47,9 +47,9 @@ std::string escaped(std::string_view text) {
 
 class Page {
  public:
-  Page(const std::string& name, Language language) : words_(headingsOf(language)) {
-    text_ = concat(".TH ", upper(name), " 1 \"\" \"tip2bdl ", kVersion, "\"\n");
-  }
+  Page(const std::string& name, Language language)
+      : words_(headingsOf(language)),
+        text_(concat(".TH ", upper(name), " 1 \"\" \"tip2bdl ", kVersion, "\"\n")) {}
 
   const Headings& words() const { return words_; }
   void section(std::string_view heading) { text_ += concat(".SH ", heading, "\n"); }
