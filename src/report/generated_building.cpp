@@ -306,7 +306,7 @@ class BuildingReader {
     // A wall with windows is a façade, whatever its construction.
     WrittenSurface& wall = building_.surfaces.back();
     if (wall.kind == SurfaceKind::kParty) wall.kind = SurfaceKind::kFacade;
-    building_.windows.push_back(std::move(window));
+    building_.windows.push_back(window);
   }
 
   const OriginalWindow& originalOf(const Command& window) const {
