@@ -6,9 +6,9 @@
 
 namespace {
 
-std::int8_t soughtTypeOf(std::string_view value) {
+std::int32_t soughtTypeOf(std::string_view value) {
   const auto found = std::ranges::find(kSoughtTypes, value);
-  return static_cast<std::int8_t>(found == kSoughtTypes.end() ? -1 : found - kSoughtTypes.begin());
+  return static_cast<std::int32_t>(found == kSoughtTypes.end() ? -1 : found - kSoughtTypes.begin());
 }
 
 /// What a line is, but for its place.

@@ -20,10 +20,10 @@ struct TemplateStop {
   std::int32_t number = 0;    // of the first line, from 1
   std::int32_t command = -1;  // index among the names of the rewritten commands; -1: none of them
   std::int32_t vertex = 0;    // see vertexIn
-  float width = 0;            // see LineMatch
+  std::int32_t soughtType = -1;  // index of the type that the line's value is; -1: none
+  float width = 0;               // see LineMatch
   float height = 0;
   std::array<std::int8_t, kEmitterNameLists> indexes{};  // in the emitters' lists; -1: in none
-  std::int8_t soughtType = -1;  // index of the type that the line's value is
   bool schedule : 1 = false;
   bool rule : 1 = false;
   bool surface : 1 = false;  // see isSurfaceCommand
