@@ -80,6 +80,7 @@ inline bool TemplateWalk::next() {
 inline bool TemplateWalk::find(EmitterNames names, LineMatch& match) const {
   const auto list = static_cast<std::size_t>(names);
   if (stop_ == nullptr) return findKey(line_, emitterNames_[list], match);
+  // NOLINTNEXTLINE(bugprone-signed-char-misuse,cert-str34-c): an index, no character
   const int index = stop_->indexes[list];
   if (index >= 0) match = {index, stop_->width, stop_->height};
   return index >= 0;

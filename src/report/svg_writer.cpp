@@ -121,6 +121,11 @@ bool isForbidden(unsigned char lead) {
   return lead < 0x20 ? lead != '\t' && lead != '\n' && lead != '\r' : lead == 0x7F;
 }
 
+/// U+FFFE and U+FFFF.
+bool isNoCharacter(unsigned char first, unsigned char second, unsigned char third) {
+  return first == 0xEF && second == 0xBF && third >= 0xBE;
+}
+
 /// Marks that turn the direction of writing beyond the text that holds them, which would make a
 /// name rearrange what stands beside it: U+202A to U+202E, U+2066 to U+2069.
 bool turnsDirection(unsigned char lead, unsigned char second, unsigned char third) {
@@ -155,10 +160,7 @@ std::string escaped(std::string_view text) {
     } else if (byte == 0xC2 && next >= 0x80 && next < 0xA0) {  // controls, which HTML forbids
       out += kReplacement;
       ++i;
-    } else if (byte == 0xEF && next == 0xBF && third >= 0xBE) {  // U+FFFE, U+FFFF
-      out += kReplacement;
-      i += 2;
-    } else if (turnsDirection(byte, next, third)) {
+    } else if (isNoCharacter(byte, next, third) || turnsDirection(byte, next, third)) {
       out += kReplacement;
       i += 2;
     } else {
