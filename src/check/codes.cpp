@@ -93,6 +93,8 @@ constexpr CodeRow kCodes[] = {
      "Una superficie de la plantilla no está en la tabla"},
     {kSuperficieConAcentos, kWarning, "superficie-con-acentos",
      "Tabla y plantilla están en codificaciones distintas"},
+    {kLineasSobrantes, kWarning, "lineas-sobrantes",
+     "La tabla tiene más líneas de las que anuncia"},
     {kFachadaSinVentanas, kWarning, "fachada-sin-ventanas",
      "Una fachada con acristalamiento no tiene ventanas"},
     {kSombraDePatio, kWarning, "sombra-de-patio",

@@ -83,6 +83,7 @@ enum class Code {
   kSuperficieSinComando,
   kComandoSinSuperficie,
   kSuperficieConAcentos,
+  kLineasSobrantes,
   kFachadaSinVentanas,
   kSombraDePatio,
   // What is given and not built.

@@ -167,7 +167,7 @@ class Fit {
   void compareStoreys() {
     const auto floors = commands_.ofType("FLOOR");
     const auto wanted = static_cast<std::size_t>(tipoRow(typology_.tipo).planStoreys);
-    if (floors.empty() || floors.size() == wanted) return;
+    if (floors.size() == wanted) return;
     findings_.push_back(
         {.code = Code::kPlantasDeLaPlantilla,
          .message =

@@ -19,16 +19,6 @@ struct NamedPath {
   std::string path;
 };
 
-/// Whether two paths name one file, there already or not yet.
-bool sameFile(const std::string& first, const std::string& second) {
-  const fs::path a = filePath(first);
-  const fs::path b = filePath(second);
-  std::error_code unknown;
-  if (fs::equivalent(a, b, unknown) && !unknown) return true;
-  const fs::path left = fs::absolute(a, unknown).lexically_normal();
-  return !unknown && left == fs::absolute(b, unknown).lexically_normal() && !unknown;
-}
-
 bool folderIsMissing(const std::string& path) {
   const std::string folder = folderOf(path);
   std::error_code unknown;

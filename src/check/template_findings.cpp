@@ -90,6 +90,31 @@ void compareNames(const Template& plantilla, const TemplateCommands& commands, F
   }
 }
 
+std::string counted(std::size_t count, std::string_view noun) {
+  return concat(std::to_string(count), " ", noun, count == 1 ? "" : "s");
+}
+
+/// What a table holds behind the surfaces and zones that it announces.
+void noteLinesBehind(const Template& plantilla, Findings& findings) {
+  const SourceText& table = plantilla.tableText();
+  const std::size_t surfaces = plantilla.table().surfaces.size();
+  const std::size_t zones = plantilla.table().zones.size();
+  const auto announced = static_cast<long>(kTableHeaderLines + 2 * (surfaces + zones));
+  LineReader lines(table.bytes());
+  const long real = lines.lineCount();  // the reader repeats the last one
+  for (std::string_view line; lines.lineNumber() < real && lines.ReadLine(line);) {
+    if (lines.lineNumber() <= announced || trimBlanks(line).empty()) continue;
+    findings.push_back(
+        {.code = Code::kLineasSobrantes,
+         .message = concat("La tabla anuncia ", counted(surfaces, "superficie"), " y ",
+                           counted(zones, "zona"), ": lo que sigue desde aquí no se lee"_cp1252),
+         .place = table.placeOf(lines.span()),
+         .used = concat("las ", std::to_string(announced), " primeras líneas"_cp1252),
+         .suggestion = std::string("corrija los números de la línea 3"_cp1252)});
+    return;
+  }
+}
+
 /// The same direction as a file should have it.
 std::string reduced(float azimuth) {
   if (!std::isfinite(azimuth)) return {};
@@ -120,6 +145,7 @@ void noteAzimuths(const Template& plantilla, Findings& findings) {
 Findings templateFindings(const CheckedTemplate& checked) {
   Findings findings;
   compareNames(checked.plantilla(), checked.commands(), findings);
+  noteLinesBehind(checked.plantilla(), findings);
   noteAzimuths(checked.plantilla(), findings);
   return findings;
 }

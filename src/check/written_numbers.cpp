@@ -48,6 +48,7 @@ class NumberInBoth {
       taken = number->span.end;
       if (!std::isfinite(number->value)) return notFinite();
     }
+    if (endsInExponent(taken)) return unit({});
     const std::string_view behind = taken < written_.value.end
                                         ? word_.substr(taken - written_.value.begin)
                                         : std::string_view();
@@ -113,6 +114,15 @@ class NumberInBoth {
         concat("El valor de ", name_, " es demasiado grande: se leerá "_cp1252, used_),
         {.found = {}, .used = used_, .allowed = "-2147483648 a 2147483647", .suggestion = {}});
     return true;
+  }
+
+  /// "2.8e", "2.8e+": the run passes over an exponent without digits as if it were not there.
+  bool endsInExponent(std::size_t taken) const {
+    const std::string_view number = vivienda_.findings.at({written_.value.begin, taken});
+    const std::size_t last = number.find_last_not_of("+-");
+    return !integer_ && last != std::string_view::npos && last > 0 &&
+           (number[last] == 'e' || number[last] == 'E') &&
+           number.find_first_of("xX") == std::string_view::npos;
   }
 
   /// `behind`: what of the word was not taken.

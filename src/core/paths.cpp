@@ -19,6 +19,16 @@ std::string folderOf(std::string_view path) {
   return {};
 }
 
+bool sameFile(const std::string& first, const std::string& second) {
+  const std::filesystem::path a = filePath(first);
+  const std::filesystem::path b = filePath(second);
+  std::error_code unknown;
+  if (std::filesystem::equivalent(a, b, unknown) && !unknown) return true;
+  const std::filesystem::path left = std::filesystem::absolute(a, unknown).lexically_normal();
+  if (unknown) return false;
+  return left == std::filesystem::absolute(b, unknown).lexically_normal() && !unknown;
+}
+
 bool fileExists(const std::string& path) {
   std::error_code error;
   const std::filesystem::file_status status = std::filesystem::status(filePath(path), error);

@@ -24,5 +24,8 @@ std::filesystem::path filePath(const std::string& path);
 /// The way back: the name of such a path as our own texts have it.
 std::string nameOf(const std::filesystem::path& path);
 
+/// Whether two paths name one file, there already or not yet.
+bool sameFile(const std::string& first, const std::string& second);
+
 /// Whether `path` names something that can be read as a file; a folder is no file.
 bool fileExists(const std::string& path);

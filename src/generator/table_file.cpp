@@ -78,17 +78,16 @@ Zone readZone(TableLines& lines) {
 }  // namespace
 
 TableFile readTableFile(const SourceText& text, const FaultSink& faults) {
-  constexpr int kHeaderLines = 3;
   TableLines lines(text, faults);
-  if (!lines.requireLines(kHeaderLines)) return {};
+  if (!lines.requireLines(kTableHeaderLines)) return {};
   std::string_view line;
-  for (int i = 0; i < kHeaderLines; ++i) line = lines.next();
+  for (int i = 0; i < kTableHeaderLines; ++i) line = lines.next();
   int surfaceCount = -1;
   int zoneCount = -1;
   const bool counted = scanInteger(line, surfaceCount) && scanInteger(line, zoneCount);
   if (!lines.require(counted && surfaceCount >= 0 && zoneCount >= 0,
                      "debe contener el número de superficies y el de zonas"_cp1252) ||
-      !lines.requireLines(kHeaderLines + 2LL * surfaceCount + 2LL * zoneCount)) {
+      !lines.requireLines(kTableHeaderLines + 2LL * surfaceCount + 2LL * zoneCount)) {
     return {};
   }
 

@@ -41,6 +41,9 @@ struct TableFile {
   int zonesWithoutFlag = 0;
 };
 
+/// Two lines of free text and the counts.
+inline constexpr int kTableHeaderLines = 3;
+
 /// Bytes of a surface's or zone's name, its closing NUL included.
 inline constexpr std::size_t kTableNameCapacity = 200;
 

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <chrono>
 
 #include "check/formats.h"
 #include "core/cp1252.h"
@@ -14,6 +13,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::Not;
 
 namespace {
 
@@ -90,6 +90,13 @@ TEST(Names, ThatAreMisreadAreNotMissedAsWell) {
   }
 }
 
+TEST(Storeys, AreMissedWhereTheTemplateHasNone) {
+  Inputs inputs = house();
+  replaceAll(inputs.building, "= FLOOR", "= SPACE");
+  EXPECT_THAT(linesOf(inputs, Code::kPlantasDeLaPlantilla),
+              ElementsAre(HasSubstr("La plantilla tiene 0 plantas (FLOOR)")));
+}
+
 TEST(Windows, OfACourtyardAreCalledSo) {
   Inputs inputs = Inputs::ofSample("bloque-patio", "tipo-13");
   replaceAll(inputs.typology, "( 20, 20, 25, 20 )", "( 20, 20, 125, 20 )");
@@ -131,7 +138,7 @@ TEST(Azimuth, IsProposedAsItShouldStand) {
 }
 
 TEST(Checker, LargeInputsTakeAsLongAsTheyAreLarge) {
-  constexpr int kMany = 20000;
+  constexpr int kMany = 60000;
   const auto many = [](std::string_view before, std::string_view behind) {
     std::string text;
     for (int i = 0; i < kMany; ++i) {
@@ -162,10 +169,7 @@ TEST(Checker, LargeInputsTakeAsLongAsTheyAreLarge) {
     if (!c.table.empty()) inputs.table = c.table;
     inputs.typology += c.typology;
     inputs.writeInto(folder);
-    const auto begin = std::chrono::steady_clock::now();
-    findingsOfCheck(folder);
-    const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - begin;
-    // A second or less; what grows with the square takes minutes.
-    EXPECT_LT(seconds.count(), 15);
+    // Seconds; what grew with the square would take hours and meet the time limit of every test.
+    EXPECT_THAT(findingsOfCheck(folder), Not(IsEmpty()));
   }
 }

@@ -45,6 +45,7 @@ REPLACED = {
     "comando-no-extraido": '"Marco_PVC" = NAME-FRAME',
     "tabla": WINDOW, "ventana-en-cubierta": WINDOW, "azimut-sin-reducir": WINDOW,
     "linea-larga": "   TERRAIN = URBAN",
+    "lineas-sobrantes": "11 1",
     "falta-comando": PARAMETERS, "poligonos-de-mas": PARAMETERS,
     "dato-en-comentario": "   ALTURA-PLANTA = 2.80", "minusculas": "   ALTURA-PLANTA = 2.80",
     "palabra-desconocida": "   ALTURA-PLANTA = 2.80",

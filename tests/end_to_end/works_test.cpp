@@ -51,6 +51,7 @@ TEST(Works, AWrongCommandLineIsTwoAndTellsTheUsage) {
       {{"plano", "--nada", "a.tip"}, "opción desconocida: --nada"},
       {{"plano", "a.tip", "--salida"}, "a la opción --salida le falta su valor"},
       {{"plano", "--salida", "a", "--salida", "b", "a.tip"}, "la opción --salida se repite"},
+      {{"plano", "a.tip", "--salida", "./a.tip"}, "--salida sobrescribiría a.tip"},
       {{"plano", "--help=1"}, "la opción --help no lleva valor"},
       {{"informe", "--formato", "pdf", "a.bdl", "a.tip"}, "admite: html, json"},
   };

@@ -8,6 +8,7 @@
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "core/concat.h"
+#include "core/paths.h"
 
 namespace {
 
@@ -55,6 +56,12 @@ std::string problemWith(const Work& work, const WorkArguments& arguments) {
       arguments.operands.size() > work.mostOperands) {
     return concat(expectedOperands(work), " y se han dado ",
                   std::to_string(arguments.operands.size()));
+  }
+  const std::optional<std::string> result = arguments.given(kSalida.name);
+  const bool isFile = std::ranges::find(work.options, &kSalida) != work.options.end();
+  if (!result || !isFile || work.operandNoun != kFileNoun) return {};
+  for (const std::string& operand : arguments.operands) {
+    if (sameFile(*result, operand)) return concat("--salida sobrescribiría ", operand);
   }
   return {};
 }

@@ -30,6 +30,9 @@ struct WorkArguments {
   std::optional<std::string> given(std::string_view option) const;
 };
 
+/// What the operands of most works are.
+inline constexpr std::string_view kFileNoun = "fichero";
+
 struct Work {
   std::string_view name;
   std::string_view brief;
@@ -40,7 +43,7 @@ struct Work {
   std::size_t leastOperands;
   std::size_t mostOperands;
   int (*run)(const WorkArguments&);  // the exit code; may throw WrongWorkArguments
-  std::string_view operandNoun = "fichero";
+  std::string_view operandNoun = kFileNoun;
 };
 
 // Exit codes of the works, besides kExitError.
