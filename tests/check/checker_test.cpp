@@ -40,7 +40,7 @@ std::vector<Sample> allSamples() {
 /// How many random inputs a test tries; more of them in a longer search.
 int rounds(int usual) {
   const char* more = std::getenv("TIP2BDL_CHECKS");
-  return more == nullptr ? usual : usual * std::max(1, std::atoi(more) / 100);
+  return more == nullptr ? usual : std::max(1, static_cast<int>(usual * std::atof(more) / 100));
 }
 
 /// Spoils texts at random: bytes, words, numbers and whole lines.

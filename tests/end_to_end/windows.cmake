@@ -3,6 +3,13 @@
 find_package(Python3 3.9 REQUIRED COMPONENTS Interpreter)
 set(here "${PROJECT_SOURCE_DIR}/tests/end_to_end")
 
+# The Windows of the libraries' tests. It stays until it is told to go: a test that had to start it
+# would be over only when it is, since it keeps that test's streams open.
+add_test(NAME windows_begins COMMAND ${here}/windows_for_tests begin ${PROJECT_BINARY_DIR}/wine)
+add_test(NAME windows_ends COMMAND ${here}/windows_for_tests end ${PROJECT_BINARY_DIR}/wine)
+set_tests_properties(windows_begins PROPERTIES FIXTURES_SETUP windows TIMEOUT 120)
+set_tests_properties(windows_ends PROPERTIES FIXTURES_CLEANUP windows TIMEOUT 60)
+
 add_test(NAME windows_samples
   COMMAND ${Python3_EXECUTABLE} ${here}/windows_samples_test.py
     $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR})
