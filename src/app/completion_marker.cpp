@@ -5,11 +5,12 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/open_file.h"
 #include "core/paths.h"
 #include "core/report_error.h"
 
 void createCompletionMarker(const std::string& path) {
-  std::FILE* marker = std::fopen(path.c_str(), "w");
+  std::FILE* marker = openFile(path, "w");
   if (marker != nullptr && std::fclose(marker) == 0) return;
   // A marker that is there although its creation failed would still be believed.
   std::error_code ignored;

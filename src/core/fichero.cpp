@@ -7,6 +7,7 @@
 
 #include "core/concat.h"
 #include "core/cp1252.h"
+#include "core/open_file.h"
 #include "core/paths.h"
 #include "core/platform.h"
 #include "core/report_error.h"
@@ -37,14 +38,14 @@ void rejectNul(const std::string& name, std::string_view text, std::size_t from)
 
 fichero::fichero(std::string name, std::string_view mode) : name_(std::move(name)) {
   if (mode == "escritura") {
-    stream_.reset(std::fopen(name_.c_str(), "w"));
+    stream_.reset(openFile(name_, "w"));
     if (!stream_) failWriting("Error al abrir fichero de escritura: ", name_);
     lines_.emplace();
   } else if (mode == "lectura") {
     // A pipe may keep its reader waiting for ever, and gives its text once where some read twice.
     std::error_code unknown;
     const bool isPipe = std::filesystem::is_fifo(filePath(name_), unknown);
-    const Stream stream(isPipe ? nullptr : std::fopen(name_.c_str(), "rb"));
+    const Stream stream(isPipe ? nullptr : openFile(name_, "rb"));
     if (!stream) failReading("Error al abrir fichero de lectura: ", name_);
     text_ = readWhole(name_, stream.get());
     reader_.emplace(text_->bytes());

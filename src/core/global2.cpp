@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
-Global2::Global2(const std::string& ruta) : log(std::fopen(ruta.c_str(), "w")) {}
+#include "core/open_file.h"
+
+Global2::Global2(const std::string& ruta) : log(openFile(ruta, "w")) {}
 
 Global2::~Global2() {
   if (abierto == 1) cerrar();

@@ -6,7 +6,7 @@
 #include <system_error>
 
 #include "core/concat.h"
-#include "core/new_file.h"
+#include "core/open_file.h"
 #include "core/paths.h"
 #include "core/report_error.h"
 
@@ -62,7 +62,7 @@ void writeWholeFile(const std::string& path, std::string_view bytes) {
   std::error_code error;
   const fs::path target = targetOf(path);
   if (fs::exists(target, error) && !fs::is_regular_file(target, error)) {
-    Stream stream(std::fopen(path.c_str(), "wb"));
+    Stream stream(openFile(path, "wb"));
     requireOpen(stream, path);
     if (!writeAll(stream, bytes)) failToWrite(path);
     return;

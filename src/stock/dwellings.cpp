@@ -9,6 +9,7 @@
 
 #include "check/codes.h"
 #include "core/concat.h"
+#include "core/open_file.h"
 #include "core/output_lines.h"
 #include "core/paths.h"
 #include "core/platform.h"
@@ -283,11 +284,11 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Outco
 void Dwellings::putInPlace(const std::string& path, std::string_view bytes) const {
   const std::string beside = path + ".parcial";
   const char* const mode = path.ends_with(".tip") ? "wb" : "w";
-  std::FILE* file = std::fopen(beside.c_str(), mode);
+  std::FILE* file = openFile(beside, mode);
   std::error_code failed;
   if (file == nullptr) {
     fs::create_directories(filePath(folderOf(path)), failed);
-    file = std::fopen(beside.c_str(), mode);
+    file = openFile(beside, mode);
   }
   if (file == nullptr) failToWrite(path);
   std::setvbuf(file, nullptr, _IONBF, 0);

@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "core/concat.h"
+#include "core/open_file.h"
 #include "core/paths.h"
 #include "stock/dwellings.h"
 
@@ -26,7 +27,7 @@ bool takeNumber(std::string_view& text, long& number) {
 }  // namespace
 
 Journal::Journal(const std::string& path, bool goOn)
-    : path_(path), file_(std::fopen(path.c_str(), goOn ? "ab" : "wb")) {
+    : path_(path), file_(openFile(path, goOn ? "ab" : "wb")) {
   if (file_ == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", path)};
   // A piece of a line may be there; and what was finished is not any more.
   put(concat(goOn ? "\r\n" : "", kBegin, "\r\n"));

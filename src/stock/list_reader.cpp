@@ -8,6 +8,7 @@
 
 #include "core/concat.h"
 #include "core/cp1252.h"
+#include "core/open_file.h"
 #include "core/report_error.h"
 
 namespace stock {
@@ -46,7 +47,7 @@ ListReader::ListReader(std::string name, Source source)
     : name_(std::move(name)), source_(std::move(source)) {}
 
 ListReader::Source ListReader::sourceOf(const std::string& path) {
-  const std::shared_ptr<std::FILE> file(std::fopen(path.c_str(), "rb"), [](std::FILE* stream) {
+  const std::shared_ptr<std::FILE> file(openFile(path, "rb"), [](std::FILE* stream) {
     if (stream != nullptr) std::fclose(stream);
   });
   if (file == nullptr) {

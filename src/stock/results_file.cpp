@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/open_file.h"
 #include "core/paths.h"
 #include "stock/dwellings.h"
 #include "stock/hash.h"
@@ -42,7 +43,7 @@ ResultsFile::ResultsFile(std::string path, bool goOn) : path_(std::move(path)) {
 }
 
 void ResultsFile::openToAppend() {
-  file_.reset(std::fopen(path_.c_str(), "ab"));
+  file_.reset(openFile(path_, "ab"));
   if (file_ == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", path_)};
   // In one piece: a line is one call of the system.
   std::setvbuf(file_.get(), nullptr, _IONBF, 0);
@@ -112,7 +113,7 @@ void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
   const std::string beside = path_ + ".parcial";
   std::error_code failed;
   {
-    std::unique_ptr<std::FILE, CloseFile> out(std::fopen(beside.c_str(), "wb"));
+    std::unique_ptr<std::FILE, CloseFile> out(openFile(beside, "wb"));
     if (out == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", beside)};
     const auto put = [&](const std::string& text) {
       if (std::fwrite(text.data(), 1, text.size(), out.get()) == text.size()) return;

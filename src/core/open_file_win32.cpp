@@ -2,8 +2,12 @@
 #include <io.h>
 #include <sys/stat.h>
 
-#include "core/new_file.h"
+#include "core/open_file.h"
 #include "core/wide_text.h"
+
+std::FILE* openFile(const std::string& path, const char* mode) {
+  return _wfopen(toWide(path).c_str(), toWide(mode).c_str());
+}
 
 /// Its C library does not know the mode "x".
 std::FILE* createNewFile(const std::string& path) {

@@ -1,3 +1,5 @@
+#include "app/console/program.h"
+
 #include <cstdio>
 #include <span>
 #include <string>
@@ -55,12 +57,12 @@ int answer(const RunRequest& run) {
 
 }  // namespace
 
-int main(int argc, char* argv[]) {
+int consoleProgram(const std::function<std::vector<std::string>()>& argumentsOfPlatform) {
   openStandardStreams();
   ConsoleApplication application;
   Application = &application;
   return runSafely([&] {
-    const std::vector<std::string> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
+    const std::vector<std::string> arguments = argumentsOfPlatform();
     // Told apart before anything of a work is built: a run is as lean as it was.
     if (const Work* work = arguments.empty() ? nullptr : findWork(arguments[0])) {
       return runWork(*work, std::span(arguments).subspan(1));

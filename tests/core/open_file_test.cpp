@@ -1,4 +1,4 @@
-#include "core/new_file.h"
+#include "core/open_file.h"
 
 #include <gtest/gtest.h>
 
@@ -21,6 +21,17 @@ TEST(CreateNewFile, WritesBytesAsTheyAre) {
   std::fputs("a\nb\r\n\x1A", file);
   std::fclose(file);
   EXPECT_EQ(6, std::filesystem::file_size(filePath(folder / "año 家.bin")));
+}
+
+TEST(OpenFile, TakesNamesOfAnyCharacters) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "año 家.txt";
+  EXPECT_EQ(nullptr, openFile(path, "rb"));
+  std::FILE* const file = openFile(path, "wb");
+  ASSERT_NE(nullptr, file);
+  std::fputs("ab", file);
+  std::fclose(file);
+  EXPECT_EQ(2, std::filesystem::file_size(filePath(path)));
 }
 
 TEST(WriteWholeFile, TakesThePlaceOfAFileAndLeavesNothingBesideIt) {
