@@ -9,3 +9,12 @@ std::size_t asTextMode(char* bytes, std::size_t size) {
   }
   return kept;
 }
+
+std::string asWrittenInTextMode(std::string_view text) {
+  std::string written;
+  for (const char byte : text) {
+    if (byte == '\n') written += '\r';
+    written += byte;
+  }
+  return written;
+}

@@ -6,6 +6,7 @@
 #include "app/console/terminal_text.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
+#include "core/text_mode.h"
 #include "core/whole_file.h"
 
 namespace {
@@ -29,7 +30,7 @@ void writeResult(const std::string& path, std::string_view bytes) {
 
 void writeText(const std::string& path, std::string_view utf8) {
   if (!path.empty()) {
-    writeWholeFile(path, utf8);
+    writeWholeFile(path, asWrittenInTextMode(utf8));
     return;
   }
   writeToStandardOutput(forTerminal(utf8));
