@@ -49,7 +49,7 @@ class DesktopTest(unittest.TestCase):
         os.close(writing)
         with os.fdopen(reading) as numbers:
             cls.display = ":" + numbers.readline().strip()
-        cls.windows = Windows(cls.display)
+        cls.windows = Windows(display=cls.display)
         cls.addClassCleanup(cls.windows.remove)
 
     def setUp(self):
@@ -200,6 +200,20 @@ class DesktopTest(unittest.TestCase):
         self.output, self.marker = folder / "salida.bdl", folder / "fin ñ.txt"
         self.assertEqual(0, self.ended(self.start(self.command_line(
             template=f" {folder}/casa-adosada.bdl"))))
+        self.assertTrue(self.marker.exists())
+        self.assert_output_is_right()
+
+    def test_paths_of_300_characters(self):
+        """Those of the command line have fewer than 250, from a folder that makes them longer."""
+        deep = "x" * 100 + "/" + "y" * 100
+        folder = self.folder / deep
+        folder.mkdir(parents=True)
+        self.assertGreater(len(str(folder / "casa-adosada.bdl")), 260)
+        for name in ("casa-adosada.bdl", "casa-adosada.tbl", "defectos.inp"):
+            (folder / name).write_bytes((HOUSE / name).read_bytes())
+        self.output, self.marker = folder / "salida.bdl", folder / "fin.txt"
+        self.assertEqual(0, self.ended(self.start(
+            f"#{deep}/casa-adosada.bdl,{TYPOLOGY},{deep}/salida.bdl,{deep}/fin.txt")))
         self.assertTrue(self.marker.exists())
         self.assert_output_is_right()
 

@@ -1,4 +1,5 @@
-"""A Windows of its own for a test: a wine prefix in a folder that goes with it."""
+"""A Windows for a test (a wine prefix): one of its own, or the one that the build's tests share and
+that has been started for them."""
 
 import os
 import shutil
@@ -14,25 +15,29 @@ def missing_tools(*others):
 
 
 class Windows:
-    def __init__(self, display=None, dpi=96):
+    """`prefix`: of the shared one. `folder` is the test's own in either case, and goes with it."""
+
+    def __init__(self, prefix=None, display=None):
+        self.is_own = prefix is None
         self.folder = Path(tempfile.mkdtemp(prefix="tip2bdl-windows-"))
         self.variables = {key: value for key, value in os.environ.items()
                           if key not in ("DISPLAY", "WAYLAND_DISPLAY", "LC_ALL", "LANG")}
+        self.prefix = Path(prefix or self.folder / "prefix").resolve()
         # A locale without accents would spoil arguments that have some.
-        self.variables.update(WINEPREFIX=str(self.folder / "prefix"), WINEDEBUG="-all",
-                              LC_ALL="C.UTF-8", WINEDLLOVERRIDES="mscoree,mshtml=")
+        self.variables.update(WINEPREFIX=str(self.prefix), WINEDEBUG="-all", LC_ALL="C.UTF-8",
+                              WINEDLLOVERRIDES="mscoree,mshtml=")
         if display:
             self.variables["DISPLAY"] = display
-        (self.folder / "prefix").mkdir()
+        if self.is_own:
+            self.begin()
+
+    def begin(self):
+        self.prefix.mkdir()
         # Stays until it is told to go, so that no program under test begins by starting it: what it
         # starts would keep that program's streams open.
         subprocess.run(["wineserver", "--persistent"], env=self.variables, check=True)
         subprocess.run(["wine", "wineboot", "--init"], env=self.variables, check=True,
                        stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        if dpi != 96:
-            self.run("reg", "add", r"HKCU\Control Panel\Desktop", "/v", "LogPixels", "/t",
-                     "REG_DWORD", "/d", str(dpi), "/f")
-            self.end_all()  # it is read at the start
 
     def start(self, *command, **options):
         return subprocess.Popen(["wine", *map(str, command)], env=self.variables,
@@ -48,7 +53,7 @@ class Windows:
     def path(self, windows_path):
         """The file that a path like C:\\x names."""
         drive, rest = windows_path.split(":", 1)
-        return self.folder / "prefix" / f"drive_{drive.lower()}" / rest.strip("\\").replace("\\", "/")
+        return self.prefix / f"drive_{drive.lower()}" / rest.strip("\\").replace("\\", "/")
 
     def end_all(self):
         """Ends the programs of this Windows, its own among them."""
@@ -56,5 +61,6 @@ class Windows:
         subprocess.run(["wineserver", "-w"], env=self.variables, check=False)
 
     def remove(self):
-        self.end_all()
+        if self.is_own:
+            self.end_all()
         shutil.rmtree(self.folder, ignore_errors=True)

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """The console program for Windows, run under wine as a calling program does.
 
-usage: windows_samples_test.py TIP2BDL_CLI_EXE SOURCE_FOLDER [TEST...]
+usage: windows_samples_test.py TIP2BDL_CLI_EXE SOURCE_FOLDER PREFIX [TEST...]
 """
 
 import sys
@@ -10,7 +10,7 @@ from pathlib import Path
 
 from windows_prefix import Windows, missing_tools
 
-PROGRAM, SOURCES = (Path(argument).resolve() for argument in sys.argv[1:3])
+PROGRAM, SOURCES, PREFIX = (Path(argument).resolve() for argument in sys.argv[1:4])
 SAMPLES, GOLDENS = SOURCES / "samples", SOURCES / "tests" / "golden"
 HOUSE = SAMPLES / "casa-adosada"
 INPUTS = ("casa-adosada.bdl", "casa-adosada.tbl", "defectos.inp", "tipo-03.tip")
@@ -25,7 +25,7 @@ def as_text(output):
 class ConsoleTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.windows = Windows()
+        cls.windows = Windows(PREFIX)
         cls.addClassCleanup(cls.windows.remove)
         cls.golden = (GOLDENS / "casa-adosada" / "tipo-03.bdl").read_bytes()
 
@@ -88,6 +88,20 @@ class ConsoleTest(unittest.TestCase):
         self.copy_inputs(folder)
         self.assertEqual(self.golden, as_text(self.run_of(folder)))
 
+    def test_a_system_that_does_not_know_the_manifests_code_page(self):
+        """Windows 10 of before 2019: its own texts are all that it has for names."""
+        setting = b"activeCodePage"
+        self.assertEqual(2, PROGRAM.read_bytes().count(setting))
+        old = self.folder / "old.exe"
+        old.write_bytes(PROGRAM.read_bytes().replace(setting, b"noSuchCodePage"))
+        folder = self.folder / "año 家"
+        self.copy_inputs(folder)
+        status, out, err = self.windows.run(old, folder / INPUTS[0], folder / INPUTS[3],
+                                            folder / "salida ñ.bdl", folder / "fin 家.txt")
+        self.assertEqual((0, b"", b""), (status, out, err))
+        self.assertEqual(b"", (folder / "fin 家.txt").read_bytes())
+        self.assertEqual(self.golden, as_text((folder / "salida ñ.bdl").read_bytes()))
+
     def test_the_form_of_the_chains_callers(self):
         self.copy_inputs(self.folder)
         self.assertEqual((0, b"", b""), self.run_in_folder(
@@ -123,4 +137,4 @@ if __name__ == "__main__":
     if missing_tools():
         print("missing:", ", ".join(missing_tools()))
         sys.exit(77)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
+    unittest.main(argv=[sys.argv[0], *sys.argv[4:]])

@@ -2,7 +2,7 @@
 """The works around the run (comprobar, plano, informe, lote) of the console program for Windows,
 under wine.
 
-usage: windows_works_test.py TIP2BDL_CLI_EXE SOURCE_FOLDER [TEST...]
+usage: windows_works_test.py TIP2BDL_CLI_EXE SOURCE_FOLDER PREFIX [TEST...]
 """
 
 import shutil
@@ -14,7 +14,7 @@ from pathlib import Path
 
 from windows_prefix import Windows, missing_tools
 
-PROGRAM, SOURCES = (Path(argument).resolve() for argument in sys.argv[1:3])
+PROGRAM, SOURCES, PREFIX = (Path(argument).resolve() for argument in sys.argv[1:4])
 SAMPLES, GOLDENS = SOURCES / "samples", SOURCES / "tests" / "golden"
 TYPOLOGIES = sorted(SAMPLES.glob("*/*.tip"))
 HOUSE = SAMPLES / "casa-adosada"
@@ -32,7 +32,7 @@ def template_of(typology):
 class WorksTest(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        cls.windows = Windows()
+        cls.windows = Windows(PREFIX)
         cls.addClassCleanup(cls.windows.remove)
 
     def setUp(self):
@@ -56,6 +56,10 @@ class WorksTest(unittest.TestCase):
                      if typology.parent.name == building]
             out = self.output_of("comprobar", f"{building}/{building}.bdl", *files, cwd=SAMPLES)
             self.assertEqual(out.count(b"\n"), out.count(b"\r\n"))
+            file = self.folder / "faltas.txt"
+            self.assertEqual(b"", self.output_of("comprobar", f"{building}/{building}.bdl", *files,
+                                                 "--salida", file, cwd=SAMPLES))
+            self.assertEqual(out, file.read_bytes())
             lines += out.decode().splitlines()
         self.assertEqual([line for line in (GOLDENS / "comprobar.txt").read_text().splitlines()
                           if not line.startswith("#")], lines)
@@ -200,4 +204,4 @@ if __name__ == "__main__":
     if missing_tools():
         print("missing:", ", ".join(missing_tools()))
         sys.exit(77)
-    unittest.main(argv=[sys.argv[0], *sys.argv[3:]])
+    unittest.main(argv=[sys.argv[0], *sys.argv[4:]])
