@@ -60,10 +60,12 @@ class PackageTest(unittest.TestCase):
         self.assertEqual(FILES, self.installed())
         self.assertIn(VERSION, (self.drive / "Program Files" / "tip2bdl" / "manual.txt").read_text())
         self.assertEqual(1, len(list(self.drive.rglob("Manual de tip2bdl.lnk"))))
+        self.assertEqual(0, self.windows.run("reg", "query", "HKLM\\Software\\tip2bdl")[0])
         self.assert_runs("C:\\Program Files\\tip2bdl\\tip2bdl-cli.exe")
         self.msiexec("/x", VERSION)
         self.assertEqual(set(), self.all_files() - before)
         self.assertEqual([], list(self.drive.rglob("*tip2bdl*")))
+        self.assertNotEqual(0, self.windows.run("reg", "query", "HKLM\\Software\\tip2bdl")[0])
 
     def test_the_archive_holds_the_same(self):
         folder = self.windows.folder / "zip"
