@@ -57,6 +57,8 @@ inline constexpr FormPlace kBar = {23, 385, 492, 23};
 inline constexpr Colour kBarFilled = {0, 164, 219};
 inline constexpr Colour kBarEmpty = kWhite;
 inline constexpr Colour kBarEdge = {160, 190, 202};
+/// What is filled touches it.
+constexpr int barEdgeWidth(int dpi) { return dpi < 192 ? 1 : dpi / 96; }
 
 /// The four stages of a rating; this program is the first.
 struct Stage {

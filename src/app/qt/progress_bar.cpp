@@ -25,7 +25,7 @@ void ProgressBar::paintEvent(QPaintEvent*) {
   paintInPixelsOfTheScreen(painter, *this);
   const QRect whole = toQt(place_);
   painter.fillRect(whole, toQt(progress_form::kBarEdge));
-  const int edge = std::max(1, dpiOf(*this) / 96);
+  const int edge = progress_form::barEdgeWidth(dpiOf(*this));
   QRect inside = whole.adjusted(edge, edge, -edge, -edge);
   painter.fillRect(inside, toQt(progress_form::kBarEmpty));
   inside.setWidth(inside.width() * value() / maximum());

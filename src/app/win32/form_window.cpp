@@ -36,14 +36,16 @@ int forcedDpi() {
 LONG widthOf(const RECT& rectangle) { return rectangle.right - rectangle.left; }
 LONG heightOf(const RECT& rectangle) { return rectangle.bottom - rectangle.top; }
 
+/// Fonts of pixels, which Windows has of old, do not count: they are of a few sizes.
 bool isInstalled(const std::wstring& family) {
   LOGFONTW wanted = {};
   wanted.lfCharSet = DEFAULT_CHARSET;
   family.copy(wanted.lfFaceName, LF_FACESIZE - 1);
   bool found = false;
-  const auto take = [](const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM result) -> int {
-    *reinterpret_cast<bool*>(result) = true;
-    return 0;
+  const auto take = [](const LOGFONTW*, const TEXTMETRICW*, DWORD kind, LPARAM result) -> int {
+    const bool isOutline = (kind & TRUETYPE_FONTTYPE) != 0;
+    *reinterpret_cast<bool*>(result) = isOutline;
+    return isOutline ? 0 : 1;
   };
   const HDC screen = GetDC(nullptr);
   EnumFontFamiliesExW(screen, &wanted, take, reinterpret_cast<LPARAM>(&found), 0);

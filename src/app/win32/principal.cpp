@@ -68,9 +68,20 @@ void TPrincipal::layOut() {
     setFont(labels_[i], kStages[i].bold ? boldStage_ : stage_);
     place(labels_[i], stagePlace(i, dpi()));
   }
-  const FormPlace bar = at(kBar, kDpi, dpi());
-  place(pbBarra_.handle(), {bar.left + 1, bar.top + 1, bar.width - 2, bar.height - 2});
+  layOutBar();
   logo_ = loadLogo(at(kLogo, kDpi, dpi()).width);
+}
+
+/// The control leaves a pixel free around what it fills. That is cut off, and the form's edge is
+/// seen there.
+void TPrincipal::layOutBar() {
+  const FormPlace bar = at(kBar, kDpi, dpi());
+  const int inset = barEdgeWidth(dpi()) - 1;
+  const int width = bar.width - 2 * inset;
+  const int height = bar.height - 2 * inset;
+  place(pbBarra_.handle(), {bar.left + inset, bar.top + inset, width, height});
+  // The region is the system's from here on.
+  SetWindowRgn(pbBarra_.handle(), CreateRectRgn(1, 1, width - 1, height - 1), TRUE);
 }
 
 void TPrincipal::show() {
@@ -104,7 +115,7 @@ void TPrincipal::paintBarsEdge(HDC paper) const {
   const FormPlace bar = at(kBar, kDpi, dpi());
   const RECT edge = {bar.left, bar.top, bar.left + bar.width, bar.top + bar.height};
   const Brush brush(CreateSolidBrush(toWindows(kBarEdge)));
-  FrameRect(paper, &edge, brush.get());
+  FillRect(paper, &edge, brush.get());  // the bar is left out
 }
 
 LRESULT TPrincipal::onMessage(UINT message, WPARAM wide, LPARAM longer) {

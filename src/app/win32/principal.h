@@ -36,6 +36,7 @@ class TPrincipal : public FormWindow {
 
  private:
   void layOut() override;
+  void layOutBar();
   LRESULT onMessage(UINT message, WPARAM wide, LPARAM longer) override;
   void paintLogo(HDC paper) const;
   void paintBarsEdge(HDC paper) const;
