@@ -51,8 +51,10 @@ void ResultsFile::openToAppend() {
 
 void ResultsFile::fail() const { throw DiskFault{concat("Error al escribir fichero: ", path_)}; }
 
-/// Finds the lines that are there, up to the first that is not whole.
+/// Finds the lines that are there, up to the first that is not whole. They are counted first: what
+/// grows is for a while there twice.
 void ResultsFile::load() {
+  lines_.reserve(static_cast<std::size_t>(std::max(countRows(path_), 0L)));
   std::ifstream in(filePath(path_), std::ios::binary);
   std::string line;
   if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return;
@@ -66,7 +68,7 @@ void ResultsFile::load() {
     }
     size_ += line.size() + kLineEnd.size();
   }
-  std::ranges::stable_sort(lines_, {}, &Line::id);
+  std::ranges::sort(lines_);
 }
 
 std::string ResultsFile::lineAt(std::uint64_t offset) {

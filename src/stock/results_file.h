@@ -1,5 +1,6 @@
 #pragma once
 
+#include <compare>
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
@@ -54,6 +55,7 @@ class ResultsFile {
   struct Line {
     std::uint64_t id;  // its hash
     std::uint64_t offset;
+    auto operator<=>(const Line&) const = default;
   };
 
   void load();
