@@ -131,7 +131,7 @@ void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
   }
   reader_.close();
   file_.reset();
-  lines_ = {};  // of the file as it was
+  lines_ = std::vector<Line>();  // of the file as it was; from "{}" it would keep its room
   fs::rename(filePath(beside), filePath(path_), failed);
   if (failed) fail();
 }

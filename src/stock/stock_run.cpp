@@ -118,7 +118,7 @@ class StockRun {
     if (end_.complete()) {
       results_.arrange(offsets_);
       journal_.finish({overview_.rows, end_.counts.rows, overview_.fingerprint});
-      offsets_ = {};  // the page needs about as much
+      offsets_ = std::vector<std::uint64_t>();  // gives its room back: the page needs about as much
       if (options_.summaryPage) writeSummaryPage(folder_, options_.shard);
     }
     end_.interrupted = isInterrupted() && !end_.complete();
