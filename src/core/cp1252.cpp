@@ -1,5 +1,7 @@
 #include "core/cp1252.h"
 
+#include <algorithm>
+
 namespace cp1252 {
 namespace {
 
@@ -26,6 +28,13 @@ std::size_t sequenceLength(std::string_view text, std::size_t at) {
   return overlong || tooLarge || !isContinuation(text, at + 3) ? 0 : 4;
 }
 
+/// Of the characters in front that are the same in both.
+std::size_t asciiLength(std::string_view text) {
+  const auto* const end =
+      std::ranges::find_if(text, [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+  return static_cast<std::size_t>(end - text.begin());
+}
+
 void appendUtf8(std::string& out, char32_t codePoint) {
   if (codePoint < 0x80) {
     out += static_cast<char>(codePoint);
@@ -45,6 +54,10 @@ std::string toUtf8(std::string_view text) {
   std::string out;
   out.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {
+    const std::size_t plain = asciiLength(text.substr(i));
+    out.append(text, i, plain);
+    i += plain;
+    if (i == text.size()) break;
     if (const std::size_t length = sequenceLength(text, i); length > 0) {
       out.append(text.substr(i, length));
       i += length;

@@ -22,7 +22,8 @@ void Global2::cerrar() {
 void Global2::entrecomillar(std::string& cadena) { cadena = '"' + cadena + '"'; }
 
 void Global2::reemplazarCaracter(std::string& cadena, char de, char por) {
-  std::replace(cadena.begin(), cadena.end(), de, por);
+  // Each is written, replaced or not: that goes in blocks.
+  for (char& c : cadena) c = c == de ? por : c;
 }
 
 void Global2::cambiarExtension(std::string& ruta, std::string_view extension) {

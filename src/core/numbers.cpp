@@ -191,12 +191,15 @@ std::string formatReal(float value) {
   if (!(millionths < 1e15)) {
     return {buffer, std::to_chars(buffer, end, double{value}, std::chars_format::fixed, 6).ptr};
   }
-  long long rest = std::llrint(millionths);
+  const long long rounded = std::llrint(millionths);
   char* start = end;
-  for (int written = 0; written < 7 || rest > 0; rest /= 10) {
-    *--start = static_cast<char>('0' + rest % 10);
-    if (++written == 6) *--start = '.';
-  }
+  const auto put = [&start](std::uint32_t digit) { *--start = static_cast<char>('0' + digit); };
+  auto decimals = static_cast<std::uint32_t>(rounded % 1'000'000);
+  for (int written = 0; written < 6; ++written, decimals /= 10) put(decimals % 10);
+  *--start = '.';
+  auto whole = static_cast<std::uint32_t>(rounded / 1'000'000);  // below 1e9
+  do put(whole % 10);
+  while ((whole /= 10) > 0);
   if (std::signbit(value)) *--start = '-';
   return {start, end};
 }

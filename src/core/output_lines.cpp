@@ -24,6 +24,24 @@ inline void OutputLines::appendCopied(const char* begin, const char* end) {
   parts_.back().copiedEnd = runEnd_ = end;
 }
 
+/// How many of `count` lines fit, which `lines` is cut to.
+long OutputLines::takeMore(std::string_view& lines, long count) {
+  const long taken = std::min<long>(count, kCapacity - count_);
+  if (taken < count) lines = firstLines(lines, taken);
+  count_ += static_cast<int>(taken);
+  return taken;
+}
+
+bool OutputLines::WriteAgain(const Mark& from, const Mark& to) {
+  std::string_view lines = std::string_view(own_).substr(from.bytes, to.bytes - from.bytes);
+  const int count = to.lines - from.lines;
+  const long taken = takeMore(lines, count);
+  if (taken == 0) return count == 0;
+  own_.append(own_, from.bytes, lines.size());
+  runEnd_ = nullptr;
+  return taken == count;
+}
+
 bool OutputLines::CopyLine(const LineReader& source) {
   if (!source.endsInLineFeed()) return WriteLine(source.line());
   if (!takesOneMore()) return false;
@@ -33,24 +51,34 @@ bool OutputLines::CopyLine(const LineReader& source) {
 }
 
 bool OutputLines::CopyLines(std::string_view lines, long count) {
-  const long taken = std::min<long>(count, kCapacity - count_);
-  if (taken < count) lines = firstLines(lines, taken);
+  const long taken = takeMore(lines, count);
   if (taken == 0) return count == 0;
-  count_ += static_cast<int>(taken);
   appendCopied(lines.data(), lines.data() + lines.size());
   return taken == count;
 }
 
+void OutputLines::clear() {
+  count_ = 0;
+  own_.clear();
+  parts_.clear();
+  runEnd_ = nullptr;
+}
+
 std::string OutputLines::text() const {
+  std::string text;
+  copyTo(text);
+  return text;
+}
+
+void OutputLines::copyTo(std::string& text) const {
   std::size_t size = own_.size();
   for (const Part& part : parts_) size += static_cast<std::size_t>(part.copiedEnd - part.copied);
-  std::string text;
-  text.reserve(size);
+  text.resize(size);  // what was there is written over
+  char* end = text.data();
   handOver([&](std::string_view bytes, Origin) {
-    text += bytes;
+    end += bytes.copy(end, bytes.size());
     return true;
   });
-  return text;
 }
 
 bool OutputLines::writeTo(std::FILE* file) const {

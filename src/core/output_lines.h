@@ -24,10 +24,21 @@ class OutputLines {
     runEnd_ = nullptr;
     return true;
   }
-  /// The same for the line that `source` last handed out.
+  /// A place between the output's own lines.
+  struct Mark {
+    std::size_t bytes = 0;
+    int lines = 0;
+  };
+  /// The one behind the last line.
+  Mark mark() const { return {own_.size(), count_}; }
+  /// Appends what was written from one mark to another once more; nothing was copied in between.
+  bool WriteAgain(const Mark& from, const Mark& to);
+  /// The same as `WriteLine` for the line that `source` last handed out.
   bool CopyLine(const LineReader& source);
   /// The same for `count` lines of the input, each with its line feed.
   bool CopyLines(std::string_view lines, long count);
+  /// As at first, but for the room that the lines have had.
+  void clear();
   /// Makes room for so many bytes of lines that are not copied; a hint that saves time.
   void expectBytes(std::size_t bytes) { own_.reserve(bytes); }
 
@@ -41,6 +52,8 @@ class OutputLines {
   int count() const { return count_; }
   /// All lines, each with its line feed.
   std::string text() const;
+  /// The same into a text that may have the room from before.
+  void copyTo(std::string& text) const;
   /// Writes them all; false when `file` does not take them.
   bool writeTo(std::FILE* file) const;
 
@@ -53,6 +66,7 @@ class OutputLines {
   };
 
   bool takesOneMore();
+  long takeMore(std::string_view& lines, long count);
   void appendCopied(const char* begin, const char* end);
 
   int count_ = 0;

@@ -273,3 +273,49 @@ TEST(OutputLines, AreHandedOverByWhereTheyComeFrom) {
   }));
   EXPECT_EQ("[own] 1\n[copied] a\nb\n[end] 2\n", pieces);
 }
+
+TEST(OutputLines, WhatWasWrittenBetweenTwoMarksIsWrittenAgain) {
+  const std::string input = "a\nb\n";
+  OutputLines output;
+  output.WriteLine("1");
+  const OutputLines::Mark from = output.mark();
+  output.WriteLine("2");
+  output.WriteLine("");
+  const OutputLines::Mark to = output.mark();
+  output.CopyLines(input, 2);
+  EXPECT_TRUE(output.WriteAgain(from, to));
+  output.CopyLines(std::string_view(input).substr(0, 2), 1);
+  EXPECT_TRUE(output.WriteAgain(from, to));
+  EXPECT_TRUE(output.WriteAgain(from, from));
+  EXPECT_EQ("1\n2\n\na\nb\n2\n\na\n2\n\n", output.text());
+  EXPECT_EQ(10, output.count());
+}
+
+TEST(OutputLines, OfLinesWrittenAgainThoseThatFitAreKept) {
+  OutputLines output;
+  for (int i = 0; i < OutputLines::kCapacity - 3; ++i) output.WriteLine("");
+  const OutputLines::Mark from = output.mark();
+  output.WriteLine("a");
+  output.WriteLine("b");
+  const OutputLines::Mark to = output.mark();
+  EXPECT_FALSE(output.WriteAgain(from, to));
+  EXPECT_TRUE(output.text().ends_with("\na\nb\na\n"));
+  EXPECT_EQ(OutputLines::kCapacity, output.count());
+  EXPECT_FALSE(output.WriteAgain(from, to));
+}
+
+TEST(OutputLines, ThatAreClearedBeginAnew) {
+  const std::string input = "a\nb\n";
+  OutputLines output;
+  output.WriteLine("1");
+  output.CopyLines(std::string_view(input).substr(0, 2), 1);
+  output.clear();
+  EXPECT_EQ(0, output.count());
+  EXPECT_EQ("", output.text());
+  output.CopyLines(std::string_view(input).substr(2), 1);
+  output.WriteLine("2");
+  std::string text = "of another time";
+  output.copyTo(text);
+  EXPECT_EQ("b\n2\n", text);
+  EXPECT_EQ(2, output.count());
+}
