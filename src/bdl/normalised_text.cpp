@@ -1,6 +1,6 @@
 #include "bdl/normalised_text.h"
 
-#include <array>
+#include <algorithm>
 
 namespace {
 
@@ -11,6 +11,11 @@ void walkNormalised(std::string_view text, const Take& take) {
   bool behindBlank = false;
   for (std::size_t from = 0; from < text.size(); ++from) {
     char c = text[from];
+    if (static_cast<unsigned char>(c) > ' ') {  // nearly all
+      if (!take(c, from)) return;
+      behindBlank = false;
+      continue;
+    }
     if (c == '\n' || c == '\r') {
       // Blank, line end, and a blank for the runs that follow. The first one is never left out.
       if (!take(' ', from) || !take(c, from)) return;
@@ -26,20 +31,15 @@ void walkNormalised(std::string_view text, const Take& take) {
 }  // namespace
 
 std::string normalised(std::string_view text) {
-  std::string result;
-  result.reserve(text.size() + text.size() / 2);
-  // Gathered before they are appended: a string is slow in taking characters one by one.
-  std::array<char, 512> block;
-  std::size_t filled = 0;
+  const auto lineEnds = std::ranges::count(text, '\n') + std::ranges::count(text, '\r');
+  std::string result(text.size() + 2 * static_cast<std::size_t>(lineEnds), ' ');
+  char* end = result.data();
   walkNormalised(text, [&](char c, std::size_t) {
-    if (filled == block.size()) {
-      result.append(block.data(), filled);
-      filled = 0;
-    }
-    block[filled++] = c;
+    *end++ = c;
     return true;
   });
-  return result.append(block.data(), filled);
+  result.resize(static_cast<std::size_t>(end - result.data()));
+  return result;
 }
 
 std::size_t offsetBeforeNormalising(std::string_view text, std::size_t offset) {

@@ -20,6 +20,8 @@ class SearchedText {
   /// Position of the first `pattern` at or after `from`; npos when there is none.
   std::size_t find(std::string_view pattern, std::size_t from) {
     constexpr std::size_t kNearBytes = 1024;
+    constexpr std::size_t kSmallText = 4096;  // not worth remembering anything
+    if (bytes_.size() <= kSmallText) return bytes().find(pattern, from);
     if (from > bytes_.size()) return std::string_view::npos;  // not even an empty pattern
     const std::string_view rest = bytes().substr(from);
     const std::size_t near = rest.substr(0, kNearBytes).find(pattern);

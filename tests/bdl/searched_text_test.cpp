@@ -10,14 +10,16 @@ namespace {
 
 TEST(SearchedText, FindsWhatAPlainSearchFinds) {
   // Matches near and far, across the end of what counts as near, and at the very end.
-  std::string bytes = "ab" + std::string(1021, '-') + "ab" + std::string(3000, '-') + "ab";
-  const std::string_view plain = bytes;
-  const std::vector<std::string_view> patterns = {"ab", "-ab", "b", "abc", ""};
-  SearchedText text(bytes);
-  for (std::size_t from = 0; from <= plain.size() + 2; ++from) {
-    for (const std::string_view pattern : patterns) {
-      ASSERT_EQ(text.find(pattern, from), plain.find(pattern, from))
-          << '"' << pattern << "\" from " << from;
+  for (const std::size_t far : {3000U, 6000U}) {  // a small text, and a large one
+    std::string bytes = "ab" + std::string(1021, '-') + "ab" + std::string(far, '-') + "ab";
+    const std::string_view plain = bytes;
+    const std::vector<std::string_view> patterns = {"ab", "-ab", "b", "abc", ""};
+    SearchedText text(bytes);
+    for (std::size_t from = 0; from <= plain.size() + 2; ++from) {
+      for (const std::string_view pattern : patterns) {
+        ASSERT_EQ(text.find(pattern, from), plain.find(pattern, from))
+            << '"' << pattern << "\" from " << from;
+      }
     }
   }
 }
