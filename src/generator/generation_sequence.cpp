@@ -61,7 +61,7 @@ void writeBuildingParameters(GeneratorContext& context) {
   context.writeLine(context.typology().textoPosicionSolar);
 }
 
-void rewriteSurface(GeneratorContext& context, const Plan& plan, int index) {
+void rewriteSurface(GeneratorContext& context, WindowEmitter& windows, int index) {
   if (!context.isSurfaceCommand()) {
     context.writeCurrentLine();
     return;
@@ -71,7 +71,7 @@ void rewriteSurface(GeneratorContext& context, const Plan& plan, int index) {
   if (surface.kind < 1) {
     emitConstruction(context, orientation, surface.name, surface.kind);
   } else {
-    emitWindow(context, plan, orientation, index, contains(surface.name, "Med"));
+    windows.emit(orientation, index, contains(surface.name, "Med"));
   }
 }
 
@@ -79,6 +79,7 @@ void rewriteSurface(GeneratorContext& context, const Plan& plan, int index) {
 void rewriteCommands(GeneratorContext& context, const Plan& plan, TProgressBar& progressBar) {
   const Template& plantilla = context.plantilla();
   const int step = std::max(150 / (plantilla.spaceEntry() + 1), 1);
+  WindowEmitter windows(context, plan);
   LineMatch match;
   while (context.findNextCommand(match)) {
     if (match.index == plantilla.floorEntry()) {
@@ -86,7 +87,7 @@ void rewriteCommands(GeneratorContext& context, const Plan& plan, TProgressBar& 
     } else if (match.index == plantilla.spaceEntry()) {
       context.rewriteSpace();
     } else {
-      rewriteSurface(context, plan, match.index);
+      rewriteSurface(context, windows, match.index);
     }
     progressBar.SetPosition(progressBar.GetPosition() + step);
     Application->ProcessMessages();

@@ -48,12 +48,10 @@ GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyReco
   output_.expectBytes(plantilla.building().bytes().size());
 }
 
-// The output holds as many lines as it holds; what comes after is lost, as ever.
-void GeneratorContext::writeLine(std::string_view text) { output_.WriteLine(text); }
 void GeneratorContext::writeCurrentLine() { walk_.copyLine(output_); }
 
 void GeneratorContext::writeKeyword(std::string_view keyword, std::string_view value) {
-  output_.WriteLine("  ", keyword, " = ", value, " ");
+  writeLine("  ", keyword, " = ", value, " ");
 }
 
 void GeneratorContext::writeKeyword(std::string_view keyword, int value) {
@@ -89,8 +87,8 @@ void GeneratorContext::reportAtLine(long number, std::string_view what) const {
   report(errorInFile(template_.building().name(), number, what), number);
 }
 
-bool GeneratorContext::readTemplateLine(Passed passed) {
-  const bool read = walk_.next();
+/// What reading a line comes to: `read`, whether there was one.
+bool GeneratorContext::take(bool read, Passed passed) {
   if (passed == Passed::kCopied) walk_.copyPassed(output_);
   if (read && walk_.isTooLong()) {
     reportAtLine(currentLineNumber(), "la línea es demasiado larga"_cp1252);
@@ -99,10 +97,10 @@ bool GeneratorContext::readTemplateLine(Passed passed) {
 }
 
 /// Copies template lines, schedules rewritten, until `stops` says that it is the line.
-template <typename Stops>
-bool GeneratorContext::copyUntil(const Stops& stops) {
+template <typename Read, typename Stops>
+bool GeneratorContext::copyUntil(const Read& read, const Stops& stops) {
   const bool rewritesSchedules = typology_.airChangesHr > 0;
-  while (readTemplateLine(Passed::kCopied)) {
+  while (read()) {
     if (stops()) return true;
     if (rewritesSchedules && walk_.isSchedule()) {
       writeSchedule();
@@ -113,12 +111,17 @@ bool GeneratorContext::copyUntil(const Stops& stops) {
   return false;
 }
 
+template <typename Stops>
+bool GeneratorContext::copyUntil(const Stops& stops) {
+  return copyUntil([&] { return readTemplateLine(Passed::kCopied); }, stops);
+}
+
 bool GeneratorContext::findNextKey(EmitterNames names, LineMatch& match) {
   return copyUntil([&] { return walk_.find(names, match); });
 }
 
 bool GeneratorContext::findNextCommand(LineMatch& match) {
-  return copyUntil([&] { return walk_.findCommand(match); });
+  return copyUntil([&] { return readCommandLine(); }, [&] { return walk_.findCommand(match); });
 }
 
 float GeneratorContext::dropKeysUntil(int end, EmitterNames names) {

@@ -37,7 +37,17 @@ class GeneratorContext {
   /// The same with a message that names the file and the line.
   void reportAtLine(long number, std::string_view what) const;
 
-  void writeLine(std::string_view text);
+  /// Writes one line, put together from its parts.
+  template <typename... Parts>
+  void writeLine(const Parts&... parts) {
+    // The output holds as many lines as it holds; what comes after is lost, as ever.
+    output_.WriteLine(parts...);
+  }
+  /// The place behind the last line, and the lines written between two such places once more.
+  OutputLines::Mark mark() const { return output_.mark(); }
+  void writeAgain(const OutputLines::Mark& from, const OutputLines::Mark& to) {
+    output_.WriteAgain(from, to);
+  }
   /// The same for the current line, whose bytes are taken from the template at the end.
   void writeCurrentLine();
   /// Writes "  KEYWORD = value " for a text, a number ("%d") or a real ("%f").
@@ -77,7 +87,11 @@ class GeneratorContext {
 
  private:
   enum class Passed { kCopied, kDropped };
-  bool readTemplateLine(Passed passed);
+  bool readTemplateLine(Passed passed) { return take(walk_.next(), passed); }
+  bool take(bool read, Passed passed);
+  bool readCommandLine() { return take(walk_.nextCommand(), Passed::kCopied); }
+  template <typename Read, typename Stops>
+  bool copyUntil(const Read& read, const Stops& stops);
   template <typename Stops>
   bool copyUntil(const Stops& stops);
   void writeSchedule();

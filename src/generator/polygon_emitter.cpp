@@ -11,8 +11,8 @@ void emitPolygon(GeneratorContext& context, std::span<const Vertex> vertices) {
   context.dropVerticesUntilEnd(static_cast<int>(vertices.size()));
   for (std::size_t k = 0; k < vertices.size(); ++k) {
     const std::string key = concat("V", std::to_string(k + 1));
-    context.writeLine(concat(key, " = ( ", context.formatFinite(key, vertices[k].x), " , ",
-                             context.formatFinite(key, vertices[k].y), " )"));
+    const std::string x = context.formatFinite(key, vertices[k].x);
+    context.writeLine(key, " = ( ", x, " , ", context.formatFinite(key, vertices[k].y), " )");
   }
   context.writeLine("..");
 }

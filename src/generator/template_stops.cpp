@@ -36,6 +36,11 @@ bool stopsNobody(const TemplateStop& stop) {
          stop.vertex == 0 && !stop.schedule && !stop.rule && stop.size <= kLongestLine;
 }
 
+/// Whether a line is anything to whoever copies up to the next command.
+bool stopsBetweenCommands(const TemplateStop& stop) {
+  return stop.command >= 0 || stop.schedule || (stop.lines == 1 && stop.size > kLongestLine);
+}
+
 /// Whether a line is nothing but a keyword that windows drop, and not their height, which counts.
 bool isOnlyDropped(const TemplateStop& stop) {
   constexpr auto kWindow = static_cast<std::size_t>(EmitterNames::kWindow);
@@ -68,5 +73,11 @@ TemplateStops::TemplateStops(std::string_view building, const NameList& commands
       stops_.push_back(stop);
     }
     joins = dropped;
+  }
+  auto next = static_cast<std::int32_t>(stops_.size());
+  for (auto i = next; i-- > 0;) {
+    TemplateStop& stop = stops_[static_cast<std::size_t>(i)];
+    if (stopsBetweenCommands(stop)) next = i;
+    stop.commandFrom = next;
   }
 }

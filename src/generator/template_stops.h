@@ -21,6 +21,7 @@ struct TemplateStop {
   std::int32_t command = -1;  // index among the names of the rewritten commands; -1: none of them
   std::int32_t vertex = 0;    // see vertexIn
   std::int32_t soughtType = -1;  // index of the type that the line's value is; -1: none
+  std::int32_t commandFrom = 0;  // index of the next stop that findNextCommand knows, or of this
   float width = 0;               // see LineMatch
   float height = 0;
   std::array<std::int8_t, kEmitterNameLists> indexes{};  // in the emitters' lists; -1: in none
@@ -28,7 +29,7 @@ struct TemplateStop {
   bool rule : 1 = false;
   bool surface : 1 = false;  // see isSurfaceCommand
 };
-static_assert(sizeof(TemplateStop) <= 48);
+static_assert(sizeof(TemplateStop) <= 56);
 
 /// The lines of a template at which a generation may stop, whatever the typology; all between them
 /// are copied or dropped as they are. Found once where a template has many buildings. A template

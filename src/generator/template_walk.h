@@ -19,6 +19,8 @@ class TemplateWalk {
 
   /// Goes to the next line. At the end of the template it is false, and the line stays.
   bool next();
+  /// The same up to a line that is a rewritten command's, a schedule, or too long.
+  bool nextCommand();
   /// Copies the lines that the last `next` passed over; they are nothing to anybody.
   void copyPassed(OutputLines& output) const {
     if (passedLines_ > 0) output.CopyLines(passed_, passedLines_);
@@ -75,6 +77,13 @@ inline bool TemplateWalk::next() {
   position_ = stop.begin + stop.size + 1;
   stop_ = &stop;
   return true;
+}
+
+inline bool TemplateWalk::nextCommand() {
+  if (stops_ != nullptr && nextStop_ < stops_->stops().size()) {
+    nextStop_ = static_cast<std::size_t>(stops_->stops()[nextStop_].commandFrom);
+  }
+  return next();
 }
 
 inline bool TemplateWalk::find(EmitterNames names, LineMatch& match) const {

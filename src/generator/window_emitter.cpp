@@ -1,5 +1,7 @@
 #include "generator/window_emitter.h"
 
+#include <algorithm>
+
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "generator/generator_context.h"
@@ -50,53 +52,66 @@ WindowSize sizeWindow(float percentage, float bayArea, float templateHeight) {
   return size;
 }
 
-void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClass, int surfaceIndex,
-                bool courtyard) {
+bool WindowEmitter::writeAgain(Facade facade, bool streetSide, float templateHeight) {
+  const auto same = std::ranges::find_if(written_, [&](const Written& written) {
+    return written.facade == facade && written.streetSide == streetSide &&
+           written.templateHeight == templateHeight;
+  });
+  if (same == written_.end()) return false;
+  context_.writeAgain(same->from, same->to);
+  return true;
+}
+
+void WindowEmitter::emit(int orientationClass, int surfaceIndex, bool courtyard) {
   if (orientationClass < 0) {
-    context.report(
+    context_.report(
         std::string(
             "La versión actual del ZELTA no contempla ventanas en cubiertas o suelos"_cp1252),
-        context.currentLineNumber());
-    dropWindow(context);
+        context_.currentLineNumber());
+    dropWindow(context_);
     return;
   }
-  const TypologyRecord& typology = context.typology();
+  const TypologyRecord& typology = context_.typology();
   const Facade facade = facadeIndex(orientationClass);
   const float glazing =
       courtyard ? typology.porcentajePatio[facade] : typology.porcentajeFachada[facade];
   if (!(glazing > 0)) {
-    dropWindow(context);
+    dropWindow(context_);
     return;
   }
 
-  const long headerNumber = context.currentLineNumber();
-  context.writeCurrentLine();
-  const float templateHeight = context.dropKeysUntil(kWindowEnd, EmitterNames::kWindow);
-  context.writeKeyword("GLASS-TYPE", typology.ventanaVidrio);
-
+  const long headerNumber = context_.currentLineNumber();
+  context_.writeCurrentLine();
+  const float templateHeight = context_.dropKeysUntil(kWindowEnd, EmitterNames::kWindow);
   // Kept on purpose: a street window as tall as the storey takes the courtyard's data.
   const bool streetSide = !courtyard && templateHeight < kBayHeight;
-  const Bays bays = streetSide ? Bays{plan.superficieFachada[facade], plan.numHuecosFachada[facade],
-                                      typology.porcentajeFachada[facade]}
-                               : Bays{plan.superficiePatio[facade], plan.numHuecosPatio[facade],
-                                      typology.porcentajePatio[facade]};
+  if (writeAgain(facade, streetSide, templateHeight)) return;
+
+  const OutputLines::Mark begin = context_.mark();
+  context_.writeKeyword("GLASS-TYPE", typology.ventanaVidrio);
+  const Bays bays = streetSide
+                        ? Bays{plan_.superficieFachada[facade], plan_.numHuecosFachada[facade],
+                               typology.porcentajeFachada[facade]}
+                        : Bays{plan_.superficiePatio[facade], plan_.numHuecosPatio[facade],
+                               typology.porcentajePatio[facade]};
   if (bays.count == 0) {
     const std::string_view name =
-        context.plantilla().table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
-    context.reportAtLine(
+        context_.plantilla().table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
+    context_.reportAtLine(
         headerNumber,
         concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, facadeName(facade),
                streetSide ? "" : " del patio", ", que no tiene huecos en esta tipología"_cp1252));
-    context.writeLine("..");
+    context_.writeLine("..");
     return;
   }
   const float bayArea = bays.surface / static_cast<float>(bays.count);
   const WindowSize size = sizeWindow(bays.percentage, bayArea, templateHeight);
-  context.writeKeyword("X", size.x);
-  context.writeKeyword("Y", size.y);
-  context.writeKeyword("WIDTH", size.width);
-  context.writeKeyword("HEIGHT", size.height);
-  context.writeLine(typology.textoMarco);
-  context.writeLine(typology.textoSombra);
-  context.writeLine("..");
+  context_.writeKeyword("X", size.x);
+  context_.writeKeyword("Y", size.y);
+  context_.writeKeyword("WIDTH", size.width);
+  context_.writeKeyword("HEIGHT", size.height);
+  context_.writeLine(typology.textoMarco);
+  context_.writeLine(typology.textoSombra);
+  context_.writeLine("..");
+  written_.push_back({facade, streetSide, templateHeight, begin, context_.mark()});
 }

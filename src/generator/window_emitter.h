@@ -1,5 +1,10 @@
 #pragma once
 
+#include <vector>
+
+#include "core/output_lines.h"
+#include "typology/facade.h"
+
 class GeneratorContext;
 struct Plan;
 
@@ -17,9 +22,29 @@ struct WindowSize {
 /// throughout.
 WindowSize sizeWindow(float percentage, float bayArea, float templateHeight);
 
-/// Rewrites a WINDOW command, sized for the bays of `plan`, or removes it where its façade has no
-/// glazing. Called with the header in the current line. `surfaceIndex` is its row in the table;
-/// `courtyard` says that the window looks into the courtyard. Errors: a window in a roof or floor;
-/// a façade without bays, with the number of the header's line.
-void emitWindow(GeneratorContext& context, const Plan& plan, int orientationClass, int surfaceIndex,
-                bool courtyard);
+/// Writes the windows of a building, sized for the bays of `plan`; both must outlive it.
+class WindowEmitter {
+ public:
+  WindowEmitter(GeneratorContext& context, const Plan& plan) : context_(context), plan_(plan) {}
+
+  /// Rewrites a WINDOW command, or removes it where its façade has no glazing. Called with the
+  /// header in the current line. `surfaceIndex` is its row in the table; `courtyard` says that the
+  /// window looks into the courtyard. Errors: a window in a roof or floor; a façade without bays,
+  /// with the number of the header's line.
+  void emit(int orientationClass, int surfaceIndex, bool courtyard);
+
+ private:
+  /// What windows of one size are given; the next of them gets the same lines.
+  struct Written {
+    Facade facade;
+    bool streetSide;
+    float templateHeight;
+    OutputLines::Mark from, to;
+  };
+
+  bool writeAgain(Facade facade, bool streetSide, float templateHeight);
+
+  GeneratorContext& context_;
+  const Plan& plan_;
+  std::vector<Written> written_;
+};

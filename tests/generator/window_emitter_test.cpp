@@ -38,12 +38,11 @@ class WindowRun : public GeneratorRun {
     if (change) change(typology(), plan_);
     context().copyUntilCommand("WINDOW");
   }
-  void emit(int orientationClass, bool courtyard) {
-    emitWindow(context(), plan_, orientationClass, 0, courtyard);
-  }
+  void emit(int orientationClass, bool courtyard) { windows_.emit(orientationClass, 0, courtyard); }
 
  private:
   Plan plan_ = planOfBays();
+  WindowEmitter windows_{context(), plan_};
 };
 
 /// The output for a template that begins with a WINDOW command.
