@@ -257,26 +257,28 @@ void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
   prepared.typology = writeTypology(row, texts == nullptr ? std::string_view() : texts->bytes);
 }
 
-void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Outcome& outcome) const {
+void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, DwellingRoom& room,
+                     Outcome& outcome) const {
   const SharedTemplate& shared = *prepared.plantilla;
   outcome.fingerprint = prepared.refusedPrint;
   outcome.notes = notesCell(prepared.typology.notes, {});
   if (shared.fault) throw refusalOf(*shared.fault);
   std::optional<TypologyRecord> typology;
-  OutputLines lines;
+  room.lines.clear();
   const std::optional<Fault> fault = faultOf([&] {
     typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
     if (!prepared.ownFile) requireReadAsWritten(row, *typology);
     NoProgressBar bar;
-    generate(*shared.plantilla, *typology, lines, bar);
+    generate(*shared.plantilla, *typology, room.lines, bar);
   });
   outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology));
   if (fault) refuse(*fault, row, prepared);
-  outcome.measures = measuresOf(shared, *typology, lines);
+  outcome.measures = measuresOf(shared, *typology, room.lines);
   const std::string path = options_.folder + prepared.output;
   if (options_.keepTypologies && !prepared.ownFile)
     putInPlace(typologyOf(path), prepared.typology.bytes);
-  putInPlace(path, lines.text());
+  room.lines.copyTo(room.text);
+  putInPlace(path, room.text);
   outcome.output = prepared.output;
   outcome.fingerprint = prepared.fingerprint;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "check/checked_template.h"
+#include "core/output_lines.h"
 #include "generator/template.h"
 #include "report/original_building.h"
 #include "stock/note_codes.h"
@@ -55,6 +56,12 @@ struct PreparedDwelling {
   std::string refusedPrint;  // the same and where the row stands, which a refusal's place tells
 };
 
+/// Room for one dwelling, which the next one uses again. Each thread has its own.
+struct DwellingRoom {
+  OutputLines lines;
+  std::string text;
+};
+
 /// Makes dwellings of rows. Any number of threads share one; they share the templates and texts and
 /// nothing else. What goes wrong with a row becomes its outcome.
 class Dwellings {
@@ -66,7 +73,8 @@ class Dwellings {
   PreparedDwelling prepare(const ListRow& row, long number, bool repeated);
   /// Generates the building and puts it in its place. Throws Refusal, and DiskFault when the output
   /// cannot be written.
-  void make(const ListRow& row, const PreparedDwelling& prepared, Outcome& outcome) const;
+  void make(const ListRow& row, const PreparedDwelling& prepared, DwellingRoom& room,
+            Outcome& outcome) const;
   /// Makes sure that nothing stands where the output of a row would.
   void removeOutput(const std::string& output) const;
 

@@ -1,11 +1,11 @@
 #include "stock/journal.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <fstream>
 
 #include "core/concat.h"
+#include "core/numbers.h"
 #include "core/open_file.h"
 #include "core/paths.h"
 #include "stock/dwellings.h"
@@ -39,11 +39,10 @@ void Journal::put(const std::string& line) {
 }
 
 void Journal::addRow(std::string_view id, std::string_view state, double seconds) {
-  std::array<char, 32> digits{};
-  std::snprintf(digits.data(), digits.size(), "%.6f", seconds);
+  std::string digits = formatReal(static_cast<float>(seconds));
   std::ranges::replace(digits, '.', ',');
   const std::lock_guard lock(mutex_);
-  put(concat(id, ";", state, ";", digits.data(), "\r\n"));
+  put(concat(id, ";", state, ";", digits, "\r\n"));
 }
 
 void Journal::finish(const ShardEnd& end) {

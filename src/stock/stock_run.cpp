@@ -146,7 +146,8 @@ class StockRun {
   void work() {
     try {
       Ticket ticket;
-      while (!stop_ && !isInterrupted() && queue_.next(ticket)) workOn(ticket);
+      DwellingRoom room;
+      while (!stop_ && !isInterrupted() && queue_.next(ticket)) workOn(ticket, room);
     } catch (const DiskFault& fault) {
       stopFor(fault.message);
     } catch (const std::exception&) {
@@ -163,13 +164,13 @@ class StockRun {
     stop_ = true;
   }
 
-  void workOn(const Ticket& ticket) {
+  void workOn(const Ticket& ticket, DwellingRoom& room) {
     const auto start = Clock::now();
     const ListRow row(overview_.columns, ticket.record, options_.list);
     Outcome outcome;
     outcome.id = row.id();
     std::optional<PreparedDwelling> prepared;
-    const std::optional<State> before = carryOut(row, ticket, prepared, outcome);
+    const std::optional<State> before = carryOut(row, ticket, room, prepared, outcome);
     if (before) {
       count(*before, {}, {}, true);
       return;
@@ -183,7 +184,7 @@ class StockRun {
   }
 
   /// Fills the outcome; or gives the state of a row that was done before.
-  std::optional<State> carryOut(const ListRow& row, const Ticket& ticket,
+  std::optional<State> carryOut(const ListRow& row, const Ticket& ticket, DwellingRoom& room,
                                 std::optional<PreparedDwelling>& prepared, Outcome& outcome) {
     try {
       prepared = dwellings_.prepare(row, ticket.number, ticket.repeated);
@@ -192,7 +193,7 @@ class StockRun {
         return known->cells[kResultState] == wordOf(State::kCorrecta) ? State::kCorrecta
                                                                       : State::kRechazada;
       }
-      dwellings_.make(row, *prepared, outcome);
+      dwellings_.make(row, *prepared, room, outcome);
       outcome.state = State::kCorrecta;
     } catch (const Refusal& refusal) {
       outcome.state = State::kRechazada;
