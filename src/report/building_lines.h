@@ -4,6 +4,8 @@
 #include <optional>
 #include <string_view>
 
+#include "plan/plan.h"
+
 /// What a line of a building description says to who reads the building back; it does not depend on
 /// the lines around it.
 namespace report {
@@ -40,6 +42,11 @@ struct BuildingLine {
   CommandType type = CommandType::kOther;  // of a header
   Keyword keyword = Keyword::kVertex;      // of a keyword line
   std::string_view text;                   // a header's name without quotes, a keyword's value
+  // What the value of a keyword says.
+  bool isNumber = false;  // of a vertex: that it is one
+  float number = 0;
+  Vertex vertex{};
+  int edge = 0;  // the n of a location "EDGE-n"; 0 when it is none
 };
 
 /// Nothing for a line that says nothing: a comment, an empty line, a keyword of no interest.

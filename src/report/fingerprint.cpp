@@ -13,4 +13,8 @@ std::string fingerprint(std::string_view bytes) {
   return text;
 }
 
+std::size_t TextHash::operator()(std::string_view text) const {
+  return XXH3_64bits(text.data(), text.size());
+}
+
 }  // namespace report

@@ -1,88 +1,27 @@
 #include "report/generated_building.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 #include <numeric>
 #include <optional>
 #include <unordered_map>
 
-#include "core/numbers.h"
 #include "core/output_lines.h"
+#include "report/fingerprint.h"
+#include "report/read_command.h"
 
 namespace report {
 
 namespace {
 
-std::optional<double> readReal(std::string_view digits) {
-  float number = 0;
-  if (!scanReal(digits, number)) return std::nullopt;
-  return number;
-}
-
 constexpr Count kMostOften = 2'147'483'647;
 
-/// A command on its way to the building: its keywords are those that count, each the first time.
-struct Command {
-  CommandType type = CommandType::kOther;
-  std::string_view name;
-  const Named* named = nullptr;
-  std::array<std::string_view, kSingleKeywords> values{};
-  std::vector<std::string_view> vertices;
-  bool open = false;  // its ".." is still to come
+using Line = OriginalBuilding::Line;
 
-  void begin(const BuildingLine& header, const Named& itsName) {
-    type = header.type;
-    name = header.text;
-    named = &itsName;
-    values = {};
-    vertices.clear();
-    open = true;
-  }
-  void add(const BuildingLine& line) {
-    if (line.keyword == Keyword::kVertex) {
-      vertices.push_back(line.text);
-    } else if (auto& first = values[static_cast<std::size_t>(line.keyword)];
-               first.data() == nullptr) {
-      first = line.text;
-    }
-  }
-  std::string_view value(Keyword keyword) const {
-    return values[static_cast<std::size_t>(keyword)];
-  }
-  std::optional<double> real(Keyword keyword) const { return readReal(value(keyword)); }
-};
-
-Count multiplierOf(const Command& command) {
+Count multiplierOf(const ReadCommand& command) {
   const double value = command.real(Keyword::kMultiplier).value_or(1);
   if (!(value >= 1)) return 1;
   return std::llround(std::min(value, static_cast<double>(kMostOften)));
-}
-
-/// The n of "EDGE-n"; 0 when it is none.
-int edgeNumber(std::string_view location) {
-  constexpr std::string_view kEdge = "EDGE-";
-  if (!location.starts_with(kEdge)) return 0;
-  const std::string_view digits = location.substr(kEdge.size());
-  int number = 0;
-  std::from_chars(digits.data(), digits.data() + digits.size(), number);
-  return number;
-}
-
-/// The points of a POLYGON; those that are none are left out.
-Vertices verticesOf(const Command& polygon) {
-  Vertices vertices;
-  vertices.reserve(polygon.vertices.size());
-  for (const std::string_view value : polygon.vertices) {
-    const std::size_t open = value.find('(');
-    const std::size_t comma = value.find(',');
-    if (open >= comma || comma == std::string_view::npos) continue;
-    const auto x = readReal(trimmed(value.substr(open + 1, comma - open - 1)));
-    const auto y = readReal(trimmed(value.substr(comma + 1)));
-    if (x && y) vertices.push_back({static_cast<float>(*x), static_cast<float>(*y)});
-  }
-  return vertices;
 }
 
 /// The first hourly value of the schedule that the run rewrote.
@@ -118,27 +57,40 @@ std::string_view withoutTypology(std::string_view output, std::string_view typol
   return output;
 }
 
+/// An edge of a polygon: what all walls on it have in common.
+struct Edge {
+  Vertex from, to;
+  Facade side = kSouth;
+  double length = 0;
+  bool courtyard = false;
+};
+
 struct Polygon {
-  Vertices vertices;
+  bool there = false;
   int outline = -1;
+  double area = 0;
+  std::vector<Edge> edges;
 };
 
 class BuildingReader {
  public:
-  BuildingReader(const OriginalBuilding& original, const Plan& plan)
+  BuildingReader(const OriginalBuilding& original, const Plan& plan, Names names)
       : original_(original),
+        keepsNames_(names == Names::kKept),
         outlines_(plan.outlines.size()),
-        windowsSeen_(original.windows().size(), false) {
+        windowsSeen_(original.windows().size(), false),
+        polygons_(original.polygons()) {
     building_.bays = bays(PlanCells(plan));
+    building_.surfaces.reserve(original.surfaces());
+    building_.windows.reserve(original.windows().size());
   }
 
+  /// Lines that the run has put together. Many pieces are there again and again, and read once.
   void readText(std::string_view text) {
-    forEachLine(text, [this](std::size_t, std::string_view bytes) {
-      const std::optional<BuildingLine> line = readBuildingLine(bytes);
-      if (!line) return;
-      const bool header = line->kind == BuildingLine::Kind::kHeader;
-      take(*line, header ? &original_.named(line->text) : nullptr);
-    });
+    if (text.empty()) return;
+    const auto [known, isNew] = pieces_.try_emplace(text);
+    if (isNew) known->second = original_.linesOf(text);
+    for (const Line& line : known->second) take(line);
   }
 
   /// The same for lines of the template, which have been read before; ever further on.
@@ -148,7 +100,7 @@ class BuildingReader {
     while (nextCopied_ < known.size() && known[nextCopied_].begin < begin) ++nextCopied_;
     for (; nextCopied_ < known.size() && known[nextCopied_].begin < begin + lines.size();
          ++nextCopied_) {
-      take(known[nextCopied_].line, known[nextCopied_].named);
+      take(known[nextCopied_]);
     }
   }
 
@@ -159,25 +111,27 @@ class BuildingReader {
   }
 
  private:
-  void take(const BuildingLine& line, const Named* named) {
-    switch (line.kind) {
+  void take(const Line& line) {
+    switch (line.line.kind) {
       case BuildingLine::Kind::kHeader:
         endCommand();
-        command_.begin(line, *named);
-        if (named->window >= 0) windowsSeen_[static_cast<std::size_t>(named->window)] = true;
+        command_.begin(line);
+        if (line.named->window >= 0) {
+          windowsSeen_[static_cast<std::size_t>(line.named->window)] = true;
+        }
         break;
       case BuildingLine::Kind::kKeyword:
-        if (command_.open) command_.add(line);
+        command_.add(line);
         break;
       case BuildingLine::Kind::kEnd:
-        command_.open = false;
+        command_.end();
         break;
     }
   }
 
   /// What the last command has become; its keywords are all there.
   void endCommand() {
-    switch (command_.type) {
+    switch (command_.type()) {
       case CommandType::kPolygon:
         addPolygon(command_);
         break;
@@ -199,15 +153,34 @@ class BuildingReader {
     }
   }
 
-  void addPolygon(const Command& command) {
-    const int index = static_cast<int>(polygons_.size());
-    polygons_.try_emplace(command.name, Polygon{verticesOf(command),
-                                                index < static_cast<int>(outlines_) ? index : -1});
+  /// Of polygons of one name the first counts.
+  void addPolygon(const ReadCommand& command) {
+    Polygon& polygon = command.named().polygon >= 0
+                           ? polygons_[static_cast<std::size_t>(command.named().polygon)]
+                           : otherPolygons_[command.name()];
+    if (polygon.there) return;
+    polygon.there = true;
+    if (polygonsRead_ < outlines_) polygon.outline = static_cast<int>(polygonsRead_);
+    ++polygonsRead_;
+    polygon.area = areaOf(command.vertices());
+    const std::size_t count = command.vertices().size();
+    for (std::size_t i = 0; i < count; ++i) {
+      const Vertex& a = command.vertices()[i];
+      const Vertex& b = command.vertices()[(i + 1) % count];
+      const int number = static_cast<int>(i) + 1;
+      const auto bay = std::ranges::find_if(building_.bays, [&](const Bay& each) {
+        return each.outline == polygon.outline && each.edge == number;
+      });
+      polygon.edges.push_back(
+          {a, b, sideOf(a, b),
+           std::hypot(static_cast<double>(b.x) - a.x, static_cast<double>(b.y) - a.y),
+           bay != building_.bays.end() && bay->courtyard});
+    }
   }
 
-  void addFloor(const Command& command) {
+  void addFloor(const ReadCommand& command) {
     WrittenFloor floor;
-    floor.name = command.name;
+    if (keepsNames_) floor.name = command.name();
     floor.height = command.real(Keyword::kFloorHeight).value_or(0);
     floor.multiplier = multiplierOf(command);
     floor.level = building_.height();
@@ -216,83 +189,86 @@ class BuildingReader {
     wall_ = -1;
   }
 
-  void addSpace(const Command& command) {
+  void addSpace(const ReadCommand& command) {
     inSpace_ = !building_.floors.empty();
     wall_ = -1;
     if (!inSpace_) return;
     WrittenSpace space;
-    space.name = command.name;
+    if (keepsNames_) space.name = command.name();
     space.floor = static_cast<int>(building_.floors.size()) - 1;
     space.height = command.real(Keyword::kHeight).value_or(building_.floors.back().height);
     space.multiplier =
         std::min(multiplierOf(command) * building_.floors.back().multiplier, kMostOften);
-    polygon_ = polygonOf(command.value(Keyword::kPolygon));
+    polygon_ = polygonOf(command);
     if (polygon_ != nullptr) {
       space.outline = polygon_->outline;
-      space.area = areaOf(polygon_->vertices);
+      space.area = polygon_->area;
     }
-    const Zone* const zone = command.named->zone;
+    const Zone* const zone = command.named().zone;
     space.counted = zone != nullptr && zone->flag != 0;
     building_.spaces.push_back(std::move(space));
   }
 
-  const Polygon* polygonOf(std::string_view name) const {
-    const auto found = polygons_.find(unquoted(name));
-    return found == polygons_.end() ? nullptr : &found->second;
+  /// The one that a command names; null when it has not been there.
+  const Polygon* polygonOf(const ReadCommand& command) const {
+    const Line* const line = command.find(Keyword::kPolygon);
+    if (line == nullptr) return nullptr;
+    if (line->named->polygon >= 0) {
+      const Polygon& polygon = polygons_[static_cast<std::size_t>(line->named->polygon)];
+      return polygon.there ? &polygon : nullptr;
+    }
+    const auto found = otherPolygons_.find(unquoted(line->line.text));
+    return found == otherPolygons_.end() ? nullptr : &found->second;
   }
 
-  void addSurface(const Command& command) {
+  void addSurface(const ReadCommand& command) {
     if (!inSpace_) return;
     const WrittenSpace& space = building_.spaces.back();
-    WrittenSurface surface;
-    surface.construction = unquoted(command.value(Keyword::kConstruction));
+    WrittenSurface& surface = building_.surfaces.emplace_back();
+    wall_ = static_cast<int>(building_.surfaces.size()) - 1;
+    if (keepsNames_) {
+      surface.construction = unquoted(command.value(Keyword::kConstruction));
+      surface.nextTo = unquoted(command.value(Keyword::kNextTo));
+    }
     surface.space = static_cast<int>(building_.spaces.size()) - 1;
     surface.multiplier = space.multiplier;
-    surface.nextTo = unquoted(command.value(Keyword::kNextTo));
-    const std::string_view location = command.value(Keyword::kLocation);
-    if (const int edge = edgeNumber(location); edge > 0) {
-      placeOnEdge(surface, command, edge);
-    } else if (location == "TOP" || location == "BOTTOM") {
-      const Polygon* own = polygonOf(command.value(Keyword::kPolygon));
-      surface.area = own != nullptr ? areaOf(own->vertices) : space.area;
-      surface.kind = command.type == CommandType::kInteriorWall ? SurfaceKind::kSlab
-                     : location == "TOP"                        ? SurfaceKind::kRoof
-                                                                : SurfaceKind::kGround;
+    const Line* const location = command.find(Keyword::kLocation);
+    const std::string_view where = location == nullptr ? std::string_view() : location->line.text;
+    if (location != nullptr && location->line.edge > 0) {
+      placeOnEdge(surface, command, location->line.edge);
+    } else if (where == "TOP" || where == "BOTTOM") {
+      const Polygon* const own = polygonOf(command);
+      surface.area = own != nullptr ? own->area : space.area;
+      surface.kind = command.type() == CommandType::kInteriorWall ? SurfaceKind::kSlab
+                     : where == "TOP"                             ? SurfaceKind::kRoof
+                                                                  : SurfaceKind::kGround;
     } else if (const auto area = command.real(Keyword::kArea)) {
       surface.area = *area;
       surface.kind =
-          command.type == CommandType::kInteriorWall ? SurfaceKind::kInner : SurfaceKind::kOther;
+          command.type() == CommandType::kInteriorWall ? SurfaceKind::kInner : SurfaceKind::kOther;
     }
-    wall_ = static_cast<int>(building_.surfaces.size());
-    building_.surfaces.push_back(std::move(surface));
   }
 
-  void placeOnEdge(WrittenSurface& surface, const Command& command, int edge) {
+  void placeOnEdge(WrittenSurface& surface, const ReadCommand& command, int edge) {
     const WrittenSpace& space = building_.spaces.back();
-    if (polygon_ == nullptr || edge > static_cast<int>(polygon_->vertices.size())) return;
-    const auto from = static_cast<std::size_t>(edge) - 1;
-    const Vertex& a = polygon_->vertices[from];
-    const Vertex& b = polygon_->vertices[(from + 1) % polygon_->vertices.size()];
-    surface.side = sideOf(a, b);
-    surface.x0 = a.x, surface.y0 = a.y, surface.x1 = b.x, surface.y1 = b.y;
-    surface.area = std::hypot(surface.x1 - surface.x0, surface.y1 - surface.y0) * space.height;
-    if (command.type == CommandType::kInteriorWall) {
+    if (polygon_ == nullptr || edge > static_cast<int>(polygon_->edges.size())) return;
+    const Edge& on = polygon_->edges[static_cast<std::size_t>(edge) - 1];
+    surface.side = on.side;
+    surface.x0 = on.from.x, surface.y0 = on.from.y, surface.x1 = on.to.x, surface.y1 = on.to.y;
+    surface.area = on.length * space.height;
+    if (command.type() == CommandType::kInteriorWall) {
       surface.kind = SurfaceKind::kPartition;
       return;
     }
-    const Surface* const row = command.named->surface;
+    const Surface* const row = command.named().surface;
     if (row != nullptr && row->kind == -2) {
       surface.kind = SurfaceKind::kParty;
       return;
     }
-    const auto bay = std::ranges::find_if(building_.bays, [&](const Bay& each) {
-      return each.outline == space.outline && each.edge == edge;
-    });
-    surface.kind = bay != building_.bays.end() && bay->courtyard ? SurfaceKind::kCourtyard
-                                                                 : SurfaceKind::kFacade;
+    surface.kind = on.courtyard ? SurfaceKind::kCourtyard : SurfaceKind::kFacade;
   }
 
-  void addWindow(const Command& command) {
+  void addWindow(const ReadCommand& command) {
     if (wall_ < 0) return;
     WrittenWindow window;
     window.wall = wall_;
@@ -301,16 +277,21 @@ class BuildingReader {
     window.width = command.real(Keyword::kWidth).value_or(0);
     window.height = command.real(Keyword::kHeight).value_or(0);
     window.multiplier = building_.surfaces.back().multiplier;
-    window.takesCourtyard = command.name.find("Med") != std::string_view::npos;
-    window.storeyHigh = command.named->window >= 0 && originalOf(command).storeyHigh;
+    if (command.named().window >= 0) {
+      const OriginalWindow& original = originalOf(command);
+      window.takesCourtyard = original.courtyard;
+      window.storeyHigh = original.storeyHigh;
+    } else {
+      window.takesCourtyard = command.name().find("Med") != std::string_view::npos;
+    }
     // A wall with windows is a façade, whatever its construction.
     WrittenSurface& wall = building_.surfaces.back();
     if (wall.kind == SurfaceKind::kParty) wall.kind = SurfaceKind::kFacade;
     building_.windows.push_back(window);
   }
 
-  const OriginalWindow& originalOf(const Command& window) const {
-    return original_.windows()[static_cast<std::size_t>(window.named->window)];
+  const OriginalWindow& originalOf(const ReadCommand& window) const {
+    return original_.windows()[static_cast<std::size_t>(window.named().window)];
   }
 
   void countLost() {
@@ -322,12 +303,16 @@ class BuildingReader {
   }
 
   const OriginalBuilding& original_;
+  bool keepsNames_;
   std::size_t outlines_;
   std::size_t nextCopied_ = 0;     // of the template's lines
   std::vector<bool> windowsSeen_;  // of the template's
-  Command command_;
+  ReadCommand command_;
   GeneratedBuilding building_;
-  std::unordered_map<std::string_view, Polygon> polygons_;
+  std::unordered_map<std::string_view, std::vector<Line>, TextHash> pieces_;  // put together
+  std::vector<Polygon> polygons_;                                             // of the template
+  std::unordered_map<std::string_view, Polygon> otherPolygons_;
+  std::size_t polygonsRead_ = 0;
   const Polygon* polygon_ = nullptr;  // of the space
   bool inSpace_ = false;
   int wall_ = -1;
@@ -353,8 +338,8 @@ double GeneratedBuilding::height() const {
 }
 
 GeneratedBuilding readBuilding(const OutputLines& output, std::string_view typologyText,
-                               const OriginalBuilding& original, const Plan& plan) {
-  BuildingReader reader(original, plan);
+                               const OriginalBuilding& original, const Plan& plan, Names names) {
+  BuildingReader reader(original, plan, names);
   output.handOver([&](std::string_view lines, OutputLines::Origin origin) {
     switch (origin) {
       case OutputLines::Origin::kCopied:
@@ -377,7 +362,7 @@ GeneratedBuilding readBuilding(std::string_view output, std::string_view typolog
                                const Plan& plan) {
   output = withoutTypology(output, typologyText);
   const OriginalBuilding known(original, table);
-  BuildingReader reader(known, plan);
+  BuildingReader reader(known, plan, Names::kKept);
   reader.readText(output);
   GeneratedBuilding building = reader.finish();
   const std::vector<WrittenCommand> before = readCommands(original);

@@ -91,11 +91,15 @@ struct GeneratedBuilding {
   double height() const;
 };
 
+/// Whether a building's floors, spaces and surfaces get the names that they have and refer to: the
+/// measures of the whole need none of them.
+enum class Names { kKept, kLeftOut };
+
 /// Reads what a run of a typology, whose bytes are `typologyText`, put together: `output` is of a
 /// template that is used often, the one that `original` was read from. What compares the two is
 /// left out: `commands` and `nightFactor`.
 GeneratedBuilding readBuilding(const OutputLines& output, std::string_view typologyText,
-                               const OriginalBuilding& original, const Plan& plan);
+                               const OriginalBuilding& original, const Plan& plan, Names names);
 
 /// The same from texts. `output`: what the run wrote, with `typologyText` at its end; `original`:
 /// the template's text; `plan`: of the typology.

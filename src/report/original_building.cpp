@@ -1,6 +1,7 @@
 #include "report/original_building.h"
 
-#include "core/numbers.h"
+#include <algorithm>
+
 #include "generator/orientation.h"
 #include "report/written_commands.h"
 
@@ -9,6 +10,16 @@ namespace report {
 namespace {
 
 constexpr float kStorey = 3.0F;  // m, of a window that takes the courtyard's data
+
+/// Gives `take` each line of `text`, with where it begins.
+template <typename Take>
+void forEachLine(std::string_view text, const Take& take) {
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    take(begin, text.substr(begin, end - begin));
+    begin = end + 1;
+  }
+}
 
 }  // namespace
 
@@ -24,9 +35,21 @@ OriginalBuilding::OriginalBuilding(std::string_view text, const TableFile& table
   forEachLine(text, [this](std::size_t begin, std::string_view line) {
     if (const auto read = readBuildingLine(line)) lines_.push_back({begin, *read, nullptr});
   });
+  addNames();
   addWindows();
-  for (Line& line : lines_) {
-    if (line.line.kind == BuildingLine::Kind::kHeader) line.named = &named(line.line.text);
+  for (Line& line : lines_) findNamed(line);
+}
+
+void OriginalBuilding::addNames() {
+  for (const Line& each : lines_) {
+    if (each.line.kind != BuildingLine::Kind::kHeader) continue;
+    if (each.line.type == CommandType::kPolygon) {
+      int& polygon = names_[each.line.text].polygon;
+      if (polygon < 0) polygon = static_cast<int>(polygons_++);
+    }
+    const bool isSurface =
+        each.line.type == CommandType::kInteriorWall || each.line.type == CommandType::kOtherWall;
+    if (isSurface) ++surfaces_;
   }
 }
 
@@ -48,9 +71,7 @@ void OriginalBuilding::addWindows() {
       window.looksOut = orientation >= 0;
       if (window.looksOut) window.side = facadeIndex(orientation);
     } else if (heightless != nullptr && line.keyword == Keyword::kHeight) {
-      std::string_view digits = line.text;
-      float height = 0;
-      heightless->storeyHigh = scanReal(digits, height) && height >= kStorey;
+      heightless->storeyHigh = line.isNumber && line.number >= kStorey;
       heightless = nullptr;
     }
   }
@@ -60,6 +81,22 @@ const Named& OriginalBuilding::named(std::string_view name) const {
   static const Named kNothing;
   const auto found = names_.find(name);
   return found == names_.end() ? kNothing : found->second;
+}
+
+void OriginalBuilding::findNamed(Line& line) const {
+  if (line.line.kind == BuildingLine::Kind::kHeader) line.named = &named(line.line.text);
+  if (line.line.kind == BuildingLine::Kind::kKeyword && line.line.keyword == Keyword::kPolygon) {
+    line.named = &named(unquoted(line.line.text));
+  }
+}
+
+std::vector<OriginalBuilding::Line> OriginalBuilding::linesOf(std::string_view text) const {
+  std::vector<Line> lines;
+  forEachLine(text, [&](std::size_t begin, std::string_view bytes) {
+    const std::optional<BuildingLine> read = readBuildingLine(bytes);
+    if (read) findNamed(lines.emplace_back(Line{begin, *read, nullptr}));
+  });
+  return lines;
 }
 
 }  // namespace report

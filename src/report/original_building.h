@@ -18,7 +18,8 @@ namespace report {
 struct Named {
   const Surface* surface = nullptr;
   const Zone* zone = nullptr;
-  int window = -1;  // index into the template's windows
+  int window = -1;   // index into the template's windows
+  int polygon = -1;  // number among the template's polygons
 };
 
 /// A window of the template.
@@ -32,11 +33,11 @@ struct OriginalWindow {
 
 class OriginalBuilding {
  public:
-  /// A line of the template that says something.
+  /// A line that says something, of the template or of a building made of it.
   struct Line {
     std::size_t begin = 0;  // in the text
     BuildingLine line;
-    const Named* named = nullptr;  // of a header
+    const Named* named = nullptr;  // what a header or a POLYGON keyword names
   };
 
   /// `text`: the template's; it and the table must outlive this object.
@@ -44,29 +45,27 @@ class OriginalBuilding {
   OriginalBuilding(const OriginalBuilding&) = delete;
   OriginalBuilding& operator=(const OriginalBuilding&) = delete;
 
-  const Named& named(std::string_view name) const;
   const std::vector<OriginalWindow>& windows() const { return windows_; }
+  std::size_t polygons() const { return polygons_; }
+  std::size_t surfaces() const { return surfaces_; }
   std::string_view text() const { return text_; }
   /// In the order of the text.
   const std::vector<Line>& lines() const { return lines_; }
+  /// The lines of a text that was made of the template.
+  std::vector<Line> linesOf(std::string_view text) const;
 
  private:
+  void addNames();
   void addWindows();
+  const Named& named(std::string_view name) const;
+  void findNamed(Line& line) const;
 
   std::string_view text_;
   std::unordered_map<std::string_view, Named> names_;
   std::vector<OriginalWindow> windows_;
+  std::size_t polygons_ = 0;  // of different names
+  std::size_t surfaces_ = 0;  // commands
   std::vector<Line> lines_;
 };
-
-/// Gives `take` each line of `text`, with where it begins.
-template <typename Take>
-void forEachLine(std::string_view text, const Take& take) {
-  for (std::size_t begin = 0; begin < text.size();) {
-    const std::size_t end = std::min(text.find('\n', begin), text.size());
-    take(begin, text.substr(begin, end - begin));
-    begin = end + 1;
-  }
-}
 
 }  // namespace report

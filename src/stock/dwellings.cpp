@@ -95,8 +95,8 @@ BuildingMeasures measuresOf(const SharedTemplate& shared, const TypologyRecord& 
       {typology.tipo, typology.areaPlanta, typology.areaPatio, typology.areaEscalera,
        typology.longitudFachada, typology.profundidadPatio, typology.profundidadEscalera});
   const Plan& plan = std::get<Plan>(result);  // a building that was generated has one
-  const report::GeneratedBuilding building =
-      report::readBuilding(output, typology.textoTipologia(), *shared.original, plan);
+  const report::GeneratedBuilding building = report::readBuilding(
+      output, typology.textoTipologia(), *shared.original, plan, report::Names::kLeftOut);
   return {typology.tipo, report::measure(building, plan,
                                          {typology.porcentajeFachada, typology.porcentajePatio,
                                           static_cast<double>(typology.orientacion)})};

@@ -168,12 +168,15 @@ TEST(BuildingReport, ABuildingReadFromItsLinesIsTheOneReadFromItsText) {
     ASSERT_EQ(run.output, lines.text());
     const report::OriginalBuilding original(often.copiedText(), often.table());
     report::Report other = run.report;
-    other.building =
-        report::readBuilding(lines, run.typology->textoTipologia(), original, run.plan());
+    const auto read = [&](report::Names names) {
+      return report::readBuilding(lines, run.typology->textoTipologia(), original, run.plan(),
+                                  names);
+    };
+    other.building = read(report::Names::kKept);
     other.building->commands = run.building().commands;
     other.building->nightFactor = run.building().nightFactor;
     other.measures =
-        report::measure(*other.building, run.plan(),
+        report::measure(read(report::Names::kLeftOut), run.plan(),
                         {run.typology->porcentajeFachada, run.typology->porcentajePatio,
                          static_cast<double>(run.typology->orientacion)});
     other.measures->spaces = report::measureSpaces(*other.building, run.plan());
