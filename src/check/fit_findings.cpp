@@ -262,18 +262,20 @@ class Fit {
     if (!(percentage > 0) || !std::isfinite(percentage)) return false;
     const double height = typology_.alturaPlanta;
     const double head = percentage > 100 ? kStoreyOfSizing : headOf(percentage);
-    const std::string which = concat(" de la fachada ", facade, " (", shown(percentage), " %)");
+    const auto which = [&] {
+      return concat(" de la fachada ", facade, " (", shown(percentage), " %)");
+    };
     if (percentage > 100) {
       note(Code::kVentanaLimitada, keyword, percentage,
-           concat("La ventana", which, " queda limitada al paño entero"_cp1252));
+           concat("La ventana", which(), " queda limitada al paño entero"_cp1252));
     }
     if (windowHeight(percentage) > height) {
       note(Code::kVentanaMasAlta, keyword, percentage,
-           concat("La ventana", which, " mide ", shown(windowHeight(percentage)),
+           concat("La ventana", which(), " mide ", shown(windowHeight(percentage)),
                   " m de alto y la planta ", shown(height), " m"));
     } else if (head > height) {
       note(Code::kVentanaSobreElTecho, keyword, percentage,
-           concat("El dintel de la ventana", which, " queda a ", shown(head), " m y el techo a ",
+           concat("El dintel de la ventana", which(), " queda a ", shown(head), " m y el techo a ",
                   shown(height), " m"));
     }
     return true;
