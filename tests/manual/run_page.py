@@ -8,8 +8,11 @@ and standard error in one; a last line "? N" is an exit status other than 0. The
 in order in one folder that holds the sample buildings, with the program on the path, in English and
 UTC. Output that is not UTF-8 is taken as Windows-1252. --update rewrites what is printed.
 
-Blocks of `sh` are not run and say why in a comment before them: <!-- no se ejecuta: ... -->. Every
-other block of the page must be one that shows a file or a text. Exit status 1 if anything is not so.
+Any other block but `sh` shows a file or a text. With a comment before it, <!-- fichero: NAME -->, it
+is written into that file, for the blocks that follow. Blocks of `sh` are not run and say why in a
+comment before them: <!-- no se ejecuta: ... -->. What varies from one time to another is printed
+as its name, [TIEMPO]. Between <!-- cifras: PAGE --> and <!-- fin --> every number is one of that
+page. Exit status 1 if anything is not so.
 """
 
 import argparse
@@ -24,7 +27,15 @@ from pathlib import Path
 
 BLOCK = re.compile(r"(?P<before>[^\n]*\n)```(?P<kind>[^\n]*)\n(?P<body>.*?)```(?=\n)", re.S)
 COMMAND = re.compile(r"^\$ (.*(?:\\\n.*)*)\n", re.M)
-SHOWN = {"tip", "text", "bdl", "csv", "json"}
+SHOWN = {"tip", "text", "bdl", "csv", "json", "ini"}
+FILE = re.compile(r"<!-- fichero: (\S+) -->\n")
+FIGURES = re.compile(r"<!-- cifras: (\S+) -->\n(.*?)<!-- fin -->", re.S)
+NUMBER = re.compile(r"\d+(?:[.,]\d+)?")
+VARYING = (
+    (re.compile(r"^\d+,\d s, \d+ por segundo$", re.M), "[TIEMPO] s, [VIVIENDAS] por segundo"),
+    (re.compile(r"^tip2bdl-cli \d+\.\d+\.\d+\ncommit \w+\+?, .*$", re.M),
+     "tip2bdl-cli [VERSIÓN]\ncommit [COMMIT], [COMPILADOR]"),
+)
 REASON = re.compile(r"<!-- no se ejecuta: \S.*-->\n")
 
 
@@ -55,11 +66,13 @@ class Console:
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, timeout=60, check=False)
         try:
-            text = done.stdout.decode("utf-8")
+            text = done.stdout.decode("utf-8-sig")
         except UnicodeDecodeError:
             text = done.stdout.decode("cp1252")
         if text and not text.endswith("\n"):
             text += "\n"
+        for varying, name in VARYING:
+            text = varying.sub(name, text)
         return text + (f"? {done.returncode}\n" if done.returncode else "")
 
 
@@ -68,9 +81,18 @@ def ran(body, console):
     return "".join(f"$ {command}\n{console.run(command)}" for command in COMMAND.findall(body))
 
 
+def figures(page, text):
+    """Faults of numbers that the page which they are said to come from has not."""
+    for source, part in FIGURES.findall(text):
+        known = set(NUMBER.findall((page.parent / source).read_text(encoding="utf-8")))
+        for number in NUMBER.findall(part):
+            if number.replace(",", ".") not in known:
+                yield f"{page.name}: {number} is not in {source}"
+
+
 def check(page, options):
     text = page.read_text(encoding="utf-8")
-    faults, pieces, at, blocks = [], [], 0, 0
+    faults, pieces, at, blocks = list(figures(page, text)), [], 0, 0
     console = Console(options.program, options.samples)
     for block in BLOCK.finditer(text):
         kind, body = block["kind"], block["body"]
@@ -96,6 +118,9 @@ def check(page, options):
             faults.append(f"{page.name}:{line}: does not say why it is not run")
         elif kind != "sh" and kind not in SHOWN:
             faults.append(f"{page.name}:{line}: a block of no known kind: '{kind}'")
+        if file := FILE.fullmatch(block["before"]):
+            console.have(body)
+            (console.folder / file[1]).write_text(body, encoding="utf-8")
     pieces.append(text[at:])
     console.close()
     if text.count("```") != 2 * len(BLOCK.findall(text)):
