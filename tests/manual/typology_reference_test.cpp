@@ -1,34 +1,27 @@
 #include <gtest/gtest.h>
 
-#include <charconv>
-#include <cstdlib>
+#include <algorithm>
+#include <filesystem>
 #include <map>
 #include <string>
 #include <variant>
+#include <vector>
 
 #include "core/concat.h"
+#include "manual/manual_page.h"
 #include "plan/families.h"
 #include "plan/ordinary_plan.h"
 #include "report/plan_drawing.h"
-#include "support/temporary_folder.h"
 #include "typology/tipo.h"
 #include "typology/vivienda_keywords.h"
 
-// The facts of the manual's reference of the typology file are those of the program's tables. With
-// TIP2BDL_UPDATE_GOLDENS in the environment the tables of the page are written anew.
+// The facts of the manual's reference of the typology file are those of the program's tables.
 
 namespace {
 
 using R = TypologyRecord;
 
-const char* const kPage = SOURCE_FOLDER "/docs/manual/tipologia.md";
-
-std::string shortest(float value) {
-  char digits[32];
-  return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
-}
-
-std::string code(std::string_view text) { return concat("`", text, "`"); }
+constexpr std::string_view kPage = "tipologia.md";
 
 /// "1 a 9, 13": the numbers for which `holds`.
 template <typename Predicate>
@@ -166,32 +159,56 @@ std::string measureTable() {
   return table;
 }
 
-/// Compares the table of that name on the page, or writes it.
-void expectTable(std::string_view name, const std::string& table) {
-  const std::string begin = concat("<!-- tabla: ", name, " -->\n");
-  std::string page = readFile(kPage);
-  const std::size_t from = page.find(begin);
-  ASSERT_NE(std::string::npos, from) << name;
-  const std::size_t to = page.find("<!-- fin -->", from);
-  ASSERT_NE(std::string::npos, to) << name;
-  const std::size_t body = from + begin.size();
-  if (std::getenv("TIP2BDL_UPDATE_GOLDENS") != nullptr) {
-    writeFile(kPage, page.replace(body, to - body, table));
-    return;
+/// The plan of the sample of a number, from the page's folder.
+std::string planOf(int tipo) {
+  const std::string goldens = SOURCE_FOLDER "/tests/golden";
+  const std::string file =
+      concat("tipo-", tipo < 10 ? "0" : "", std::to_string(tipo), ".plano.svg");
+  for (const auto& folder : std::filesystem::directory_iterator(goldens)) {
+    if (std::filesystem::exists(folder.path() / file))
+      return concat("../../tests/golden/", folder.path().filename().string(), "/", file);
   }
-  EXPECT_EQ(table, page.substr(body, to - body)) << "update with scripts/update-goldens";
+  ADD_FAILURE() << "no plan: " << file;
+  return {};
+}
+
+/// Three in a row: by their counts, those of a family stand side by side.
+std::string planTable() {
+  std::vector<int> tipos;
+  for (int first = 1; first <= kLastTipo; ++first) {
+    if (std::ranges::count(tipos, first) != 0) continue;
+    for (int tipo = first; tipo <= kLastTipo; ++tipo) {
+      if (tipoRow(tipo).family == tipoRow(first).family) tipos.push_back(tipo);
+    }
+  }
+  tipos.resize((tipos.size() + 2) / 3 * 3);
+  std::string table = "| | | |\n|---|---|---|\n";
+  for (std::size_t i = 0; i < tipos.size(); ++i) {
+    const std::string number = std::to_string(tipos[i]);
+    if (tipos[i] != 0) {
+      table +=
+          concat("| <img src=\"", planOf(tipos[i]), "\" alt=\"Plano del tipo ", number,
+                 "\" width=\"250\"><br>**", number, "**: ", report::familyTitle(tipos[i]), " ");
+    } else {
+      table += "| ";
+    }
+    if (i % 3 == 2) table += "|\n";
+  }
+  return table;
 }
 
 }  // namespace
 
 TEST(TypologyReferenceGolden, EveryKeywordStandsThereWithItsFacts) {
-  expectTable("datos", keywordTable());
+  expectTable(kPage, "datos", keywordTable());
 }
 
 TEST(TypologyReferenceGolden, EveryNumberStandsThereWithItsBuilding) {
-  expectTable("edificios", buildingTable());
+  expectTable(kPage, "edificios", buildingTable());
 }
 
 TEST(TypologyReferenceGolden, EveryMeasureStandsThereWithItsRange) {
-  expectTable("medidas", measureTable());
+  expectTable(kPage, "medidas", measureTable());
 }
+
+TEST(TypologyReferenceGolden, EveryNumberHasItsPlan) { expectTable(kPage, "planos", planTable()); }
