@@ -36,32 +36,79 @@ if(TARGET tip2bdl)
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desktop)
   install(FILES packaging/linux/org.tip2bdl.tip2bdl.metainfo.xml
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT desktop)
-  install(FILES src/app/desktop/pictures/icon.svg RENAME tip2bdl.svg
-    DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT desktop)
+  set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
+  set(pictures src/app/desktop/pictures)
+  install(FILES ${pictures}/icon.svg RENAME tip2bdl.svg
+    DESTINATION ${icons}/scalable/apps COMPONENT desktop)
+  # For panels and menus that read no drawings; the small ones are drawn for their size.
+  find_program(RSVG_CONVERT rsvg-convert)
+  if(RSVG_CONVERT)
+    foreach(size 16 24 32 48 64 128 256)
+      set(drawing icon.svg)
+      if(size LESS 40)
+        set(drawing icon-small.svg)
+      endif()
+      set(icon "${PROJECT_BINARY_DIR}/icons/${size}.png")
+      add_custom_command(OUTPUT "${icon}"
+        COMMAND ${CMAKE_COMMAND} -E make_directory "${PROJECT_BINARY_DIR}/icons"
+        COMMAND ${RSVG_CONVERT} -w ${size} -h ${size} -o "${icon}"
+          "${PROJECT_SOURCE_DIR}/${pictures}/${drawing}"
+        DEPENDS "${PROJECT_SOURCE_DIR}/${pictures}/${drawing}" VERBATIM)
+      list(APPEND icon_files "${icon}")
+      install(FILES "${icon}" RENAME tip2bdl.png
+        DESTINATION ${icons}/${size}x${size}/apps COMPONENT desktop)
+    endforeach()
+    add_custom_target(icons ALL DEPENDS ${icon_files})
+  else()
+    message(NOTICE "The icon is installed as a drawing only (Debian: librsvg2-bin)")
+  endif()
 endif()
 
-# The sample buildings, and the manual as pages for a browser.
+# The sample buildings and what hands out a list, and the manual as pages for a browser.
 set(doc ${CMAKE_INSTALL_DATADIR}/doc/tip2bdl-doc)
-install(DIRECTORY samples/ DESTINATION ${doc}/examples COMPONENT doc PATTERN "*.md" EXCLUDE)
+install(DIRECTORY samples/ examples/ DESTINATION ${doc}/examples COMPONENT doc
+  USE_SOURCE_PERMISSIONS PATTERN "*.md" EXCLUDE)
 # The system's, which has Debian's modules.
 find_program(SYSTEM_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
-set(lacks_markdown TRUE)
-if(SYSTEM_PYTHON)
-  execute_process(COMMAND ${SYSTEM_PYTHON} -c "import markdown"
-    RESULT_VARIABLE lacks_markdown OUTPUT_QUIET ERROR_QUIET)
-endif()
-if(lacks_markdown)
+# python_has(VARIABLE MODULE)
+function(python_has variable module)
+  set(lacks TRUE)
+  if(SYSTEM_PYTHON)
+    execute_process(COMMAND ${SYSTEM_PYTHON} -c
+      "import sys, importlib.util; sys.exit(importlib.util.find_spec('${module}') is None)"
+      RESULT_VARIABLE lacks)
+  endif()
+  if(lacks)
+    set(${variable} FALSE PARENT_SCOPE)
+  else()
+    set(${variable} TRUE PARENT_SCOPE)
+  endif()
+endfunction()
+python_has(HAS_MARKDOWN markdown)
+python_has(HAS_WEASYPRINT weasyprint)
+if(NOT HAS_MARKDOWN)
   message(NOTICE "The manual is left out of what is installed (Debian: python3-markdown)")
 else()
-  file(GLOB manual_sources CONFIGURE_DEPENDS docs/*.md docs/manual/*.md)
+  file(GLOB manual_sources CONFIGURE_DEPENDS docs/*.md docs/manual/*.md docs/images/*
+    examples/*/README.md packaging/manual/*)
   set(manual "${PROJECT_BINARY_DIR}/manual")
-  set(make_manual "${PROJECT_SOURCE_DIR}/packaging/make_manual.py")
+  set(make_manual ${SYSTEM_PYTHON} "${PROJECT_SOURCE_DIR}/packaging/manual/make_manual.py"
+    "${PROJECT_SOURCE_DIR}")
   add_custom_command(OUTPUT "${manual}/index.html"
     COMMAND ${CMAKE_COMMAND} -E rm -rf "${manual}"
-    COMMAND ${SYSTEM_PYTHON} "${make_manual}" "${PROJECT_SOURCE_DIR}/docs" "${manual}"
-    DEPENDS "${make_manual}" ${manual_sources} VERBATIM)
+    COMMAND ${make_manual} "${manual}"
+    DEPENDS ${manual_sources} VERBATIM)
   add_custom_target(manual ALL DEPENDS "${manual}/index.html")
   install(DIRECTORY "${manual}/" DESTINATION ${doc}/html COMPONENT doc)
+  # As one document: takes a while, so only who asks for it (scripts/package) makes it.
+  if(HAS_WEASYPRINT)
+    set(manual_pdf "${PROJECT_BINARY_DIR}/manual.pdf")
+    add_custom_command(OUTPUT "${manual_pdf}"
+      COMMAND ${make_manual} "${manual_pdf}" --pdf "${PROJECT_VERSION}"
+      DEPENDS ${manual_sources} VERBATIM)
+    add_custom_target(manual_pdf DEPENDS "${manual_pdf}")
+    install(FILES "${manual_pdf}" DESTINATION ${doc} COMPONENT doc OPTIONAL)
+  endif()
 endif()
 
 install(FILES packaging/debian/tip2bdl-doc.lintian-overrides RENAME tip2bdl-doc

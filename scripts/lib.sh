@@ -33,6 +33,14 @@ install_packages() {
     "${missing[@]}" >/dev/null
 }
 
+# source_date: SOURCE_DATE_EPOCH, or the time of the commit in seconds; in an archive of the sources,
+# of its change log.
+source_date() {
+  if [ -n "${SOURCE_DATE_EPOCH:-}" ]; then echo "$SOURCE_DATE_EPOCH"
+  elif [ -e .git ]; then git log -1 --format=%ct
+  else stat -c %Y CHANGELOG.md; fi
+}
+
 # build PRESET [TARGET ...]: configures and builds everything, or the targets. On a build server (CI) every warning is an error.
 build() {
   echo "== Building the preset '$1'"
