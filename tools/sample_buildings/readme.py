@@ -1,4 +1,4 @@
-"""samples/README.md: what the buildings are, their numbers, and how to run them."""
+"""samples/README.md: what the buildings are and how their templates are written."""
 
 from . import plan
 from .building import ROLES
@@ -13,66 +13,40 @@ Everything in this folder, this page included, is written by `tools/make_samples
 standard library). It comes from one description a family, so that a template, its table and its
 plan agree. To change a sample, change the description and run the tool again.
 
-## Run one
-
-```
-cmake --preset release && cmake --build --preset release
-build/release/tip2bdl-cli samples/bloque-patio/bloque-patio.bdl samples/bloque-patio/tipo-13.tip out.bdl fin.txt
-```
-
-`out.bdl` is the generated description; `fin.txt` appears, empty, when the run has succeeded.
-For any other one put in its folder's name and one of its `tipo-NN.tip` files:
-
-```
-build/release/tip2bdl-cli samples/X/X.bdl samples/X/tipo-NN.tip out.bdl fin.txt
-```
-
-## What a folder holds
-
-| file | what it is |
-|---|---|
-| `X.bdl` | the template: materials, outlines, schedules, storeys, walls, windows |
-| `X.tbl` | its table: every surface and every zone with its measures |
-| `defectos.inp` | the defaults library |
-| `tipo-NN[-variant].tip` | typology files: the numbers and names that make the template one building |
-
-All of them are Windows-1252 with LF line ends. The plans below are drawn by
-`tip2bdl-cli plano` from the first typology file of each folder.
+A folder `X` holds a template `X.bdl` with its table `X.tbl` and the defaults library, and typology
+files `tipo-NN.tip` that make it one building. The manual shows how to
+[generate one](../docs/manual/primer-edificio.md), the [plan of each
+number](../docs/manual/tipologia.md#los-23-edificios) and what a [template and its
+table](../docs/manual/plantillas.md) hold; `scripts/demo X` shows what became of a sample.
 """
 
-CONVENTIONS = """## How the templates are written
+CONVENTIONS = """## How these templates are written
 
-- **Order.** Materials, constructions, glass and frames; the two `BUILDING-SHADE` commands where a
-  family has them; the `POLYGON`s; `BUILD-PARAMETERS`; schedules and space conditions; then a
-  `FLOOR` a storey, each followed by its `SPACE`s, each of these by its surfaces, a window right
-  after its wall. The generation reads a template once, forward, so this order matters. The
-  schedules stand behind `BUILD-PARAMETERS` because values are adapted to the air changes only
-  from there on.
-- **Outlines.** The `POLYGON`s are the block, the four dwellings A to D, and the stair or courtyard;
-  a house has one. They run counter-clockwise. `LOCATION = EDGE-n` is the side of the space's
-  outline that goes from vertex n to the next; `TOP` and `BOTTOM` are its ceiling and floor.
+What every template must hold is in the [manual](../docs/manual/plantillas.md); these choices are
+those of the samples.
+
+- **Order.** Schedules stand behind `BUILD-PARAMETERS`, because their values are adapted to the air
+  changes only from there on.
+- **Outlines.** They run counter-clockwise. `LOCATION = EDGE-n` is the side of the space's outline
+  that goes from vertex n to the next; `TOP` and `BOTTOM` are its ceiling and floor.
 - **Walls.** Every edge of every outline is a surface of its own, so the thirds of a façade are
   separate walls. A wall between two spaces is written once, in the space with the lower number,
   and `NEXT-TO` names the other one. A house has its inner partitions as one surface with an `AREA`.
 - **Windows.** One in every outside wall of every storey, less than 3.0 m high. Their numbers per
-  side, over all storeys of the template, are those of the first table. A window in a courtyard wall
-  (or at the ends of the stair of `bloque-hilera`) has `VMed` in its name; no other surface has
-  `Med` in its own.
+  side, over all storeys of the template, are those of the first table. The ends of the stair of
+  `bloque-hilera` count as courtyard walls.
 - **Names.** `P02_E03_Repetida_C_ME05_V1` is storey 2, space 3 (dwelling C), outside wall on edge 5,
   its window. The letters of a surface are in the table below; `V1` and `VMed1` are windows.
-- **Storeys.** Blocks have three: ground, repeated, top. The repeated one says `MULTIPLIER = 1.0`
-  where the others say `1`: any text but `1` marks the storey that takes the number of storeys
-  less two, and in a block of three, where it is kept as it stands, `1.0` is still one storey.
-  `MULTIPLIER` is the last keyword of a `FLOOR`, since the rewriting of one may end there.
+- **Storeys.** Blocks have three: ground, repeated, top. The repeated one says `MULTIPLIER = 1.0`:
+  any text but `1` marks the storey that takes the number of storeys less two, and in a block of
+  three, where it is kept as it stands, `1.0` is still one storey. `MULTIPLIER` is the last keyword
+  of a `FLOOR`, since the rewriting of one may end there.
 - **Party walls.** The east and west sides of `casa-adosada` are party walls with a window in each.
   A house between neighbours asks for 0 % on those sides and the windows go; a house at the end of
   its row, or one that stands free, gives them a share and names an outside wall as `MEDIANERA`.
 - **Shades.** `Sombra001` (east) and `Sombra002` (west) of `bloque-escalera-patios-laterales` are
-  the neighbours' walls that close the side courtyards. Typology 15 uses the first, 18 the second, 21
-  both. Of the one that is not used only the header goes, so its keyword lines and its `..` stay.
-- **Table columns.** Surfaces: area without its window (m²), perimeter (m), U (W/m²K), length (m),
-  height (m), azimuth and tilt (degrees), kind, own zone, zone on the other side (0 outside,
-  -1 ground). Zones: number, 1 when habitable, area (m²), inner gains (W/m²).
+  the neighbours' walls that close the side courtyards. Of the one that is not used only the header
+  goes, so its keyword lines and its `..` stay.
 """
 
 ROLE_WORDS = {
@@ -126,16 +100,11 @@ def family_section(building, typologies):
             f"{number(drawn.length, 2)} x {number(drawn.depth, 2)}",
             number(plan.area(drawn.homes[0]), 1), f"{t.turned or 0:g}°",
             shares(t.street), shares(t.inner) if t.inner else "-", parts(t)))
-    first = typologies[0].file
     return [f"### {family.folder}", "",
             f"{family.english.capitalize()}. The template's own size: {size}.", "",
-            f"![Plan of {family.folder}](../tests/golden/{family.folder}/"
-            f"{first.removesuffix('.tip')}.plano.svg)", "",
             *table(("typology file", "storeys", "storey height m", "length x depth m",
                     "dwelling m²", "turned", "glazing S, E, N, W %", "courtyard S, E, N, W %",
-                    "also has"), rows), "",
-            "```", f"build/release/tip2bdl-cli samples/{family.folder}/{family.folder}.bdl"
-            f" samples/{family.folder}/{first} out.bdl fin.txt", "```"]
+                    "also has"), rows)]
 
 
 def shares(values):
