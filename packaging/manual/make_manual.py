@@ -20,8 +20,8 @@ import markdown
 PAGES = ("docs/manual/README.md", "docs/manual/primer-edificio.md", "docs/manual/tipologia.md",
          "docs/manual/ventanas.md", "docs/informe.md", "docs/comprobar.md", "docs/manual/parque.md",
          "docs/lote.md", "examples/parallel/README.md", "examples/slurm/README.md",
-         "docs/manual/plantillas.md", "docs/manual/integracion.md", "docs/mensajes.md",
-         "docs/rarezas.md")
+         "docs/manual/plantillas.md", "docs/manual/integracion.md",
+         "examples/systemd/README.md", "docs/mensajes.md", "docs/rarezas.md")
 NOT_OF_THE_MANUAL = {"docs/performance.md"}  # for who works on the programs
 HERE = Path(__file__).resolve().parent
 HEAD = """<!DOCTYPE html>
