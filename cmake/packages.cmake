@@ -1,6 +1,9 @@
 # What is installed, in three components, and the Debian packages that hold them (cpack -G DEB; see
 # scripts/package, which makes them the same each time).
 include(GNUInstallDirs)
+# Both follow SOURCE_DATE_EPOCH.
+string(TIMESTAMP RELEASE_DATE "%a, %d %b %Y %H:%M:%S +0000" UTC)
+string(TIMESTAMP RELEASE_DAY "%Y-%m-%d" UTC)
 
 install(TARGETS tip2bdl-cli RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT cli)
 set(CPACK_COMPONENTS_ALL cli doc)
@@ -34,7 +37,9 @@ if(TARGET tip2bdl)
   endforeach()
   install(FILES packaging/linux/tip2bdl.desktop
     DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT desktop)
-  install(FILES packaging/linux/org.tip2bdl.tip2bdl.metainfo.xml
+  configure_file(packaging/linux/org.tip2bdl.tip2bdl.metainfo.xml.in
+    "${PROJECT_BINARY_DIR}/org.tip2bdl.tip2bdl.metainfo.xml" @ONLY)
+  install(FILES "${PROJECT_BINARY_DIR}/org.tip2bdl.tip2bdl.metainfo.xml"
     DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT desktop)
   set(icons ${CMAKE_INSTALL_DATADIR}/icons/hicolor)
   set(pictures src/app/desktop/pictures)
@@ -115,7 +120,6 @@ install(FILES packaging/debian/tip2bdl-doc.lintian-overrides RENAME tip2bdl-doc
   DESTINATION ${CMAKE_INSTALL_DATADIR}/lintian/overrides COMPONENT doc)
 
 # The files that every Debian package has.
-string(TIMESTAMP RELEASE_DATE "%a, %d %b %Y %H:%M:%S +0000" UTC)  # follows SOURCE_DATE_EPOCH
 configure_file(packaging/debian/changelog.in "${PROJECT_BINARY_DIR}/debian/changelog" @ONLY)
 execute_process(COMMAND gzip -9nkf "${PROJECT_BINARY_DIR}/debian/changelog"
   COMMAND_ERROR_IS_FATAL ANY)

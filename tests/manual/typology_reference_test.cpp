@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -12,6 +13,8 @@
 #include "plan/families.h"
 #include "plan/ordinary_plan.h"
 #include "report/plan_drawing.h"
+#include "report/words.h"
+#include "support/temporary_folder.h"
 #include "typology/tipo.h"
 #include "typology/vivienda_keywords.h"
 
@@ -212,3 +215,12 @@ TEST(TypologyReferenceGolden, EveryMeasureStandsThereWithItsRange) {
 }
 
 TEST(TypologyReferenceGolden, EveryNumberHasItsPlan) { expectTable(kPage, "planos", planTable()); }
+
+TEST(TypologyReference, TheDrawingHasTheFacadesInTheOrderOfTheirValues) {
+  std::string order;
+  for (const Facade side : {kSouth, kEast, kNorth, kWest}) {
+    order += concat(order.empty() ? "" : ", ", report::sideName(side));
+  }
+  EXPECT_THAT(readFile(SOURCE_FOLDER "/docs/images/fachadas.svg"),
+              testing::HasSubstr(concat("( 1, 2, 3, 4 ) = ( ", order, " )")));
+}
