@@ -71,8 +71,16 @@ endif()
 
 # The sample buildings and what hands out a list, and the manual as pages for a browser.
 set(doc ${CMAKE_INSTALL_DATADIR}/doc/tip2bdl-doc)
+# Permissions of their own, not those of the checkout.
+set(example_programs
+  parallel/lote.sh slurm/lote.sbatch slurm/unir.sbatch systemd/tip2bdl-carpeta)
 install(DIRECTORY samples/ examples/ DESTINATION ${doc}/examples COMPONENT doc
-  USE_SOURCE_PERMISSIONS PATTERN "*.md" EXCLUDE)
+  PATTERN "*.md" EXCLUDE PATTERN "lote.sh" EXCLUDE PATTERN "*.sbatch" EXCLUDE
+  PATTERN "tip2bdl-carpeta" EXCLUDE)
+foreach(program IN LISTS example_programs)
+  get_filename_component(folder ${program} DIRECTORY)
+  install(PROGRAMS examples/${program} DESTINATION ${doc}/examples/${folder} COMPONENT doc)
+endforeach()
 # The system's, which has Debian's modules.
 find_program(SYSTEM_PYTHON python3 PATHS /usr/bin NO_DEFAULT_PATH)
 # python_has(VARIABLE MODULE)
