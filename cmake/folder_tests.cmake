@@ -62,10 +62,16 @@ endif()
 
 # What the tests of the libraries ask of the system, and Windows has not: a child that is forked and
 # so sees the folder of its test; a folder that can be opened; a text mode that leaves all bytes
-# alone; links; the C library of Linux, whose sscanf is compared.
+# alone, line ends of two kinds too; links; devices that are always full or never end; the C library
+# of Linux, whose sscanf is compared.
 set(NOT_UNDER_WINDOWS
   ErrorLogOnDisk.*
   FicheroEndOfProcess.*
+  Bytes.OfMixedLineEndsAreTold
+  OutputLines.AFileThatDoesNotTakeThemIsSaid
+  FicheroErrors.AnEndlessDeviceIsNotReadForEver
+  RunFaults.AnOutputThatCannotBeWrittenEndsTheRun
+  RunFaults.AFaultThatIsOnItsWayIsNotHiddenByTheOutputs
   RunGenerationTest.AFaultyTypologyLeavesAnEmptyOutputAndNoMarker
   FicheroErrors.AFolderIsNoFile
   ListReader.AFolderEndsTheRun

@@ -49,8 +49,16 @@ TEST(Bytes, OfEveryInputAreLookedAt) {
     EXPECT_THAT(linesOf(inputs, Code::kUtf8), testing::SizeIs(1));
     inputs.*input = "\xEF\xBB\xBF" + inputs.*input;
     EXPECT_THAT(linesOf(inputs, Code::kMarcaDeOrden), testing::SizeIs(1));
-    inputs.*input += "\r\n\a";
+    inputs.*input += '\a';
     EXPECT_THAT(linesOf(inputs, Code::kCaracterDeControl), testing::SizeIs(1));
+  }
+}
+
+TEST(Bytes, OfMixedLineEndsAreTold) {
+  for (std::string Inputs::*const input : {&Inputs::building, &Inputs::table, &Inputs::defaults}) {
+    Inputs inputs = house();
+    EXPECT_THAT(linesOf(inputs, Code::kFinesDeLinea), IsEmpty());
+    inputs.*input += "\r\n";
     EXPECT_THAT(linesOf(inputs, Code::kFinesDeLinea), testing::SizeIs(1));
   }
 }
