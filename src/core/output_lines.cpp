@@ -24,22 +24,13 @@ inline void OutputLines::appendCopied(const char* begin, const char* end) {
   parts_.back().copiedEnd = runEnd_ = end;
 }
 
-/// How many of `count` lines fit, which `lines` is cut to.
-long OutputLines::takeMore(std::string_view& lines, long count) {
-  const long taken = std::min<long>(count, kCapacity - count_);
-  if (taken < count) lines = firstLines(lines, taken);
-  count_ += static_cast<int>(taken);
-  return taken;
-}
-
 bool OutputLines::WriteAgain(const Mark& from, const Mark& to) {
-  std::string_view lines = std::string_view(own_).substr(from.bytes, to.bytes - from.bytes);
   const int count = to.lines - from.lines;
-  const long taken = takeMore(lines, count);
-  if (taken == 0) return count == 0;
-  own_.append(own_, from.bytes, lines.size());
+  if (count > kCapacity - count_) return false;
+  count_ += count;
+  own_.append(own_, from.bytes, to.bytes - from.bytes);
   runEnd_ = nullptr;
-  return taken == count;
+  return true;
 }
 
 bool OutputLines::CopyLine(const LineReader& source) {
@@ -51,8 +42,10 @@ bool OutputLines::CopyLine(const LineReader& source) {
 }
 
 bool OutputLines::CopyLines(std::string_view lines, long count) {
-  const long taken = takeMore(lines, count);
+  const long taken = std::min<long>(count, kCapacity - count_);
+  if (taken < count) lines = firstLines(lines, taken);
   if (taken == 0) return count == 0;
+  count_ += static_cast<int>(taken);
   appendCopied(lines.data(), lines.data() + lines.size());
   return taken == count;
 }

@@ -32,6 +32,7 @@ class OutputLines {
   /// The one behind the last line.
   Mark mark() const { return {own_.size(), count_}; }
   /// Appends what was written from one mark to another once more; nothing was copied in between.
+  /// False, and nothing is appended, where not all of it fits.
   bool WriteAgain(const Mark& from, const Mark& to);
   /// The same as `WriteLine` for the line that `source` last handed out.
   bool CopyLine(const LineReader& source);
@@ -66,7 +67,6 @@ class OutputLines {
   };
 
   bool takesOneMore();
-  long takeMore(std::string_view& lines, long count);
   void appendCopied(const char* begin, const char* end);
 
   int count_ = 0;

@@ -43,10 +43,11 @@ class GeneratorContext {
     // The output holds as many lines as it holds; what comes after is lost, as ever.
     output_.WriteLine(parts...);
   }
-  /// The place behind the last line, and the lines written between two such places once more.
+  /// The place behind the last line written.
   OutputLines::Mark mark() const { return output_.mark(); }
-  void writeAgain(const OutputLines::Mark& from, const OutputLines::Mark& to) {
-    output_.WriteAgain(from, to);
+  /// Writes what stands between two such places once more; false where it no longer fits.
+  bool writeAgain(const OutputLines::Mark& from, const OutputLines::Mark& to) {
+    return output_.WriteAgain(from, to);
   }
   /// The same for the current line, whose bytes are taken from the template at the end.
   void writeCurrentLine();

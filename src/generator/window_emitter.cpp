@@ -57,9 +57,7 @@ bool WindowEmitter::writeAgain(Facade facade, bool streetSide, float templateHei
     return written.facade == facade && written.streetSide == streetSide &&
            written.templateHeight == templateHeight;
   });
-  if (same == written_.end()) return false;
-  context_.writeAgain(same->from, same->to);
-  return true;
+  return same != written_.end() && context_.writeAgain(same->from, same->to);
 }
 
 void WindowEmitter::emit(int orientationClass, int surfaceIndex, bool courtyard) {

@@ -291,17 +291,17 @@ TEST(OutputLines, WhatWasWrittenBetweenTwoMarksIsWrittenAgain) {
   EXPECT_EQ(10, output.count());
 }
 
-TEST(OutputLines, OfLinesWrittenAgainThoseThatFitAreKept) {
+TEST(OutputLines, LinesThatDoNotAllFitAreNotWrittenAgain) {
   OutputLines output;
-  for (int i = 0; i < OutputLines::kCapacity - 3; ++i) output.WriteLine("");
+  for (int i = 0; i < OutputLines::kCapacity - 4; ++i) output.WriteLine("");
   const OutputLines::Mark from = output.mark();
-  output.WriteLine("a");
-  output.WriteLine("b");
+  output.WriteLine("a\nb");  // one line of the capacity
+  output.WriteLine("c");
   const OutputLines::Mark to = output.mark();
+  EXPECT_TRUE(output.WriteAgain(from, to));
   EXPECT_FALSE(output.WriteAgain(from, to));
-  EXPECT_TRUE(output.text().ends_with("\na\nb\na\n"));
+  EXPECT_TRUE(output.text().ends_with("\n\na\nb\nc\na\nb\nc\n"));
   EXPECT_EQ(OutputLines::kCapacity, output.count());
-  EXPECT_FALSE(output.WriteAgain(from, to));
 }
 
 TEST(OutputLines, ThatAreClearedBeginAnew) {
