@@ -4,9 +4,9 @@
 # skip_for_lack_of(NAME TOOL): tests called NAME that cannot be built without TOOL.
 
 # Three quarters of a compiler's time went into what all tests include: it is read once. (Not where
-# compiled files are kept in a cache, which such a header would put out of use.) A test of a finished
-# program need not be fast itself, so that its compiler need not optimise either.
-if(WIN32 OR CMAKE_BUILD_TYPE STREQUAL "Release")
+# compiled files are kept in a cache, which such a header would put out of use.) Where the program is
+# optimised its tests need not be.
+if(WIN32 OR SANITIZE OR CMAKE_BUILD_TYPE STREQUAL "Release")
   set(quick_to_build -O0 -U_FORTIFY_SOURCE)
 endif()
 

@@ -40,6 +40,7 @@ class ReadCommand {
   const Named& named() const { return *header_->named; }
 
   /// Null where it has none.
+  // cppcheck-suppress CastIntegerToAddressAtReturn ; it takes the pointers for numbers
   const Line* find(Keyword keyword) const { return keywords_[static_cast<std::size_t>(keyword)]; }
   std::string_view value(Keyword keyword) const {
     const Line* const line = find(keyword);
