@@ -11,7 +11,10 @@ std::string asOneLine(const Place& place) {
   const std::size_t start = std::min(place.text.find_first_not_of(" \t"), place.text.size());
   std::string text = place.text.substr(start);
   const auto column = static_cast<std::size_t>(place.column - 1);
-  if (column > start + kLongest) text = "... " + place.text.substr(column - kInFront);
+  // Of a line that is not at hand there is a column all the same.
+  if (column > start + kLongest && column - kInFront < place.text.size()) {
+    text = "... " + place.text.substr(column - kInFront);
+  }
   if (text.size() > kLongest) text.replace(kLongest, std::string::npos, " ...");
   std::string line = concat(place.file, ":", std::to_string(place.line), ":",
                             std::to_string(place.column), text.empty() ? ":" : ": ", text);

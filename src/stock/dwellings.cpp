@@ -225,6 +225,12 @@ PreparedDwelling Dwellings::prepare(const ListRow& row, long number, bool repeat
   return prepared;
 }
 
+std::string Dwellings::printOf(const Outcome& refused) const {
+  return cellPrint(concat(refused.code, "\n", refused.message, "\n",
+                          refused.place ? asOneLine(*refused.place) : std::string(), "\n",
+                          options_.version));
+}
+
 void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
   const auto read = [&](std::string_view named, int column) {
     const std::string path = pathInList(named);

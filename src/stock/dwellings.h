@@ -75,6 +75,8 @@ class Dwellings {
   /// cannot be written.
   void make(const ListRow& row, const PreparedDwelling& prepared, DwellingRoom& room,
             Outcome& outcome) const;
+  /// The fingerprint of a row that `prepare` refused: of all that is said of it.
+  std::string printOf(const Outcome& refused) const;
   /// Makes sure that nothing stands where the output of a row would.
   void removeOutput(const std::string& output) const;
 

@@ -103,7 +103,7 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
     }
   }
   for (long number = 1; number <= count; ++number) {
-    const Shard shard{number, count};
+    const Shard shard{number, count, true};
     const std::string results = folder + shard.nameOf("resultados") + ".csv";
     const std::string word = concat(std::to_string(number), "/", std::to_string(count));
     if (!std::ranges::count(shards, number, &Shard::number)) {

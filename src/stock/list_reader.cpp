@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 #include <utility>
 
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/open_file.h"
+#include "core/paths.h"
 #include "core/report_error.h"
 
 namespace stock {
@@ -47,6 +50,14 @@ ListReader::ListReader(std::string name, Source source)
     : name_(std::move(name)), source_(std::move(source)) {}
 
 ListReader::Source ListReader::sourceOf(const std::string& path) {
+  // A list is read twice, which a pipe is not; opening one would wait for its writer.
+  std::error_code unknown;
+  const auto status = std::filesystem::status(filePath(path), unknown);
+  if (exists(status) && !is_regular_file(status) && !is_directory(status)) {
+    ReportFailure(ErrorLog,
+                  {concat("La lista debe ser un fichero y no un tubo ni un dispositivo: ", path),
+                   wholeFile(path)});
+  }
   const std::shared_ptr<std::FILE> file(openFile(path, "rb"), [](std::FILE* stream) {
     if (stream != nullptr) std::fclose(stream);
   });

@@ -62,10 +62,7 @@ void ResultsFile::load() {
   while (readWholeLine(in, line)) {
     const auto cells = cellsOf(line);
     if (!cells) break;
-    // An ID that is there twice tells nothing of the first row that has it.
-    if ((*cells)[kResultCode] != kRepeatedId) {
-      lines_.push_back({hashOf((*cells)[kResultId]), size_});
-    }
+    lines_.push_back({hashOf((*cells)[kResultId]), size_});
     size_ += line.size() + kLineEnd.size();
   }
   std::ranges::sort(lines_);
@@ -80,14 +77,17 @@ std::string ResultsFile::lineAt(std::uint64_t offset) {
   return line;
 }
 
-std::optional<ResultsFile::Known> ResultsFile::find(std::string_view id) {
+std::optional<ResultsFile::Known> ResultsFile::find(std::string_view id, const Counts& counts) {
   const std::uint64_t hash = hashOf(id);
   const auto first = std::ranges::lower_bound(lines_, hash, {}, &Line::id);
   const std::lock_guard lock(mutex_);
   for (auto line = std::ranges::upper_bound(lines_, hash, {}, &Line::id); line != first;) {
     --line;
     auto cells = cellsOf(lineAt(line->offset));
-    if (cells && (*cells)[kResultId] == id) return Known{*std::move(cells), line->offset};
+    if (!cells || (*cells)[kResultId] != id) continue;
+    // An ID that is there twice tells nothing of the first row that has it.
+    const bool thisOne = counts ? counts(*cells) : (*cells)[kResultCode] != kRepeatedId;
+    if (thisOne) return Known{*std::move(cells), line->offset};
   }
   return std::nullopt;
 }

@@ -33,7 +33,9 @@ class ResultsFile {
     std::vector<std::string> cells;
     std::uint64_t offset = 0;
   };
-  std::optional<Known> find(std::string_view id);
+  /// Of those that `counts`, where it is given.
+  using Counts = std::function<bool(const std::vector<std::string>& cells)>;
+  std::optional<Known> find(std::string_view id, const Counts& counts = {});
 
   /// Adds a line, and gives its offset.
   std::uint64_t append(std::string_view line);

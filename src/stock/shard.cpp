@@ -20,7 +20,7 @@ std::optional<long> wholeNumber(std::string_view text) {
 }  // namespace
 
 std::string Shard::nameOf(std::string_view stem) const {
-  if (isWhole()) return std::string(stem);
+  if (!part) return std::string(stem);
   return concat(stem, "-", std::to_string(number), "-de-", std::to_string(count));
 }
 
@@ -32,7 +32,7 @@ std::optional<Shard> parseShard(std::string_view text) {
   if (!number || !count || *number < 1 || *number > *count || *count > kMostShards) {
     return std::nullopt;
   }
-  return Shard{*number, *count};
+  return Shard{*number, *count, true};
 }
 
 std::optional<Shard> shardOfArray(const std::function<const char*(const char*)>& variable,
@@ -56,7 +56,7 @@ std::optional<Shard> shardOfArray(const std::function<const char*(const char*)>&
         "--fragmento K/N";
     return std::nullopt;
   }
-  return Shard{(*id - *least) / step + 1, *count};
+  return Shard{(*id - *least) / step + 1, *count, true};
 }
 
 }  // namespace stock

@@ -11,9 +11,9 @@ namespace stock {
 struct Shard {
   long number = 1;  // from 1
   long count = 1;
+  bool part = false;  // asked for as a part, be it the only one; its files are named so
 
   bool has(long row) const { return (row - number) % count == 0; }
-  bool isWhole() const { return count == 1; }
   /// How many of `rows` rows are its own.
   long rowsOf(long rows) const { return rows < number ? 0 : (rows - number) / count + 1; }
   /// "resultados", and for a part "resultados-2-de-4".

@@ -175,12 +175,16 @@ class StockRun {
       count(*before, {}, {}, true);
       return;
     }
-    if (outcome.state != State::kCorrecta && !ticket.repeated && isGoodId(row.id())) {
-      dwellings_.removeOutput(Dwellings::outputOf(row.id(), ticket.number));
-    }
+    if (outcome.state != State::kCorrecta) removeOutputOf(row, ticket);
     keep(ticket, results_.append(resultsRow(outcome, options_.version)));
     journal_.addRow(outcome.id, wordOf(outcome.state), secondsSince(start));
     count(outcome.state, outcome.code, outcome.notes, false);
+  }
+
+  /// A row that is not correct leaves no output, not even an earlier one.
+  void removeOutputOf(const ListRow& row, const Ticket& ticket) {
+    if (ticket.repeated || !isGoodId(row.id())) return;
+    dwellings_.removeOutput(Dwellings::outputOf(row.id(), ticket.number));
   }
 
   /// Fills the outcome; or gives the state of a row that was done before.
@@ -200,6 +204,14 @@ class StockRun {
       outcome.code = refusal.code;
       outcome.message = refusal.message;
       outcome.place = refusal.place ? refusal.place : row.place();
+      if (!prepared) {
+        outcome.fingerprint = dwellings_.printOf(outcome);
+        if (const auto known = refusedBefore(row, outcome.fingerprint)) {
+          removeOutputOf(row, ticket);
+          keep(ticket, known->offset);
+          return State::kRechazada;
+        }
+      }
     } catch (const DiskFault& fault) {
       fail(outcome, "disco", fault.message);
     } catch (const std::bad_alloc&) {
@@ -240,6 +252,16 @@ class StockRun {
                         options_.mode == StockOptions::Mode::kResume &&
                         print == prepared.refusedPrint;
     return counts ? known : std::nullopt;
+  }
+
+  /// The same of a row that was refused on its own account, with this fingerprint: of several rows
+  /// with one ID each has its line.
+  std::optional<ResultsFile::Known> refusedBefore(const ListRow& row, const std::string& print) {
+    if (options_.mode != StockOptions::Mode::kResume) return std::nullopt;
+    return results_.find(row.id(), [&](const std::vector<std::string>& cells) {
+      return cells[kResultState] == wordOf(State::kRechazada) &&
+             cells[fingerprintColumn()] == print;
+    });
   }
 
   /// Where the result of a row stands. Each row has a place of its own.

@@ -6,6 +6,7 @@
 
 #include "list_text.h"
 #include "stock/list_numbers.h"
+#include "support/new_files.h"
 #include "support/recording_application.h"
 #include "support/temporary_folder.h"
 
@@ -130,6 +131,14 @@ TEST(ListReader, AFolderEndsTheRun) {
   const TemporaryFolder folder;
   EXPECT_EQ("Error al leer fichero: " + folder.path(),
             stopMessage([&] { rowsOf(stock::ListReader::open(folder.path())); }));
+}
+
+TEST(ListReader, APipeIsRefusedAndNotWaitedFor) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder / "lista.csv";
+  if (!makePipe(pipe)) GTEST_SKIP() << "no pipes with names here";
+  EXPECT_EQ("La lista debe ser un fichero y no un tubo ni un dispositivo: " + pipe,
+            stopMessage([&] { rowsOf(stock::ListReader::open(pipe)); }));
 }
 
 TEST(ListReader, ReadsBackWhatIsWrittenByTheRules) {

@@ -188,6 +188,7 @@ TEST(Shard, IsKOfN) {
   ASSERT_TRUE(shard);
   EXPECT_EQ("resultados-2-de-4", shard->nameOf("resultados"));
   EXPECT_EQ("resultados", Shard{}.nameOf("resultados"));
+  EXPECT_EQ("resultados-1-de-1", stock::parseShard("1/1")->nameOf("resultados"));
   for (const char* text : {"", "2", "/", "0/4", "5/4", "2/", "/4", "-1/4", "2/4x", "a/b", "1/0",
                            "1/99999999999999999999"}) {
     EXPECT_FALSE(stock::parseShard(text)) << text;
@@ -199,7 +200,7 @@ TEST(Shard, AllOfThemHaveEveryRowOnce) {
     for (long rows = 0; rows < 20; ++rows) {
       long sum = 0;
       for (long number = 1; number <= count; ++number) {
-        const Shard shard{number, count};
+        const Shard shard{number, count, true};
         long own = 0;
         for (long row = 1; row <= rows; ++row) own += shard.has(row) ? 1 : 0;
         EXPECT_EQ(own, shard.rowsOf(rows)) << number << " of " << count << ", " << rows;

@@ -180,13 +180,21 @@ std::string unitOf(const ViviendaKeyword& keyword) {
                                                : keyword.unit);
 }
 
+/// Whether this building cannot be without it: a measure that its plan needs is 0 where it is left
+/// out, and 0 is not within its limits.
+bool isNeeded(const ViviendaKeyword& keyword, const PlanData& data) {
+  const PlanNumber* const number = planNumberOf(keyword);
+  return keyword.required || (number != nullptr && data.*number->number != 0);
+}
+
 std::string lines(const ViviendaKeyword& keyword, const PlanData& data, const R& record) {
   const std::string values = valuesOf(keyword, data);
-  const std::string missing = keyword.required ? "" : std::visit(IfMissing(), keyword.field);
+  const bool needed = isNeeded(keyword, data);
+  const std::string missing = needed ? "" : std::visit(IfMissing(), keyword.field);
   std::string comment = concat(keyword.meaning, unitOf(keyword));
   comment.front() = static_cast<char>(std::toupper(comment.front()));  // none begins with an accent
   if (!values.empty()) comment += ": " + values;
-  if (keyword.required) comment += "; obligatorio";
+  if (needed) comment += "; obligatorio";
   if (!missing.empty()) comment += "; si falta, " + missing;
   return concat("   $ ", comment, "\n   ", keyword.name, " = ",
                 std::visit(AsWritten(record, keyword.name), keyword.field), "\n");
