@@ -77,6 +77,14 @@ class WorksTest(unittest.TestCase):
                     self.assertEqual(page.read_bytes(),
                                      self.output_of("informe", template_of(typology), typology))
 
+    def test_a_new_typology_has_the_line_ends_of_the_system(self):
+        out = self.output_of("nueva", "13")
+        self.assertEqual(b"", self.output_of("nueva", "13", "--salida", self.folder / "piso.tip"))
+        self.assertEqual(out, (self.folder / "piso.tip").read_bytes())
+        self.assertTrue(out.endswith(b"   ..\r\n"))
+        self.assertEqual(out.count(b"\n"), out.count(b"\r\n"))
+        self.assertEqual(b"", self.output_of("comprobar", self.folder / "piso.tip"))
+
     def test_data_of_comprobar_has_no_cr(self):
         for form in ("json", "sarif"):
             out = self.output_of("comprobar", "--formato", form, HOUSE / "tipo-03.tip")

@@ -10,6 +10,7 @@
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "core/concat.h"
+#include "core/text_mode.h"
 #include "stock/encoding.h"
 #include "typology/tipo.h"
 
@@ -33,6 +34,7 @@ int nueva(const WorkArguments& arguments) {
   const std::string path = arguments.value(kSalida.name);
   // To be looked at, or to be kept: a file has the encoding that the run reads.
   const bool toBeLookedAt = path.empty() && standardOutputIsTerminal();
-  writeResult(path, toBeLookedAt ? forTerminal(text) : stock::toCp1252(text).value());
+  writeResult(
+      path, asWrittenInTextMode(toBeLookedAt ? forTerminal(text) : stock::toCp1252(text).value()));
   return kExitDone;
 }
