@@ -56,7 +56,8 @@ TEST(AsOneLine, ShowsTheLineAsATerminalShowsItWell) {
 TEST(AsOneLine, IsEmptyWhereThereIsNoLine) {
   EXPECT_EQ("", asOneLine(wholeFile("casa.tip")));
   // A column of a line that is not at hand.
-  EXPECT_EQ("lista.csv:2:425:", asOneLine({.file = "lista.csv", .line = 2, .column = 425}));
+  EXPECT_EQ("lista.csv:2:425:",
+            asOneLine({.file = "lista.csv", .line = 2, .column = 425, .length = 0, .text = ""}));
   EXPECT_EQ("", asOneLine({.file = "casa.tip", .line = 0, .column = 3, .text = "A = 1"}));
   EXPECT_EQ("", asOneLine(Place{}));
 }

@@ -12,8 +12,8 @@ from windows_prefix import Windows, missing_tools
 
 PROGRAM, SOURCES, PREFIX = (Path(argument).resolve() for argument in sys.argv[1:4])
 SAMPLES, GOLDENS = SOURCES / "samples", SOURCES / "tests" / "golden"
-HOUSE = SAMPLES / "casa-adosada"
-INPUTS = ("casa-adosada.bdl", "casa-adosada.tbl", "defectos.inp", "tipo-03.tip")
+HOUSE = SAMPLES / "casa-adosada"  # tipo-02 has a frame, a shade and a site
+INPUTS = ("casa-adosada.bdl", "casa-adosada.tbl", "defectos.inp", "tipo-02.tip")
 ERROR = "Se ha producido un error: "
 
 
@@ -27,7 +27,7 @@ class ConsoleTest(unittest.TestCase):
     def setUpClass(cls):
         cls.windows = Windows(PREFIX)
         cls.addClassCleanup(cls.windows.remove)
-        cls.golden = (GOLDENS / "casa-adosada" / "tipo-03.bdl").read_bytes()
+        cls.golden = (GOLDENS / "casa-adosada" / "tipo-02.bdl").read_bytes()
 
     def setUp(self):
         self.folder = self.windows.folder / self._testMethodName
@@ -105,7 +105,7 @@ class ConsoleTest(unittest.TestCase):
     def test_the_form_of_the_chains_callers(self):
         self.copy_inputs(self.folder)
         self.assertEqual((0, b"", b""), self.run_in_folder(
-            "#casa-adosada.bdl, tipo-03.tip,salida.bdl,fin.txt"))
+            "#casa-adosada.bdl, tipo-02.tip,salida.bdl,fin.txt"))
         self.assertEqual(self.golden, as_text((self.folder / "salida.bdl").read_bytes()))
 
     def test_messages_and_exit_codes_are_those_of_the_other_system(self):
