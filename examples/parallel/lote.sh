@@ -15,6 +15,13 @@ shard() {
 }
 export -f shard
 
+# What was done was done of this list, in so many shards; each goes on by itself where it is another.
+print=$(sha256sum <"$list")$shards
+if [ "$(cat "$folder/partes.lista" 2>/dev/null)" != "$print" ]; then
+  rm -f "$folder/partes.log"
+  echo "$print" >"$folder/partes.lista"
+fi
+
 # A shard that failed or was killed is done again by the same order.
 parallel --joblog "$folder/partes.log" --resume-failed "$@" \
   shard "$program" "$list" "$folder" "{}/$shards" ::: $(seq "$shards")

@@ -35,4 +35,12 @@ fi
 [ "$(tail -n +2 resultados/partes.log | wc -l)" -eq 5 ] # only the killed one was done again
 cmp entera/resultados.csv resultados/resultados.csv
 diff -rq entera/000000 resultados/000000
+
+# Of a list that has changed all shards are looked at again.
+head -n 101 lista.csv >otra.csv
+"$program" lote otra.csv --salida otra --trabajos 1 --quiet 2>/dev/null || [ $? -eq 1 ]
+mv otra.csv lista.csv
+"$sources/examples/parallel/lote.sh" lista.csv resultados 4 -j2
+[ "$(wc -l <resultados/resultados.csv)" -eq "$(wc -l <otra/resultados.csv)" ]
+[ "$(wc -l <otra/resultados.csv)" -eq 101 ]
 echo "the same bytes: 400 rows, four shards, one killed"
