@@ -92,7 +92,9 @@ class HeaderReader {
       const std::string name = folded(field.text);
       const auto known = std::ranges::find(names_, name);
       if (known == names_.end()) {
-        columns_.warnings.push_back({unknown(field.text, name), placeOf(field)});
+        const Unknown column = {field.text, nearest(name, names_), placeOf(field)};
+        unknown_.push_back(column);
+        columns_.warnings.push_back({warningOf(column), column.place});
         continue;
       }
       int& at = *targets_[static_cast<std::size_t>(known - names_.begin())];
@@ -106,6 +108,12 @@ class HeaderReader {
 
   void require(bool there, std::string_view name) const {
     if (there) return;
+    const auto meant = std::ranges::find(unknown_, name, &Unknown::meant);
+    if (meant != unknown_.end()) {
+      ReportFailure(ErrorLog,
+                    {concat("Falta la columna ", name, " en la lista. ¿Es \"", meant->text, "\"?"),
+                     meant->place});
+    }
     ReportFailure(ErrorLog, {concat("Falta la columna ", name, " en la lista"),
                              Place{.file = list_.name(), .line = 1, .column = 1, .text = {}}});
   }
@@ -122,10 +130,15 @@ class HeaderReader {
             .length = field.text.size(),
             .text = {}};
   }
-  std::string unknown(const std::string& text, const std::string& name) const {
-    const std::string meant = nearest(name, names_);
-    std::string message = concat("Columna desconocida: \"", text, "\". No se leerá.");
-    if (!meant.empty()) message += concat(" ¿Quería decir ", meant, "?");
+  /// A column that nobody reads.
+  struct Unknown {
+    std::string text;   // as it is written
+    std::string meant;  // the column that is near it; empty: none
+    Place place;
+  };
+  static std::string warningOf(const Unknown& column) {
+    std::string message = concat("Columna desconocida: \"", column.text, "\". No se leerá.");
+    if (!column.meant.empty()) message += concat(" ¿Quería decir ", column.meant, "?");
     return message;
   }
 
@@ -133,6 +146,7 @@ class HeaderReader {
   ListColumns& columns_;
   std::vector<std::string> names_;
   std::vector<int*> targets_;
+  std::vector<Unknown> unknown_;
 };
 
 }  // namespace

@@ -87,6 +87,8 @@ TEST(ListColumns, OneThatIsMissingOrThereTwiceEndsTheRun) {
   EXPECT_EQ("Falta la columna TIPO en la lista", refusalOf("ID;PLANTILLA\n"));
   EXPECT_EQ("Falta la columna PORCENTAJE-PATIO-ESTE en la lista",
             refusalOf(keywordHeader() + ";PORCENTAJE-PATIO-SUR\n"));
+  EXPECT_EQ("Falta la columna PLANTILLA en la lista. ¿Es \"Plantila\"?",
+            refusalOf("ID;Plantila;TIPOLOGIA\n"));
   EXPECT_EQ("La lista tiene dos veces la columna ID", refusalOf("ID;PLANTILLA;TIPOLOGIA;id\n"));
   EXPECT_EQ("La lista está vacía: falta la línea con los nombres de las columnas", refusalOf(""));
   EXPECT_EQ(kNotStopped, refusalOf(keywordHeader() + "\n"));
