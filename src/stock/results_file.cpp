@@ -65,7 +65,7 @@ void ResultsFile::load() {
     lines_.push_back({hashOf((*cells)[kResultId]), size_});
     size_ += line.size() + kLineEnd.size();
   }
-  std::ranges::sort(lines_);
+  std::ranges::sort(lines_, {}, &Line::key);
 }
 
 std::string ResultsFile::lineAt(std::uint64_t offset) {

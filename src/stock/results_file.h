@@ -1,6 +1,5 @@
 #pragma once
 
-#include <compare>
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
@@ -11,6 +10,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace stock {
@@ -57,7 +57,7 @@ class ResultsFile {
   struct Line {
     std::uint64_t id;  // its hash
     std::uint64_t offset;
-    auto operator<=>(const Line&) const = default;
+    std::pair<std::uint64_t, std::uint64_t> key() const { return {id, offset}; }
   };
 
   void load();
