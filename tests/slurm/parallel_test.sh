@@ -13,23 +13,16 @@ fi
 D=$(mktemp -d)
 trap 'rm -rf "$D"' EXIT
 cd "$D"
-python3 "$sources/bench/make_list" . "$sources/samples" 400 50
+python3 "$sources/bench/make_list" . "$sources/samples" 4000 50
 "$program" lote lista.csv --salida entera --trabajos 1 --quiet 2>/dev/null || [ $? -eq 1 ]
 
-# A program that is killed the first time it works on the second shard.
-cat >killed <<END
-#!/usr/bin/env bash
-case " \$* " in
-  *" --fragmento 2/4 "*) [ -e once ] || { touch once; exec timeout -s KILL 0.05 "$program" "\$@"; } ;;
-esac
-exec "$program" "\$@"
-END
-chmod +x killed
-export TIP2BDL_CLI=$D/killed
+export PROGRAM=$program SHARD=2-de-4 FOLDER=resultados ONCE=$D/once
+export TIP2BDL_CLI=$sources/tests/slurm/killed_once.sh
 if "$sources/examples/parallel/lote.sh" lista.csv resultados 4 -j2; then
   echo "a killed shard counts as good"
   exit 1
 fi
+[ -e once ]
 [ ! -e resultados/resultados.csv ]
 "$sources/examples/parallel/lote.sh" lista.csv resultados 4 -j2
 [ "$(tail -n +2 resultados/partes.log | wc -l)" -eq 5 ] # only the killed one was done again
@@ -43,4 +36,4 @@ mv otra.csv lista.csv
 "$sources/examples/parallel/lote.sh" lista.csv resultados 4 -j2
 [ "$(wc -l <resultados/resultados.csv)" -eq "$(wc -l <otra/resultados.csv)" ]
 [ "$(wc -l <otra/resultados.csv)" -eq 101 ]
-echo "the same bytes: 400 rows, four shards, one killed"
+echo "the same bytes: 4000 rows, four shards, one killed"

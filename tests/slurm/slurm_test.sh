@@ -81,25 +81,21 @@ wait_for 60 idle
 
 mkdir "$D/jobs"
 cd "$D/jobs"
-rows=${SLURM_TEST_ROWS:-2000}
+rows=${SLURM_TEST_ROWS:-4000}
 python3 "$sources/bench/make_list" . "$sources/samples" "$rows" 50
 "$TIP2BDL_CLI" lote lista.csv --salida entera --trabajos 1 --quiet 2>/dev/null || [ $? -eq 1 ]
 
 export LISTA=lista.csv CARPETA=resultados FRAGMENTOS=4
 cp "$sources"/examples/slurm/*.sbatch .
-# The same with a word of each program's number, so that one can be killed.
-# shellcheck disable=SC2016
-sed 's/^program=\$!$/&; echo "$program" >"tarea-$SLURM_ARRAY_TASK_ID.pid"/' lote.sbatch >vigilada.sbatch
-array=$(sbatch --parsable --array=1-4 --cpus-per-task=1 vigilada.sbatch)
+export PROGRAM=$TIP2BDL_CLI SHARD=3-de-4 FOLDER=$PWD/resultados ONCE=$PWD/once
+export TIP2BDL_CLI=$sources/tests/slurm/killed_once.sh
+array=$(sbatch --parsable --array=1-4 --cpus-per-task=1 lote.sbatch)
 join=$(sbatch --parsable --dependency=afterok:"$array" unir.sbatch)
-begun() { [ -s tarea-3.pid ] && [ "$(wc -c <resultados/resultados-3-de-4.csv 2>/dev/null || echo 0)" -gt 5000 ]; }
-wait_for 240 begun
-kill -KILL "$(cat tarea-3.pid)"
 finished() { [ "$(grep -c '^fin;' resultados/diario-[124]-de-4.csv 2>/dev/null | grep -c ':1')" -eq 3 ]; }
 wait_for 300 finished
 gone() { [ -z "$(squeue -h -j "$array" 2>/dev/null)" ]; }
 wait_for 60 gone
-grep -q '^fin;' resultados/diario-3-de-4.csv && { echo "the killed shard is finished"; exit 1; }
+[ -e once ]
 [ ! -e resultados/resultados.csv ] || { echo "joined without a shard"; exit 1; }
 scancel "$join" 2>/dev/null || true
 
