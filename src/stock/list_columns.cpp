@@ -182,12 +182,12 @@ ListColumns readHeader(ListReader& list, bool needsTemplate) {
   reader.read(header);
   reader.require(columns.id >= 0, kIdColumn);
   reader.require(columns.plantilla >= 0 || !needsTemplate, kTemplateColumn);
-  if (columns.tipologia >= 0) return columns;
   for (const KeywordColumns& keyword : columns.keywords) {
     const bool any = std::ranges::any_of(keyword.at, [](int at) { return at >= 0; });
     for (std::size_t i = 0; i < keyword.at.size(); ++i) {
-      const bool wanted = keyword.keyword->required || any;
-      reader.require(!wanted || keyword.at[i] >= 0, keyword.names[i]);
+      const bool missing = (keyword.keyword->required || any) && keyword.at[i] < 0;
+      reader.require(!missing || columns.tipologia >= 0, keyword.names[i]);
+      if (missing) columns.describe = false;
     }
   }
   return columns;

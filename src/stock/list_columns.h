@@ -39,8 +39,11 @@ struct ListColumns {
   int plantilla = -1;
   int tipologia = -1;
   int textos = -1;
+  bool describe = true;  // hold all that a row without TIPOLOGIA must have
   std::vector<KeywordColumns> keywords;
   char separator = ';';
+  /// So that none is a decimal mark.
+  bool commaSeparates() const { return separator == ','; }
   std::vector<Fault> warnings;  // columns that nobody reads, each with what may have been meant
 };
 

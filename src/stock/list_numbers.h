@@ -15,7 +15,7 @@ struct ListNumber {
 /// Reads a number. `commaSeparates`: the comma stands between the columns, so none is taken for a
 /// decimal mark.
 ListNumber readListNumber(std::string_view text, bool commaSeparates);
-/// The same for one without decimals.
-ListNumber readListInteger(std::string_view text);
+/// The same for a whole number; "5,0" is one, and "5.000" might be five thousand.
+ListNumber readListInteger(std::string_view text, bool commaSeparates);
 
 }  // namespace stock

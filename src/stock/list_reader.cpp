@@ -19,6 +19,7 @@ namespace stock {
 namespace {
 
 constexpr std::size_t kBlock = std::size_t{1} << 16;  // bytes taken from the source at once
+constexpr std::array kSeparators = {';', '\t', ','};  // of two as frequent, the first
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
 bool isAscii(std::string_view text) {
@@ -135,7 +136,8 @@ void ListReader::takeLineEnd() {
   take();
 }
 
-/// The mark is passed over; the first line's cells may stand in quotes.
+/// The mark is passed over, and a first line "sep=;", with which a spreadsheet is told; the cells
+/// of the first line may stand in quotes.
 void ListReader::findSeparator() {
   has(kBlock);
   const std::string_view start = std::string_view(buffer_).substr(position_);
@@ -143,7 +145,7 @@ void ListReader::findSeparator() {
     fail("está en UTF-16; debe guardarse en UTF-8 o en Windows-1252", 1, 1);
   }
   if (start.starts_with(kUtf8Mark)) position_ += kUtf8Mark.size();
-  constexpr std::array kSeparators = {';', '\t', ','};  // of two as frequent, the first
+  if (takeSeparatorLine()) return;
   std::array<long, kSeparators.size()> counts{};
   bool quoted = false;
   for (std::size_t i = position_; i < buffer_.size(); ++i) {
@@ -155,6 +157,20 @@ void ListReader::findSeparator() {
   }
   separator_ =
       kSeparators[static_cast<std::size_t>(std::ranges::max_element(counts) - counts.begin())];
+}
+
+bool ListReader::takeSeparatorLine() {
+  constexpr std::string_view kSep = "sep=";
+  const std::string_view line = std::string_view(buffer_).substr(position_);
+  if (!line.starts_with(kSep) || line.size() < kSep.size() + 2) return false;
+  const char separator = line[kSep.size()];
+  const std::string_view rest = line.substr(kSep.size() + 1);
+  const bool known = std::ranges::count(kSeparators, separator) > 0;
+  if (!known || !(rest.starts_with('\n') || rest.starts_with("\r\n"))) return false;
+  separator_ = separator;
+  while (at(0) != '\n') take();
+  take();
+  return true;
 }
 
 bool ListReader::readRecord(Record& record) {

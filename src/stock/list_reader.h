@@ -38,7 +38,8 @@ class Record {
 };
 
 /// Hands out the rows of a table in text (CSV), in order, once, with bounded memory. Cells are
-/// separated by ";", "," or tabs, whichever the first line has most of; quotes as in RFC 4180, so
+/// separated by ";", "," or tabs, whichever the first line has most of or a line "sep=;" before it
+/// says; quotes as in RFC 4180, so
 /// that a cell may hold separators, doubled quotes and line ends; a line ends in LF or CR LF. UTF-8
 /// with or without mark; bytes that are none are taken as Windows-1252. Rows without any content
 /// are passed over.
@@ -75,6 +76,7 @@ class ListReader {
   std::size_t takePlain(std::string& text);
   void takeLineEnd();
   void findSeparator();
+  bool takeSeparatorLine();
   bool readRecord(Record& record);
   void readField(Record& record);
   void readQuoted(Record& record, Field& field);

@@ -27,7 +27,8 @@ class KeywordWriter {
       : row_(row), columns_(columns), out_(out) {}
 
   void operator()(int TypologyRecord::*) const {
-    if (const auto text = cell(0); !text.empty()) line(numberOf(0, readListInteger(text)));
+    if (const auto text = cell(0); !text.empty())
+      line(numberOf(0, readListInteger(text, row_.columns().commaSeparates())));
   }
   void operator()(float TypologyRecord::*) const {
     if (const auto text = cell(0); !text.empty()) line(real(0));
@@ -64,7 +65,7 @@ class KeywordWriter {
     return number.text;
   }
   std::string real(std::size_t i) const {
-    return numberOf(i, readListNumber(cell(i), row_.columns().separator == ','));
+    return numberOf(i, readListNumber(cell(i), row_.columns().commaSeparates()));
   }
 
   void name() const {
@@ -105,7 +106,7 @@ class HoldsWhatIsWritten {
 
   bool operator()(int TypologyRecord::*field) const {
     int wanted = 0;
-    const std::string number = readListInteger(cell(0)).text;
+    const std::string number = readListInteger(cell(0), row_.columns().commaSeparates()).text;
     std::string_view text = number;
     return number.empty() || (scanInteger(text, wanted) && read_.*field == wanted);
   }
@@ -129,7 +130,7 @@ class HoldsWhatIsWritten {
  private:
   std::string_view cell(std::size_t i) const { return row_.text(columns_.at[i]); }
   bool same(std::size_t i, float value) const {
-    const std::string number = readListNumber(cell(i), row_.columns().separator == ',').text;
+    const std::string number = readListNumber(cell(i), row_.columns().commaSeparates()).text;
     if (number.empty()) return true;
     std::string_view text = number;
     float wanted = 0;
@@ -197,6 +198,23 @@ RowTypology writeTypology(const ListRow& row, std::string_view texts) {
   if (endsLinesInCrLf(texts)) out.bytes = withCrLf(out.bytes);
   out.bytes += texts;
   return out;
+}
+
+bool describesItself(const ListRow& row) {
+  const ListColumns& columns = row.columns();
+  return !row.text(columns.textos).empty() ||
+         std::ranges::any_of(columns.keywords, [&](const KeywordColumns& keyword) {
+           return std::ranges::any_of(keyword.at, [&](int at) { return !row.text(at).empty(); });
+         });
+}
+
+std::optional<Place> placeOfMissing(const ListRow& row) {
+  for (const KeywordColumns& columns : row.columns().keywords) {
+    if (columns.keyword->required && row.text(columns.at.front()).empty()) {
+      return row.placeOf(columns.at.front());
+    }
+  }
+  return std::nullopt;
 }
 
 void requireReadAsWritten(const ListRow& row, const TypologyRecord& read) {

@@ -49,11 +49,19 @@ bool isGoodId(std::string_view id);
 /// Throws Refusal.
 RowTypology writeTypology(const ListRow& row, std::string_view texts);
 
+/// Whether a row has data of its own typology, or texts for it.
+bool describesItself(const ListRow& row);
+
+/// The cell of the first datum that must be there and is not; nothing when all are.
+std::optional<Place> placeOfMissing(const ListRow& row);
+
 /// Makes sure that reading the typology gave what the row says: the reading goes by search, and a
 /// name may hold what looks like a keyword. Throws Refusal.
 void requireReadAsWritten(const ListRow& row, const TypologyRecord& read);
 
 /// The code of a note about a number such as "1.200".
 inline constexpr const char* kPointNote = "punto-decimal";
+/// That of a row with cells that its typology file stands for.
+inline constexpr const char* kUnreadNote = "celdas-no-leidas";
 
 }  // namespace stock

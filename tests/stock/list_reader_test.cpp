@@ -26,6 +26,7 @@ TEST(ListReader, TheFirstLineSaysWhatSeparates) {
       {"nothing", "", ';'},
       {"what stands in quotes separates nothing", "\"a,b,c,d\";TIPO\n", ';'},
       {"only the first line counts", "ID;TIPO\na,b,c,d\n", ';'},
+      {"what a line for spreadsheets says", "sep=,\nID;a;b;c,TIPO\n", ','},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);
@@ -59,6 +60,14 @@ TEST(ListReader, HandsOutCellsAsTheyAreMeant) {
        "a;ñ\n",
        {{"a", "ñ"}}},
       {"Windows-1252", "a;\xF1\x80\n", {{"a", "ñ€"}}},
+      {"a line for spreadsheets", "sep=,\r\na,b;c\n", {{"a", "b;c"}}},
+      {"the same behind the mark",
+       "\xEF\xBB\xBF"
+       "sep=\t\na\tb\n",
+       {{"a", "b"}}},
+      {"a column that begins like it", "sep=a;b\n", {{"sep=a", "b"}}},
+      {"one of no such separator", "sep=|\na;b\n", {{"sep=|"}, {"a", "b"}}},
+      {"one that ends the text", "sep=;", {{"sep=", ""}}},
       {"blanks stay", " a ; b\n", {{" a ", " b"}}},
   };
   for (const auto& c : cases) {
@@ -219,8 +228,12 @@ TEST(ListNumbers, WhatIsNoneIsRefusedWithItsReason) {
     EXPECT_EQ(c.fault, number.fault);
     EXPECT_EQ("", number.text);
   }
-  EXPECT_EQ("no es un número entero", readListInteger("3,0").fault);
-  EXPECT_EQ("no es un número entero", readListInteger("").fault);
-  EXPECT_EQ("es demasiado grande", readListInteger("9999999999").fault);
-  EXPECT_EQ("22", readListInteger("22").text);
+  EXPECT_EQ("no es un número entero", readListInteger("3,5", false).fault);
+  EXPECT_EQ("no es un número entero", readListInteger("3.000", false).fault) << "or three thousand";
+  EXPECT_EQ("no es un número entero", readListInteger("", false).fault);
+  EXPECT_EQ("es demasiado grande", readListInteger("9999999999", false).fault);
+  EXPECT_EQ("22", readListInteger("22", false).text);
+  EXPECT_EQ("-3", readListInteger("-3,0", false).text);
+  EXPECT_EQ("3", readListInteger("3.00", true).text);
+  EXPECT_NE("", readListInteger("3,0", true).fault);
 }

@@ -129,7 +129,7 @@ TEST(RowTypology, ACellThatCannotBeWrittenRefusesTheRow) {
   } cases[] = {
       {"AREA-PLANTA", "1.234,5",
        "AREA-PLANTA: \"1.234,5\" mezcla punto y coma; escriba un solo separador decimal"},
-      {"TIPO", "1,0", "TIPO: \"1,0\" no es un número entero"},
+      {"TIPO", "1,5", "TIPO: \"1,5\" no es un número entero"},
       {"PORCENTAJE-FACHADA-ESTE", "x", "PORCENTAJE-FACHADA-ESTE: \"x\" no es un número"},
       {"PORCENTAJE-FACHADA-ESTE", "", "Falta el valor de PORCENTAJE-FACHADA-ESTE"},
       {"SUELOS", "a\"b",
