@@ -27,6 +27,7 @@ constexpr Title kTitles[] = {
     {"memoria", "Ha faltado memoria"},
     {"inesperado", "Error inesperado"},
     {kPointNote, "Un número con punto y tres cifras, leídas como decimales"},
+    {kUnreadNote, "Hay celdas que no se leen: la fila tiene su TIPOLOGIA"},
 };
 
 }  // namespace

@@ -1,15 +1,10 @@
 #include "stock/dwellings.h"
 
-#include <array>
-#include <cstdio>
-#include <filesystem>
-#include <system_error>
 #include <tuple>
 #include <utility>
 
 #include "check/codes.h"
 #include "core/concat.h"
-#include "core/open_file.h"
 #include "core/output_lines.h"
 #include "core/paths.h"
 #include "core/platform.h"
@@ -20,15 +15,12 @@
 #include "report/fingerprint.h"
 #include "report/generated_building.h"
 #include "stock/file_names.h"
+#include "stock/list_paths.h"
 #include "stock/refusal.h"
-
-namespace fs = std::filesystem;
 
 namespace stock {
 
 namespace {
-
-constexpr long kFolderSize = 1000;  // rows
 
 /// A bar that nobody sees.
 class NoProgressBar : public TProgressBar {
@@ -44,6 +36,11 @@ Refusal refusalOf(const Fault& fault, std::optional<Place> place) {
 
 Refusal refusalOf(const Fault& fault) { return refusalOf(fault, fault.place); }
 
+/// Where a file that is not there is named: the cell, or nowhere but in the fault itself.
+std::optional<Place> cellNaming(const ListRow& row, int column, const Fault& missing) {
+  return row.text(column).empty() ? missing.place : row.placeOf(column);
+}
+
 /// Leads from a place in the text that was written for a row to the cell that it comes from, or to
 /// the file of texts behind it.
 std::optional<Place> placeInInputs(const ListRow& row, const PreparedDwelling& prepared,
@@ -57,16 +54,15 @@ std::optional<Place> placeInInputs(const ListRow& row, const PreparedDwelling& p
   }
   const auto index = static_cast<std::size_t>(place->line > 0 ? place->line - 1 : 0);
   const bool known = index < typology.columnOfLine.size() && typology.columnOfLine[index] >= 0;
-  return known ? row.placeOf(typology.columnOfLine[index]) : row.place();
+  if (known) return row.placeOf(typology.columnOfLine[index]);
+  // About the command as a whole: most likely what it lacks.
+  const std::optional<Place> missing = placeOfMissing(row);
+  return missing ? missing : row.place();
 }
 
 [[noreturn]] void refuse(const Fault& fault, const ListRow& row, const PreparedDwelling& prepared) {
   const std::optional<Place> place = placeInInputs(row, prepared, fault.place);
   throw refusalOf(fault, place ? place : row.place());
-}
-
-[[noreturn]] void failToWrite(const std::string& path) {
-  throw DiskFault{concat("Error al escribir fichero: ", path)};
 }
 
 /// A fingerprint for a cell: it begins with a letter, or a spreadsheet would take one of 16 decimal
@@ -103,23 +99,6 @@ BuildingMeasures measuresOf(const SharedTemplate& shared, const TypologyRecord& 
 }
 
 }  // namespace
-
-std::string Dwellings::outputOf(std::string_view id, long number) {
-  std::array<char, 32> folder{};
-  std::snprintf(folder.data(), folder.size(), "%06ld/", (number - 1) / kFolderSize);
-  return concat(folder.data(), id, ".bdl");
-}
-
-std::string Dwellings::typologyOf(const std::string& output) {
-  constexpr std::size_t kExtension = 3;
-  return output.substr(0, output.size() - kExtension) + "tip";
-}
-
-std::string Dwellings::pathInList(std::string_view path) const {
-  const bool absolute =
-      path.starts_with('/') || path.starts_with('\\') || (path.size() > 1 && path[1] == ':');
-  return absolute ? std::string(path) : options_.listFolder + std::string(path);
-}
 
 SharedTemplate Dwellings::readTemplate(const std::string& path) const {
   SharedTemplate shared;
@@ -193,7 +172,7 @@ PreparedDwelling Dwellings::prepare(const ListRow& row, long number, bool repeat
                   row.placeOf(row.columns().id)};
   }
   PreparedDwelling prepared;
-  prepared.output = outputOf(id, number);
+  prepared.output = Outputs::nameOf(id, number);
   const std::size_t cells = row.record().size();
   if (const int bad = row.record().badQuotes(); bad >= 0) {
     throw Refusal{kBadRow, "Hay texto detrás de unas comillas de cierre", row.placeOf(bad)};
@@ -208,21 +187,31 @@ PreparedDwelling Dwellings::prepare(const ListRow& row, long number, bool repeat
   if (named.empty() && !options_.plantilla) {
     throw Refusal{kMissingCell, "Falta la PLANTILLA", row.placeOf(row.columns().plantilla)};
   }
-  const std::string path = named.empty() ? *options_.plantilla : pathInList(named);
+  const std::string path =
+      named.empty() ? *options_.plantilla : pathInList(options_.listFolder, named);
   prepared.plantilla =
       templates_.get(path, [this](const std::string& name) { return readTemplate(name); });
   const SharedTemplate& shared = *prepared.plantilla;
-  if (shared.missing) throw refusalOf(*shared.missing);
+  const auto requireThere = [&](const std::optional<Fault>& missing) {
+    if (missing) throw refusalOf(*missing, cellNaming(row, row.columns().plantilla, *missing));
+  };
+  requireThere(shared.missing);
   readTypology(row, prepared);
-  if (shared.missingLibrary) throw refusalOf(*shared.missingLibrary);
-  prepared.fingerprint =
-      cellPrint(concat(id, "\n", path, "\n", shared.fingerprint, "\n", prepared.typologyName, "\n",
-                       report::fingerprint(prepared.typology.bytes), "\n",
-                       notesCell(prepared.typology.notes, {}), "\n", options_.version));
-  prepared.refusedPrint =
-      cellPrint(concat(prepared.fingerprint, "\n", options_.listName, "\n",
-                       std::to_string(row.record().line()), "\n", prepared.textsName));
+  requireThere(shared.missingLibrary);
+  prepared.fingerprint = cellPrint(
+      concat(id, "\n", shared.fingerprint, "\n", report::fingerprint(prepared.typology.bytes), "\n",
+             notesCell(prepared.typology.notes, {}), "\n", options_.version));
+  prepared.refusedPrint = cellPrint(concat(prepared.fingerprint, "\n", options_.listName, "\n",
+                                           std::to_string(row.record().line()), "\n", path, "\n",
+                                           prepared.typologyName, "\n", prepared.textsName));
   return prepared;
+}
+
+std::string Dwellings::printOfTemplate() {
+  if (!options_.plantilla) return {};
+  return templates_
+      .get(*options_.plantilla, [this](const std::string& name) { return readTemplate(name); })
+      ->fingerprint;
 }
 
 std::string Dwellings::printOf(const Outcome& refused) const {
@@ -233,27 +222,31 @@ std::string Dwellings::printOf(const Outcome& refused) const {
 
 void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
   const auto read = [&](std::string_view named, int column) {
-    const std::string path = pathInList(named);
+    const std::string path = pathInList(options_.listFolder, named);
     std::shared_ptr<const SharedText> text = texts_.get(path, readSharedText);
     if (text->fault) throw refusalOf(*text->fault, row.placeOf(column));
     return std::pair(path, text);
   };
   const ListColumns& columns = row.columns();
   if (const std::string_view own = row.text(columns.tipologia); !own.empty()) {
-    const std::string path = pathInList(own);
+    const std::string path = pathInList(options_.listFolder, own);
     const std::optional<Fault> missing = faultOf([&] {
       requirePathWithin(path, kPathCapacity);
       if (fileExists(path)) return;
       ReportFailure(ErrorLog, {"No existe el fichero de datos *.tip", wholeFile(path)});
     });
-    if (missing) refuse(*missing, row, prepared);
+    if (missing) throw refusalOf(*missing, row.placeOf(columns.tipologia));
     // Each is read for one row, so that none is kept.
     const SharedText text = readSharedText(path);
     if (text.fault) throw refusalOf(*text.fault);
     prepared.ownFile = true;
     prepared.typologyName = path;
     prepared.typology.bytes = text.bytes;
+    if (describesItself(row)) prepared.typology.notes.emplace_back(kUnreadNote);
     return;
+  }
+  if (!columns.describe) {
+    throw Refusal{kMissingCell, "Falta la TIPOLOGIA", row.placeOf(columns.tipologia)};
   }
   std::shared_ptr<const SharedText> texts;
   if (const std::string_view named = row.text(columns.textos); !named.empty()) {
@@ -280,43 +273,15 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Dwell
   outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology));
   if (fault) refuse(*fault, row, prepared);
   outcome.measures = measuresOf(shared, *typology, room.lines);
-  const std::string path = options_.folder + prepared.output;
-  if (options_.keepTypologies && !prepared.ownFile)
-    putInPlace(typologyOf(path), prepared.typology.bytes);
+  if (options_.keepTypologies && !prepared.ownFile) {
+    outputs_.putBytes(Outputs::typologyOf(prepared.output), prepared.typology.bytes);
+  } else {
+    outputs_.removeTypologyOf(prepared.output);  // that an earlier work kept
+  }
   room.lines.copyTo(room.text);
-  putInPlace(path, room.text);
+  outputs_.putText(prepared.output, room.text);
   outcome.output = prepared.output;
   outcome.fingerprint = prepared.fingerprint;
-}
-
-void Dwellings::putInPlace(const std::string& path, std::string_view bytes) const {
-  const std::string beside = path + ".parcial";
-  const char* const mode = path.ends_with(".tip") ? "wb" : "w";
-  std::FILE* file = openFile(beside, mode);
-  std::error_code failed;
-  if (file == nullptr) {
-    fs::create_directories(filePath(folderOf(path)), failed);
-    file = openFile(beside, mode);
-  }
-  if (file == nullptr) failToWrite(path);
-  std::setvbuf(file, nullptr, _IONBF, 0);
-  const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-  const bool closed = std::fclose(file) == 0;
-  if (written && closed) {
-    fs::rename(filePath(beside), filePath(path), failed);
-    if (!failed) return;
-  }
-  fs::remove(filePath(beside), failed);
-  failToWrite(path);
-}
-
-void Dwellings::removeOutput(const std::string& output) const {
-  const std::string path = options_.folder + output;
-  for (const std::string& name : {path, typologyOf(path)}) {
-    std::error_code ignored;
-    fs::remove(filePath(name), ignored);
-    fs::remove(filePath(name + ".parcial"), ignored);
-  }
 }
 
 }  // namespace stock

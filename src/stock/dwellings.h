@@ -10,6 +10,7 @@
 #include "report/original_building.h"
 #include "stock/note_codes.h"
 #include "stock/outcome.h"
+#include "stock/outputs.h"
 #include "stock/read_once.h"
 #include "stock/row_typology.h"
 
@@ -34,9 +35,8 @@ struct SharedText {
   std::string fingerprint;
 };
 
-/// Where the outputs go, and what they are made with.
+/// What dwellings are made with.
 struct DwellingOptions {
-  std::string folder;                    // of the results, ending in "/"
   std::string listName;                  // as messages call it
   std::string listFolder;                // what paths of the list are relative to
   std::optional<std::string> plantilla;  // of the rows that name none
@@ -52,8 +52,8 @@ struct PreparedDwelling {
   RowTypology typology;
   bool ownFile = false;      // the typology is a file that the list names
   std::string textsName;     // the path of the texts
-  std::string fingerprint;   // of all inputs
-  std::string refusedPrint;  // the same and where the row stands, which a refusal's place tells
+  std::string fingerprint;   // of all inputs, wherever they lie
+  std::string refusedPrint;  // the same and where they lie, which a refusal tells
 };
 
 /// Room for one dwelling, which the next one uses again. Each thread has its own.
@@ -66,7 +66,9 @@ struct DwellingRoom {
 /// nothing else. What goes wrong with a row becomes its outcome.
 class Dwellings {
  public:
-  explicit Dwellings(DwellingOptions options) : options_(std::move(options)) {}
+  /// The outputs must outlive it.
+  Dwellings(DwellingOptions options, const Outputs& outputs)
+      : options_(std::move(options)), outputs_(outputs) {}
 
   /// Reads what a row names. `number`: of the row in the list, from 1; `repeated`: its ID has been
   /// there before. Throws Refusal.
@@ -77,27 +79,17 @@ class Dwellings {
             Outcome& outcome) const;
   /// The fingerprint of a row that `prepare` refused: of all that is said of it.
   std::string printOf(const Outcome& refused) const;
-  /// Makes sure that nothing stands where the output of a row would.
-  void removeOutput(const std::string& output) const;
-
-  /// Where the output of a row goes, from the folder of the results: 1000 rows a folder.
-  static std::string outputOf(std::string_view id, long number);
-  static std::string typologyOf(const std::string& output);
+  /// The fingerprint of the template that was given for all rows; empty where none was.
+  std::string printOfTemplate();
 
  private:
   SharedTemplate readTemplate(const std::string& path) const;
-  std::string pathInList(std::string_view path) const;
   void readTypology(const ListRow& row, PreparedDwelling& prepared);
-  void putInPlace(const std::string& path, std::string_view bytes) const;
 
   DwellingOptions options_;
+  const Outputs& outputs_;
   ReadOnce<SharedTemplate> templates_;
   ReadOnce<SharedText> texts_;
-};
-
-/// Thrown when a file cannot be written.
-struct DiskFault {
-  std::string message;
 };
 
 }  // namespace stock

@@ -6,9 +6,14 @@
 #include "core/concat.h"
 #include "core/paths.h"
 #include "core/report_error.h"
+#include "core/run_ended.h"
+#include "stock/folder_lock.h"
 #include "stock/journal.h"
 #include "stock/outcome.h"
+#include "stock/outputs.h"
+#include "stock/result_files.h"
 #include "stock/results_file.h"
+#include "stock/stale_outputs.h"
 #include "stock/stock_run.h"
 #include "stock/summary_page.h"
 
@@ -18,21 +23,8 @@ namespace stock {
 
 namespace {
 
-constexpr std::string_view kStem = "resultados-";
-
 [[noreturn]] void refuse(std::string message) {
   ReportFailure(ErrorLog, {std::move(message), std::nullopt});
-}
-
-/// The shard whose results a file holds, by its name.
-std::optional<Shard> shardOfName(std::string name) {
-  constexpr std::string_view kOf = "-de-";
-  constexpr std::string_view kExtension = ".csv";
-  if (!name.starts_with(kStem) || !name.ends_with(kExtension)) return std::nullopt;
-  name = name.substr(kStem.size(), name.size() - kStem.size() - kExtension.size());
-  const std::size_t at = name.find(kOf);
-  if (at == std::string::npos) return std::nullopt;
-  return parseShard(name.replace(at, kOf.size(), "/"));
 }
 
 std::vector<Shard> shardsIn(const std::string& folder) {
@@ -40,7 +32,8 @@ std::vector<Shard> shardsIn(const std::string& folder) {
   std::error_code failed;
   for (fs::directory_iterator entry(filePath(folder), failed), end; !failed && entry != end;
        entry.increment(failed)) {
-    if (const auto shard = shardOfName(nameOf(entry->path().filename()))) shards.push_back(*shard);
+    const auto shard = shardOf(ResultFile::kResults, nameOf(entry->path().filename()));
+    if (shard && shard->part) shards.push_back(*shard);
   }
   std::ranges::sort(shards, {}, &Shard::number);
   return shards;
@@ -104,13 +97,13 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
   }
   for (long number = 1; number <= count; ++number) {
     const Shard shard{number, count, true};
-    const std::string results = folder + shard.nameOf("resultados") + ".csv";
+    const std::string results = pathOf(ResultFile::kResults, folder, shard);
     const std::string word = concat(std::to_string(number), "/", std::to_string(count));
     if (!std::ranges::count(shards, number, &Shard::number)) {
       missing.push_back(word);
       continue;
     }
-    const auto end = Journal::endOf(folder + shard.nameOf("diario") + ".csv");
+    const auto end = Journal::endOf(pathOf(ResultFile::kJournal, folder, shard));
     const bool whole = end && end->rows == shard.rowsOf(end->listRows) &&
                        ResultsFile::countRows(results) == end->rows;
     if (!whole) {
@@ -118,8 +111,10 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
       continue;
     }
     if (!list) list = end;
-    if (list->listFingerprint != end->listFingerprint) {
-      refuse(concat("La parte ", word, " es de otra lista, o la lista ha cambiado"));
+    if (list->inputs != end->inputs) {
+      refuse(concat("La parte ", word,
+                    " no se hizo con lo mismo que las anteriores: la lista, la --plantilla o la "
+                    "versión del programa es otra. Repítala con --reanudar"));
     }
   }
   std::string problem;
@@ -135,37 +130,60 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
   return *list;
 }
 
+/// An output that a line of results names and that is not there; empty when nothing is wrong.
+std::string missingOutput(const Outputs& outputs, const std::string& line) {
+  const auto cells = cellsOf(std::string_view(line).substr(0, line.find('\r')));
+  if (!cells || (*cells)[kResultOutput].empty()) return {};
+  const std::string& output = (*cells)[kResultOutput];
+  return outputs.has(output) ? std::string() : output;
+}
+
+/// Writes the results of all shards in the list's order.
+void writeJoined(const std::string& folder, const std::vector<Shard>& shards, long rows,
+                 const std::string& path) {
+  const Outputs outputs(folder, {});
+  std::vector<ShardLines> files;
+  files.reserve(shards.size());
+  for (const Shard& shard : shards) {
+    files.emplace_back(pathOf(ResultFile::kResults, folder, shard));
+  }
+  std::ofstream out(filePath(path), std::ios::binary);
+  out << resultsHeading();
+  for (long row = 0; row < rows; ++row) {
+    // As rows are dealt out to shards.
+    const std::size_t shard = static_cast<std::size_t>(row) % files.size();
+    const auto line = files[shard].next();
+    if (!line) refuse("Los resultados de una parte han cambiado mientras se unían");
+    if (const std::string missing = missingOutput(outputs, *line); !missing.empty()) {
+      const std::string part = concat(std::to_string(shard + 1), "/", std::to_string(files.size()));
+      refuse(concat("Falta la salida ", missing, " de la parte ", part,
+                    ". Ejecútela con --fragmento ", part, " --reanudar"));
+    }
+    out << *line;
+  }
+  out.close();
+  if (!out) refuse(concat("Error al escribir fichero: ", path));
+}
+
 }  // namespace
 
 JoinedShards joinShards(const std::string& folderName, bool summaryPage) {
   const std::vector<Shard> shards = shardsIn(folderName);
   if (shards.empty()) refuse(concat("No hay resultados de partes en la carpeta ", folderName));
   const std::string folder = folderForResults(folderName);
+  const FolderLock lock(pathOf(ResultFile::kLock, folder));
   const ShardEnd list = requireAll(folder, shards);
   removeSummaryPage(folder);
-  std::vector<ShardLines> files;
-  files.reserve(shards.size());
-  for (const Shard& shard : shards) {
-    files.emplace_back(folder + shard.nameOf("resultados") + ".csv");
-  }
-  const std::string path = folder + "resultados.csv";
-  const std::string beside = path + ".parcial";
-  std::ofstream out(filePath(beside), std::ios::binary);
-  out << resultsHeading();
-  for (long row = 0; row < list.listRows; ++row) {
-    // As rows are dealt out to shards.
-    const auto line = files[static_cast<std::size_t>(row) % files.size()].next();
-    if (!line) refuse("Los resultados de una parte han cambiado mientras se unían");
-    out << *line;
-  }
-  out.close();
+  const std::string path = pathOf(ResultFile::kResults, folder);
+  const std::string beside = path + std::string(kUnfinished);
   std::error_code failed;
-  if (out) fs::rename(filePath(beside), filePath(path), failed);
-  if (!out || failed) {
-    std::error_code ignored;
-    fs::remove(filePath(beside), ignored);
-    refuse(concat("Error al escribir fichero: ", path));
+  if (const auto fault = faultOf([&] { writeJoined(folder, shards, list.listRows, beside); })) {
+    fs::remove(filePath(beside), failed);
+    ReportFailure(ErrorLog, *fault);
   }
+  removeStaleOutputs(folder, path, beside);
+  fs::rename(filePath(beside), filePath(path), failed);
+  if (failed) refuse(concat("Error al escribir fichero: ", path));
   if (summaryPage) writeSummaryPage(folder);
   return {static_cast<long>(shards.size()), list.listRows};
 }

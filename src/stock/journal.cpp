@@ -8,7 +8,7 @@
 #include "core/numbers.h"
 #include "core/open_file.h"
 #include "core/paths.h"
-#include "stock/dwellings.h"
+#include "stock/disk_fault.h"
 
 namespace stock {
 
@@ -48,7 +48,7 @@ void Journal::addRow(std::string_view id, std::string_view state, double seconds
 void Journal::finish(const ShardEnd& end) {
   const std::lock_guard lock(mutex_);
   put(concat(kEnd, ";", std::to_string(end.listRows), ";", std::to_string(end.rows), ";",
-             end.listFingerprint, "\r\n"));
+             end.inputs, "\r\n"));
   if (std::fflush(file_.get()) != 0 || std::ferror(file_.get()) != 0) {
     throw DiskFault{concat("Error al escribir fichero: ", path_)};
   }
@@ -67,7 +67,7 @@ std::optional<ShardEnd> Journal::endOf(const std::string& path) {
   text.remove_suffix(1);
   ShardEnd end;
   if (!takeNumber(text, end.listRows) || !takeNumber(text, end.rows)) return std::nullopt;
-  end.listFingerprint = text;
+  end.inputs = text;
   return end;
 }
 

@@ -12,7 +12,7 @@ namespace stock {
 struct ShardEnd {
   long listRows = 0;
   long rows = 0;
-  std::string listFingerprint;
+  std::string inputs;  // fingerprint of what all shards have in common
 };
 
 /// The times of the rows, and whether all were done: what is not the same from one run to the next

@@ -7,11 +7,11 @@
 
 #include "stock/file_names.h"
 #include "stock/hash.h"
-#include "stock/row_typology.h"
 
 namespace stock {
 
-ListOverview overviewOf(const std::string& path, bool needsTemplate) {
+ListOverview overviewOf(const std::string& path, bool needsTemplate,
+                        const std::function<void(const ListRow&)>& show) {
   RunningHash hash;
   const ListReader::Source file = ListReader::sourceOf(path);
   ListReader list(path, [&](char* buffer, std::size_t size) {
@@ -24,7 +24,9 @@ ListOverview overviewOf(const std::string& path, bool needsTemplate) {
   std::deque<std::uint64_t> ids;  // grows without being copied
   Record record;
   while (list.next(record)) {
-    ids.push_back(hashOf(asFileName(ListRow(overview.columns, record, path).id())));
+    const ListRow row(overview.columns, record, path);
+    show(row);
+    ids.push_back(hashOf(asFileName(row.id())));
   }
   overview.rows = static_cast<long>(ids.size());
   overview.fingerprint = hash.text();

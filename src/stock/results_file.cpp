@@ -7,10 +7,11 @@
 #include "core/concat.h"
 #include "core/open_file.h"
 #include "core/paths.h"
-#include "stock/dwellings.h"
+#include "stock/disk_fault.h"
 #include "stock/hash.h"
 #include "stock/outcome.h"
 #include "stock/refusal.h"
+#include "stock/result_files.h"
 
 namespace fs = std::filesystem;
 
@@ -29,8 +30,8 @@ bool readWholeLine(std::istream& in, std::string& line) {
 
 }  // namespace
 
-ResultsFile::ResultsFile(std::string path, bool goOn) : path_(std::move(path)) {
-  if (goOn) load();
+ResultsFile::ResultsFile(std::string path, bool search) : path_(std::move(path)) {
+  load(search);
   std::error_code failed;
   if (size_ == 0) {
     fs::remove(filePath(path_), failed);
@@ -53,8 +54,8 @@ void ResultsFile::fail() const { throw DiskFault{concat("Error al escribir fiche
 
 /// Finds the lines that are there, up to the first that is not whole. They are counted first: what
 /// grows is for a while there twice.
-void ResultsFile::load() {
-  lines_.reserve(static_cast<std::size_t>(std::max(countRows(path_), 0L)));
+void ResultsFile::load(bool search) {
+  if (search) lines_.reserve(static_cast<std::size_t>(std::max(countRows(path_), 0L)));
   std::ifstream in(filePath(path_), std::ios::binary);
   std::string line;
   if (!readWholeLine(in, line) || line + std::string(kLineEnd) != resultsHeading()) return;
@@ -62,9 +63,11 @@ void ResultsFile::load() {
   while (readWholeLine(in, line)) {
     const auto cells = cellsOf(line);
     if (!cells) break;
-    lines_.push_back({hashOf((*cells)[kResultId]), size_});
+    if (search) lines_.push_back({hashOf((*cells)[kResultId]), size_});
+    ++earlierLines_;
     size_ += line.size() + kLineEnd.size();
   }
+  lineCount_ = static_cast<std::size_t>(earlierLines_);
   std::ranges::sort(lines_, {}, &Line::key);
 }
 
@@ -107,12 +110,13 @@ std::uint64_t ResultsFile::append(std::string_view line) {
   }
   const std::uint64_t offset = size_;
   size_ += line.size();
+  if (offset > 0) ++lineCount_;  // the heading is none
   return offset;
 }
 
-void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
+void ResultsFile::arrange(std::span<const std::uint64_t> offsets, const Dropped& dropped) {
   const std::lock_guard lock(mutex_);
-  const std::string beside = path_ + ".parcial";
+  const std::string beside = path_ + std::string(kUnfinished);
   std::error_code failed;
   {
     std::unique_ptr<std::FILE, CloseFile> out(openFile(beside, "wb"));
@@ -132,6 +136,7 @@ void ResultsFile::arrange(std::span<const std::uint64_t> offsets) {
   reader_.close();
   file_.reset();
   lines_ = std::vector<Line>();  // of the file as it was; from "{}" it would keep its room
+  if (dropped && lineCount_ > offsets.size()) dropped(path_, beside);
   fs::rename(filePath(beside), filePath(path_), failed);
   if (failed) fail();
 }

@@ -19,14 +19,17 @@ namespace stock {
 /// rows were done, each written in one piece and handed to the system before `append` comes back.
 /// So a process that is killed leaves whole lines and at most a piece of one behind them; a machine
 /// that loses its power may lose more, and rows that are lost are done again. The last line of an
-/// ID counts. At the end `arrange` puts the file in the list's order, beside its place and renamed.
+/// ID counts. Lines of earlier works stay in front until `arrange` puts the file in the list's
+/// order, beside its place and renamed: they tell of outputs that are still there.
 ///
 /// Any number of threads. Errors of writing are thrown as DiskFault; the file ends in a whole line
 /// then, too.
 class ResultsFile {
  public:
-  /// Begins anew, or goes on with what is there (nothing, when it is none of ours).
-  ResultsFile(std::string path, bool goOn);
+  /// Goes on behind what is there (nothing, when it is none of ours). `search`: it can be found.
+  ResultsFile(std::string path, bool search);
+  /// Lines that were there.
+  long earlierLines() const { return earlierLines_; }
 
   /// The cells of the last line of an ID that was there when the file was opened, and where it is.
   struct Known {
@@ -41,7 +44,10 @@ class ResultsFile {
   std::uint64_t append(std::string_view line);
 
   /// Replaces the file with the heading and the lines at these offsets. The last thing to do.
-  void arrange(std::span<const std::uint64_t> offsets);
+  /// `dropped` is called before that where lines are left out, with the file that has them and the
+  /// one that has not.
+  using Dropped = std::function<void(const std::string& before, const std::string& now)>;
+  void arrange(std::span<const std::uint64_t> offsets, const Dropped& dropped = {});
 
   /// Hands out the whole lines of a file that nobody writes, its heading first, without their line
   /// ends. False when it is none of ours.
@@ -60,7 +66,7 @@ class ResultsFile {
     std::pair<std::uint64_t, std::uint64_t> key() const { return {id, offset}; }
   };
 
-  void load();
+  void load(bool search);
   void openToAppend();
   [[noreturn]] void fail() const;
   std::string lineAt(std::uint64_t offset);
@@ -70,7 +76,9 @@ class ResultsFile {
   std::unique_ptr<std::FILE, CloseFile> file_;
   std::ifstream reader_;
   std::uint64_t size_ = 0;
-  std::vector<Line> lines_;  // those that were there, by hash; of one hash the last comes last
+  long earlierLines_ = 0;
+  std::size_t lineCount_ = 0;  // with those that were appended
+  std::vector<Line> lines_;    // of them, by hash; of one hash the last comes last
 };
 
 }  // namespace stock

@@ -13,13 +13,17 @@
 #include "core/paths.h"
 #include "core/report_error.h"
 #include "core/run_ended.h"
+#include "stock/disk_fault.h"
 #include "stock/dwellings.h"
 #include "stock/folder_lock.h"
 #include "stock/journal.h"
 #include "stock/list_overview.h"
+#include "stock/list_paths.h"
 #include "stock/outcome.h"
 #include "stock/refusal.h"
+#include "stock/result_files.h"
 #include "stock/results_file.h"
+#include "stock/stale_outputs.h"
 #include "stock/summary_page.h"
 
 namespace fs = std::filesystem;
@@ -90,18 +94,20 @@ class StockRun {
       : options_(options),
         watch_(watch),
         overview_(std::move(overview)),
-        lock_(folder + "." + options.shard.nameOf("lote")),
-        results_(folder + options.shard.nameOf("resultados") + ".csv", goesOn()),
-        journal_(folder + options.shard.nameOf("diario") + ".csv", goesOn()),
+        lock_(pathOf(ResultFile::kLock, folder, options.shard)),
+        results_(pathOf(ResultFile::kResults, folder, options.shard), goesOn()),
+        journal_(pathOf(ResultFile::kJournal, folder, options.shard), goesOn()),
         queue_(options.list, overview_, options.shard),
         folder_(folder),
-        dwellings_({.folder = folder,
-                    .listName = options.list,
+        outputs_(folder, options.shard),
+        dwellings_({.listName = options.list,
                     .listFolder = folderOf(options.list),
                     .plantilla = options.plantilla,
                     .keepTypologies = options.keepTypologies,
-                    .version = options.version}) {
+                    .version = options.version},
+                   outputs_) {
     removeSummaryPage(folder, options.shard);
+    if (!goesOn() && results_.earlierLines() > 0) watch.beginAgain(results_.earlierLines());
     end_.counts.rows = options.shard.rowsOf(overview_.rows);
     offsets_.resize(static_cast<std::size_t>(end_.counts.rows));
   }
@@ -109,18 +115,12 @@ class StockRun {
   StockEnd run() {
     {
       std::vector<std::jthread> workers;
-      running_ = options_.workers;
-      for (unsigned i = 0; i < options_.workers; ++i) workers.emplace_back([this] { work(); });
+      startWorkers(workers);
       watchWorkers();
     }
-    if (diskFault_) throw DiskFault{*diskFault_};
-    if (queue_.fault()) ReportFailure(ErrorLog, *queue_.fault());
-    if (end_.complete()) {
-      results_.arrange(offsets_);
-      journal_.finish({overview_.rows, end_.counts.rows, overview_.fingerprint});
-      offsets_ = std::vector<std::uint64_t>();  // gives its room back: the page needs about as much
-      if (options_.summaryPage) writeSummaryPage(folder_, options_.shard);
-    }
+    if (!end_.fault) end_.fault = queue_.fault();
+    if (!end_.fault && outOfMemory_) end_.fault = Fault{"No hay memoria suficiente", std::nullopt};
+    if (end_.complete()) finish();
     end_.interrupted = isInterrupted() && !end_.complete();
     end_.seconds = secondsSince(start_);
     return end_;
@@ -129,6 +129,46 @@ class StockRun {
  private:
   bool goesOn() const { return options_.mode != StockOptions::Mode::kAnew; }
   bool isInterrupted() const { return watch_.interrupted != nullptr && watch_.interrupted->load(); }
+
+  /// Starts as many as asked for, or half as many as the system has room for: the rest is for what
+  /// they work on.
+  void startWorkers(std::vector<std::jthread>& workers) {
+    const auto most = static_cast<unsigned>(std::min<long>(options_.workers, end_.counts.rows));
+    mostWorkers_ = most;
+    running_ = most;
+    try {
+      while (workers.size() < most) {
+        const auto index = static_cast<unsigned>(workers.size());
+        workers.emplace_back([this, index] { work(index); });
+      }
+    } catch (const std::exception&) {
+      const auto started = static_cast<unsigned>(workers.size());
+      mostWorkers_ = (started + 1) / 2;
+      const std::lock_guard lock(mutex_);
+      running_ -= most - started;
+      if (started == 0) outOfMemory_ = true;
+    }
+  }
+
+  /// All rows have a result.
+  void finish() {
+    try {
+      results_.arrange(offsets_, [this](const std::string& before, const std::string& now) {
+        // What another shard writes is not known here; those who join them look after it.
+        if (!options_.shard.part) removeStaleOutputs(folder_, before, now);
+      });
+      journal_.finish({overview_.rows, end_.counts.rows, inputsPrint()});
+      offsets_ = std::vector<std::uint64_t>();  // gives its room back: the page needs about as much
+      if (options_.summaryPage) writeSummaryPage(folder_, options_.shard);
+    } catch (const DiskFault& fault) {
+      end_.fault = Fault{fault.message, std::nullopt};
+    }
+  }
+
+  /// What all shards of a list must have in common.
+  std::string inputsPrint() {
+    return concat(overview_.fingerprint, " ", dwellings_.printOfTemplate(), " ", options_.version);
+  }
 
   void watchWorkers() {
     constexpr auto kTick = std::chrono::milliseconds(100);
@@ -143,15 +183,18 @@ class StockRun {
   }
 
   /// One thread's life. What goes wrong with a row is its outcome; what goes wrong here ends all.
-  void work() {
+  void work(unsigned index) {
     try {
       Ticket ticket;
       DwellingRoom room;
-      while (!stop_ && !isInterrupted() && queue_.next(ticket)) workOn(ticket, room);
+      while (!stop_ && !isInterrupted() && index < mostWorkers_ && queue_.next(ticket)) {
+        workOn(ticket, room);
+      }
     } catch (const DiskFault& fault) {
       stopFor(fault.message);
     } catch (const std::exception&) {
-      stopFor("No hay memoria suficiente");
+      outOfMemory_ = true;  // even the words for it would need some
+      stop_ = true;
     }
     const std::lock_guard lock(mutex_);
     --running_;
@@ -160,7 +203,7 @@ class StockRun {
 
   void stopFor(const std::string& message) {
     const std::lock_guard lock(mutex_);
-    if (!diskFault_) diskFault_ = message;
+    if (!end_.fault) end_.fault = Fault{message, std::nullopt};
     stop_ = true;
   }
 
@@ -184,7 +227,7 @@ class StockRun {
   /// A row that is not correct leaves no output, not even an earlier one.
   void removeOutputOf(const ListRow& row, const Ticket& ticket) {
     if (ticket.repeated || !isGoodId(row.id())) return;
-    dwellings_.removeOutput(Dwellings::outputOf(row.id(), ticket.number));
+    outputs_.remove(Outputs::nameOf(row.id(), ticket.number));
   }
 
   /// Fills the outcome; or gives the state of a row that was done before.
@@ -241,11 +284,10 @@ class StockRun {
     const auto& cells = known->cells;
     const std::string& print = cells[fingerprintColumn()];
     if (cells[kResultState] == wordOf(State::kCorrecta)) {
-      const bool same = print == prepared.fingerprint && cells[kResultOutput] == prepared.output;
-      const std::string path = folder_ + prepared.output;
-      const bool there =
-          same && fileExists(path) &&
-          (!options_.keepTypologies || prepared.ownFile || fileExists(Dwellings::typologyOf(path)));
+      const bool kept = options_.keepTypologies && !prepared.ownFile;
+      const bool there = print == prepared.fingerprint && cells[kResultOutput] == prepared.output &&
+                         outputs_.has(prepared.output) &&
+                         (!kept || outputs_.has(Outputs::typologyOf(prepared.output)));
       return there ? known : std::nullopt;
     }
     const bool counts = cells[kResultState] == wordOf(State::kRechazada) &&
@@ -301,17 +343,19 @@ class StockRun {
   Journal journal_;
   RowQueue queue_;
   std::string folder_;
+  Outputs outputs_;
   Dwellings dwellings_;
   std::vector<std::uint64_t> offsets_;  // of the shard's rows, in the list's order
   const Clock::time_point start_ = Clock::now();
 
   std::atomic<bool> stop_ = false;
+  std::atomic<bool> outOfMemory_ = false;
+  std::atomic<unsigned> mostWorkers_ = 0;
   std::mutex mutex_;  // of what follows
   std::condition_variable workerEnded_;
   unsigned running_ = 0;
   StockEnd end_;
   long newFaults_ = 0;
-  std::optional<std::string> diskFault_;
 };
 
 }  // namespace
@@ -330,7 +374,18 @@ std::string folderForResults(const std::string& folder) {
 StockEnd runStock(const StockOptions& options, const StockWatch& watch) {
   try {
     // The list first: one that cannot be worked on leaves nothing behind.
-    ListOverview overview = overviewOf(options.list, !options.plantilla);
+    InputsApart inputs(options.folder);
+    inputs.require(options.list, std::nullopt);
+    if (options.plantilla) inputs.require(*options.plantilla, std::nullopt);
+    const std::string listFolder = folderOf(options.list);
+    ListOverview overview = overviewOf(options.list, !options.plantilla, [&](const ListRow& row) {
+      const ListColumns& columns = row.columns();
+      for (const int column : {columns.plantilla, columns.tipologia, columns.textos}) {
+        const std::string_view named = row.text(column);
+        if (named.empty()) continue;
+        inputs.require(pathInList(listFolder, named), row.placeOf(column));
+      }
+    });
     watch.begin(overview.columns.warnings);
     return StockRun(options, watch, std::move(overview), folderForResults(options.folder)).run();
   } catch (const DiskFault& fault) {

@@ -50,6 +50,7 @@ struct StockEnd {
   double seconds = 0;
   bool tooManyFaults = false;
   bool interrupted = false;
+  std::optional<Fault> fault;  // why the work could not go on: a full disk, a list that has changed
   bool complete() const { return counts.done() == counts.rows; }
 };
 
@@ -57,6 +58,8 @@ struct StockEnd {
 struct StockWatch {
   /// Told once, before anything is written.
   std::function<void(const std::vector<Fault>& warnings)> begin = [](const auto&) {};
+  /// Told when all rows are worked on though the folder has results of so many.
+  std::function<void(long rows)> beginAgain = [](long) {};
   /// Told several times a second, in the caller's thread.
   std::function<void(const StockCounts&, double seconds)> progress = [](const auto&, double) {};
   /// Set to stop: what is begun is finished.
@@ -68,7 +71,8 @@ struct StockWatch {
 StockEnd runStock(const StockOptions& options, const StockWatch& watch = {});
 
 /// Joins the results of all shards in a folder, and makes their summary page if asked to. Ends the
-/// run, with what is missing, where they are not all there and complete.
+/// run, with what is missing, where they are not all there with their outputs, or were not made of
+/// the same.
 struct JoinedShards {
   long shards = 0;
   long rows = 0;

@@ -93,6 +93,8 @@ std::string summaryText(const StockEnd& end) {
     const long left = counts.rows - counts.done();
     text += concat(left == 1 ? "Queda " : "Quedan ", counted(left, "vivienda", "viviendas"),
                    " por hacer: repita la orden con --reanudar para seguir.\n");
+  } else if (end.fault) {
+    text += "Los resultados no están acabados: repita la orden con --reanudar para acabarlos.\n";
   }
   return text;
 }

@@ -13,6 +13,7 @@
 #include "report/plan_drawing.h"
 #include "report/words.h"
 #include "stock/code_titles.h"
+#include "stock/result_files.h"
 #include "stock/stock_statistics.h"
 
 namespace stock {
@@ -261,22 +262,18 @@ class SummaryPage {
   report::HtmlWriter html_;
 };
 
-std::string pagePath(const std::string& folder, const Shard& shard) {
-  return concat(folder, shard.nameOf("resumen"), ".html");
-}
-
 }  // namespace
 
 std::string summaryPage(StockStatistics& statistics) { return SummaryPage(statistics).write(); }
 
 void writeSummaryPage(const std::string& folder, const Shard& shard) {
-  StockStatistics statistics(concat(folder, shard.nameOf("resultados"), ".csv"));
-  writeWholeFile(pagePath(folder, shard), summaryPage(statistics));
+  StockStatistics statistics(pathOf(ResultFile::kResults, folder, shard));
+  writeWholeFile(pathOf(ResultFile::kPage, folder, shard), summaryPage(statistics));
 }
 
 void removeSummaryPage(const std::string& folder, const Shard& shard) {
   std::error_code ignored;
-  std::filesystem::remove(filePath(pagePath(folder, shard)), ignored);
+  std::filesystem::remove(filePath(pathOf(ResultFile::kPage, folder, shard)), ignored);
 }
 
 }  // namespace stock

@@ -220,6 +220,15 @@ TEST(LoteProgram, SaysWithItsExitCodeHowItEnded) {
        2,
        "no van juntas"},
       {"no such file", {"no.csv", "--salida", "r"}, 3, "Error al abrir fichero de lectura: no.csv"},
+      {"a list to join", {"lista.csv", "--unir", "--salida", "r"}, 2, "--unir no lleva lista"},
+      {"joining is no work",
+       {"--unir", "--salida", "r", "--guardar-tip"},
+       2,
+       "--guardar-tip no dice nada a --unir"},
+      {"columns of no folder",
+       {"--esquema", "--salida", "r"},
+       2,
+       "--salida no dice nada a --esquema"},
       {"nothing to join", {"--unir", "--salida", "r"}, 3, "No hay resultados de partes"},
       {"a folder that is a file",
        {"lista.csv", "--salida", "lista.csv"},
@@ -235,6 +244,51 @@ TEST(LoteProgram, SaysWithItsExitCodeHowItEnded) {
   const ProgramResult schema = list.lote({"--esquema"});
   EXPECT_EQ(0, schema.status);
   EXPECT_TRUE(says(schema.out, "\nALTURA-PLANTA;m;mayor que 0;3\n"));
+}
+
+TEST(LoteProgram, SaysThatItBeginsAgain) {
+  const SampleList list(8, 0);
+  EXPECT_FALSE(says(list.lote({"lista.csv", "--salida", "r"}).err, "de nuevo"));
+  EXPECT_FALSE(says(list.lote({"lista.csv", "--salida", "r", "--reanudar"}).err, "de nuevo"));
+  EXPECT_TRUE(says(list.lote({"lista.csv", "--salida", "r"}).err,
+                   "La carpeta ya tiene resultados de 8 viviendas: se hacen todas de nuevo."));
+}
+
+TEST(LoteProgram, WorksWithTheThreadsThatTheSystemHasRoomFor) {
+#ifdef SANITIZED
+  GTEST_SKIP() << "a sanitizer reserves terabytes of addresses";
+#endif
+  const SampleList list(40, 0);
+  ProgramOptions options;
+  options.folder = list.folder().path();
+  // Each thread has some megabytes of addresses for its stack.
+  const ProgramResult result =
+      runProgram("/bin/bash",
+                 {"-c", "ulimit -v 3000000; exec \"$0\" lote lista.csv --salida r --trabajos 1024",
+                  TIP2BDL_CLI},
+                 options);
+  EXPECT_NE(3, result.status) << result.err;
+  EXPECT_TRUE(says(result.err, "40 viviendas: ")) << result.err;
+  EXPECT_EQ(0, list.lote({"lista.csv", "--salida", "r", "--reanudar"}).status);
+}
+
+// As a full disk would.
+TEST(LoteProgram, SaysHowFarItCameWhenTheResultsCannotBeWritten) {
+  const SampleList list(400, 0);
+  ProgramOptions options;
+  options.folder = list.folder().path();
+  const std::vector<std::string> lote = {"lista.csv", "--salida", "r", "--trabajos", "2"};
+  std::vector<std::string> limited = {"-c", "trap '' XFSZ; ulimit -f 64; exec \"$0\" \"$@\"",
+                                      TIP2BDL_CLI, "lote"};
+  limited.insert(limited.end(), lote.begin(), lote.end());
+  const ProgramResult result = runProgram("/bin/bash", limited, options);
+  EXPECT_EQ(3, result.status);
+  EXPECT_TRUE(says(result.err, " por hacer: repita la orden con --reanudar para seguir.\n"))
+      << result.err;
+  EXPECT_TRUE(says(result.err, "Error al escribir fichero: r/resultados.csv")) << result.err;
+  EXPECT_EQ(0, list.lote({"lista.csv", "--salida", "r", "--reanudar"}).status);
+  EXPECT_EQ(0, list.lote({"lista.csv", "--salida", "entera"}).status);
+  EXPECT_EQ(list.read("entera/resultados.csv"), list.read("r/resultados.csv"));
 }
 
 TEST(LoteProgram, WarnsOfAColumnThatNobodyReads) {

@@ -4,7 +4,7 @@
 
 #include <thread>
 
-#include "stock/dwellings.h"
+#include "stock/disk_fault.h"
 #include "stock/journal.h"
 #include "stock/outcome.h"
 #include "stock/refusal.h"
@@ -174,7 +174,7 @@ TEST(Journal, SaysWhetherItsShardIsFinished) {
   ASSERT_TRUE(end);
   EXPECT_EQ(10, end->listRows);
   EXPECT_EQ(5, end->rows);
-  EXPECT_EQ("abc", end->listFingerprint);
+  EXPECT_EQ("abc", end->inputs);
   { const stock::Journal again(path, true); }
   EXPECT_FALSE(stock::Journal::endOf(path)) << "work on it has begun again";
   writeFile(path, "fin;10;5;abc");

@@ -120,12 +120,27 @@ class ProgressLine {
   double last_ = 0;
 };
 
+/// Makes sure that nothing was given that says nothing to a kind of work.
+void requireOnly(const WorkArguments& arguments, std::string_view kind,
+                 std::initializer_list<std::string_view> options) {
+  if (!arguments.operands.empty()) throw WrongWorkArguments{concat(kind, " no lleva lista")};
+  for (const auto& [option, value] : arguments.values) {
+    if (option == kind || std::ranges::count(options, option) > 0) continue;
+    throw WrongWorkArguments{concat(option, " no dice nada a ", kind)};
+  }
+}
+
 int work(const WorkArguments& arguments, const std::string& folder) {
   const StockOptions options = optionsOf(arguments, folder);
   ProgressLine line(arguments.has("--quiet"));
   stock::StockWatch watch;
   watch.begin = [](const std::vector<Fault>& warnings) {
     for (const Fault& warning : warnings) say(stock::warningText(warning));
+  };
+  watch.beginAgain = [](long rows) {
+    say(concat("La carpeta ya tiene resultados de ", std::to_string(rows),
+               rows == 1 ? " vivienda" : " viviendas",
+               ": se hacen todas de nuevo. Con --reanudar se hace solo lo que falta.\n"));
   };
   watch.progress = [&](const stock::StockCounts& counts, double seconds) {
     line.show(counts, seconds);
@@ -135,6 +150,7 @@ int work(const WorkArguments& arguments, const std::string& folder) {
   const stock::StockEnd end = stock::runStock(options, watch);
   line.clear();
   say(stock::summaryText(end));
+  if (end.fault) ReportFailure(ErrorLog, *end.fault);
   if (end.interrupted) return kExitSignal + Interrupts::signal();
   const bool good = end.complete() && end.counts.refused == 0 && end.counts.failed == 0;
   return good ? 0 : kExitFaults;
@@ -144,13 +160,14 @@ int work(const WorkArguments& arguments, const std::string& folder) {
 
 int lote(const WorkArguments& arguments) {
   if (arguments.has("--esquema")) {
+    requireOnly(arguments, "--esquema", {});
     writeText({}, stock::columnsForPeople());
     return 0;
   }
   const auto folder = arguments.given("--salida");
   if (!folder || folder->empty()) throw WrongWorkArguments{"falta --salida CARPETA"};
   if (!arguments.has("--unir")) return work(arguments, *folder);
-  if (!arguments.operands.empty()) throw WrongWorkArguments{"--unir no lleva lista"};
+  requireOnly(arguments, "--unir", {"--salida", "--informe", "--quiet"});
   const stock::JoinedShards joined = stock::joinShards(*folder, arguments.has("--informe"));
   say(concat("Unidas ", std::to_string(joined.shards), " partes: ", std::to_string(joined.rows),
              " viviendas\n"));
