@@ -97,7 +97,8 @@ gone() { [ -z "$(squeue -h -j "$array" 2>/dev/null)" ]; }
 wait_for 60 gone
 [ -e once ]
 [ ! -e resultados/resultados.csv ] || { echo "joined without a shard"; exit 1; }
-scancel "$join" 2>/dev/null || true
+no_longer_waiting() { [ -z "$(squeue -h -j "$join" 2>/dev/null)" ]; }
+wait_for 60 no_longer_waiting
 
 again=$(sbatch --parsable --array=3 --cpus-per-task=2 lote.sbatch)
 sbatch --dependency=afterok:"$again" unir.sbatch >/dev/null
