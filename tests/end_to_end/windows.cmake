@@ -14,6 +14,11 @@ set_tests_properties(windows_ends PROPERTIES FIXTURES_CLEANUP windows TIMEOUT 60
 add_test(NAME windows_samples
   COMMAND ${Python3_EXECUTABLE} ${here}/windows_samples_test.py
     $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/wine)
+# Against the program of this machine, which another preset builds.
+add_test(NAME windows_random
+  COMMAND ${Python3_EXECUTABLE} ${here}/windows_random_test.py
+    $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR}/build/release/tip2bdl-cli
+    ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/wine)
 add_test(NAME windows_works
   COMMAND ${Python3_EXECUTABLE} ${here}/windows_works_test.py
     $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR}/wine)
@@ -30,7 +35,8 @@ add_test(NAME windows_same_bytes
 add_test(NAME windows_package
   COMMAND ${Python3_EXECUTABLE} ${here}/windows_package_test.py
     ${PROJECT_SOURCE_DIR} ${PROJECT_BINARY_DIR} ${PROJECT_VERSION})
-set_tests_properties(windows_samples windows_works windows_desktop windows_programs windows_package
+set_tests_properties(windows_samples windows_random windows_works windows_desktop
+  windows_programs windows_package
   PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 300 ENVIRONMENT PYTHONDONTWRITEBYTECODE=1)
-set_tests_properties(windows_samples windows_works PROPERTIES FIXTURES_REQUIRED windows)
+set_tests_properties(windows_samples windows_random windows_works PROPERTIES FIXTURES_REQUIRED windows)
 set_tests_properties(windows_same_bytes PROPERTIES TIMEOUT 1200 COST 1000)  # begins first
