@@ -57,7 +57,7 @@ ListNumber readListInteger(std::string_view text, bool commaSeparates) {
   // "5,0": a spreadsheet may give all numbers of a table decimals.
   const std::size_t mark = text.find_first_of(",.");
   if (mark != std::string_view::npos) {
-    const ListNumber real = readListNumber(text, commaSeparates);
+    ListNumber real = readListNumber(text, commaSeparates);
     if (!real.fault.empty()) return real;
     const bool zeros = text.find_first_not_of('0', mark + 1) == std::string_view::npos;
     if (zeros && !real.noted) text = text.substr(0, mark);
