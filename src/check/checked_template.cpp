@@ -20,12 +20,12 @@ WindowCounts countWindows(const TableFile& table) {
   return counts;
 }
 
+}  // namespace
+
 bool isMisreadName(const Finding& finding) {
   return finding.code == Code::kComillasTipograficas || finding.code == Code::kComillasSinCerrar ||
          finding.code == Code::kNombreVacio || finding.code == Code::kNombreCortado;
 }
-
-}  // namespace
 
 CheckedTemplate::CheckedTemplate(const Template& plantilla)
     : plantilla_(plantilla),

@@ -46,7 +46,14 @@ Findings templateFindings(const CheckedTemplate& checked);
 enum class Places { kGiven, kLeftOut };
 Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology, bool hasPlan,
                      Places places = Places::kGiven);
+/// Its two parts: what the names of a typology show, and what its numbers do.
+Findings nameFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+                      Places places);
+Findings planFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+                      Places places);
 
+/// Whether a finding is that a name is not read as it is written.
+bool isMisreadName(const Finding& finding);
 /// Of a name that was not read as it is written, what is said of the name read is no news.
 void dropNamesThatWereMisread(Findings& remarks);
 

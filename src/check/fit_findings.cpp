@@ -2,6 +2,7 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <iterator>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -43,10 +44,13 @@ class Fit {
         windows_(checked.windows()),
         typology_(typology) {}
 
-  Findings findings(bool hasPlan) {
+  Findings ofNames() {
     compareNames();
     compareFrame();
-    if (!hasPlan) return std::move(findings_);
+    return std::move(findings_);
+  }
+
+  Findings ofPlan() {
     const PlanResult result = planTipologia(planDataOf(typology_));
     if (const auto* plan = std::get_if<Plan>(&result)) {
       comparePolygons(*plan);
@@ -313,7 +317,20 @@ class Fit {
 
 }  // namespace
 
+Findings nameFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+                      Places places) {
+  return Fit(checked, typology, places).ofNames();
+}
+
+Findings planFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
+                      Places places) {
+  return Fit(checked, typology, places).ofPlan();
+}
+
 Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology, bool hasPlan,
                      Places places) {
-  return Fit(checked, typology, places).findings(hasPlan);
+  Findings findings = nameFindings(checked, typology, places);
+  if (hasPlan)
+    std::ranges::move(planFindings(checked, typology, places), std::back_inserter(findings));
+  return findings;
 }

@@ -203,11 +203,11 @@ class ListInBoth {
       addItem(Code::kUnidadEnNumero,
               concat(" lleva texto detrás: se leerá "_cp1252, numberInProse(value)), taken);
     }
-    if (value < 0) addItem(Code::kPorcentajeNegativo, " es negativo", "0");
-    if (value > 100) addItem(Code::kPorcentajeMayor100, " es mayor que 100", "100");
-    if (value > 0 && value < 1) {
-      addItem(Code::kPorcentajeFraccion,
-              concat(" parece una fracción: se leerá "_cp1252, numberInProse(value), " %"),
+    const std::optional<Code> code = codeOfPercentage(value);
+    if (code == Code::kPorcentajeNegativo) addItem(*code, " es negativo", "0");
+    if (code == Code::kPorcentajeMayor100) addItem(*code, " es mayor que 100", "100");
+    if (code == Code::kPorcentajeFraccion) {
+      addItem(*code, concat(" parece una fracción: se leerá "_cp1252, numberInProse(value), " %"),
               plainNumber(value * 100));
     }
   }

@@ -35,6 +35,13 @@ class Readings {
         vivienda_{record, file_, run_, firstOf(kVivienda), findings_} {}
 
   Findings compare() {
+    compareWriting();
+    if (wasRead_) compareUse(vivienda_);
+    return findings_.take();
+  }
+
+  /// All but what the values show that were read, percentages apart.
+  void compareWriting() {
     compareBytes(file_, findings_);
     for (const WrittenCommand& command : file_.commands) {
       compareCommand(command);
@@ -43,7 +50,21 @@ class Readings {
     }
     compareBlockWord(kSolarPosition);
     if (run_.found() && isTheOneMeant()) compareVivienda();
-    return findings_.take();
+  }
+
+  /// Of a record that was read from a text alike, what its values show.
+  void compareUseOf(const TypologyRecord& alike) {
+    compareUse({alike, file_, run_, vivienda_.command, findings_, vivienda_.keywords});
+  }
+
+  Findings take() { return findings_.take(); }
+
+  /// Whether what was read is the keywords of the command that is meant, each where it stands.
+  bool isAsWritten() const {
+    return wasRead_ && isShort() &&
+           std::ranges::all_of(vivienda_.keywords, [](const KeywordInBoth& keyword) {
+             return keyword.same || (!keyword.hit && keyword.written == nullptr);
+           });
   }
 
  private:
@@ -69,21 +90,18 @@ class Readings {
         compareNumber(vivienda_, keyword);
       }
     }
-    if (!wasRead()) return;
-    compareDefinitions(vivienda_, framesOfTemplate_);
-    compareUse(vivienda_);
+    wasRead_ = canBeRead();
+    if (wasRead_) compareDefinitions(vivienda_, framesOfTemplate_);
   }
 
   /// Whether the record has the values of the command: the run ends with one that is too long, or
   /// has no "..".
-  bool wasRead() const {
-    constexpr std::size_t kLargest = 10000;
-    const Span block = run_.block();
+  bool canBeRead() const {
     if (!run_.closed()) return false;
-    // Its blanked text is at least a third of it, and at most three times as long.
-    if (block.end - block.begin < kLargest / 3) return true;
-    return normalised(at(block)).size() < kLargest;
+    return isShort() || normalised(at(run_.block())).size() < kLargest;
   }
+  /// The command's blanked text is at least a third of it, and at most three times as long.
+  bool isShort() const { return run_.block().end - run_.block().begin < kLargest / 3; }
 
   static bool isKnown(std::string_view type) {
     return std::ranges::find(kTypes, type) != kTypes.end();
@@ -220,12 +238,15 @@ class Readings {
     });
   }
 
+  static constexpr std::size_t kLargest = 10000;  // bytes of a command that a run reads, blanked
+
   std::span<const std::string> framesOfTemplate_;
   std::string_view bytes_;
   WrittenFile file_;
   WrittenFindings findings_;
   RunReading run_;
   WrittenVivienda vivienda_;
+  bool wasRead_ = false;                                                // the values of vivienda_
   std::map<std::pair<std::string_view, std::string_view>, int> times_;  // of type and name
   std::size_t close_ = bytes_.find("..");                               // of nextClose
 };
@@ -235,4 +256,33 @@ class Readings {
 Findings compareReadings(const TypologyRecord& record,
                          std::span<const std::string> framesOfTemplate) {
   return Readings(record, framesOfTemplate).compare();
+}
+
+struct AlikeReadings::First {
+  First(const TypologyRecord& typology, std::span<const std::string> framesOfTemplate)
+      : record(typology), readings(record, framesOfTemplate) {
+    readings.compareWriting();
+    findings = readings.take();
+  }
+
+  TypologyRecord record;  // keeps the text
+  Readings readings;
+  Findings findings;
+};
+
+AlikeReadings::AlikeReadings(const TypologyRecord& first,
+                             std::span<const std::string> framesOfTemplate)
+    : first_(std::make_unique<First>(first, framesOfTemplate)) {}
+
+AlikeReadings::AlikeReadings(AlikeReadings&&) noexcept = default;
+AlikeReadings& AlikeReadings::operator=(AlikeReadings&&) noexcept = default;
+AlikeReadings::~AlikeReadings() = default;
+
+bool AlikeReadings::areAsWritten() const { return first_->readings.isAsWritten(); }
+
+const Findings& AlikeReadings::ofWriting() const { return first_->findings; }
+
+Findings AlikeReadings::ofValues(const TypologyRecord& alike) {
+  first_->readings.compareUseOf(alike);
+  return first_->readings.take();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <span>
 #include <string>
 
@@ -18,3 +19,26 @@
 /// is said of the two files together.
 Findings compareReadings(const TypologyRecord& record,
                          std::span<const std::string> framesOfTemplate = {});
+
+/// The same of typologies that are written alike: no two of their texts differ in anything but the
+/// digits of numbers in VIVIENDA. How they are written is looked at once. One thread.
+class AlikeReadings {
+ public:
+  /// `first`: one of them.
+  AlikeReadings(const TypologyRecord& first, std::span<const std::string> framesOfTemplate);
+  AlikeReadings(AlikeReadings&&) noexcept;
+  AlikeReadings& operator=(AlikeReadings&&) noexcept;
+  ~AlikeReadings();
+
+  /// Whether a run finds each keyword of VIVIENDA where it is written, and no other: the values of
+  /// one such text are read as those of any other.
+  bool areAsWritten() const;
+  /// What the way they are written shows. Percentages are those of the first.
+  const Findings& ofWriting() const;
+  /// What the values of one of them show, percentages apart; with the places of the first.
+  Findings ofValues(const TypologyRecord& alike);
+
+ private:
+  struct First;
+  std::unique_ptr<First> first_;
+};

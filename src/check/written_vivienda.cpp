@@ -99,6 +99,18 @@ IfAbsent ifAbsent(const ViviendaKeyword& keyword) {
   return {used, concat("se usará "_cp1252, prose)};
 }
 
+std::optional<Code> codeOfPercentage(float value) {
+  if (value < 0) return Code::kPorcentajeNegativo;
+  if (value > 100) return Code::kPorcentajeMayor100;
+  if (value > 0 && value < 1) return Code::kPorcentajeFraccion;
+  return std::nullopt;
+}
+
+bool isOfPercentage(Code code) {
+  return code == Code::kPorcentajeNegativo || code == Code::kPorcentajeMayor100 ||
+         code == Code::kPorcentajeFraccion;
+}
+
 std::string plainNumber(float value) {
   char buffer[64];
   const auto written = std::to_chars(buffer, buffer + sizeof buffer, value);

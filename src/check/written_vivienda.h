@@ -54,6 +54,11 @@ struct IfAbsent {
 };
 IfAbsent ifAbsent(const ViviendaKeyword& keyword);
 
+/// What there is to say of a percentage of openings, but for how it is written.
+std::optional<Code> codeOfPercentage(float value);
+/// Whether it is one of its codes.
+bool isOfPercentage(Code code);
+
 /// "2.8" as a file has it, and as a sentence has it: "2,8".
 std::string plainNumber(float value);
 std::string numberInProse(float value);

@@ -72,8 +72,12 @@ std::string cellPrint(std::string_view text) { return "x" + report::fingerprint(
 /// What a check of the two says besides errors. Also of a typology that the run refuses: what is
 /// read in another way than it is written may be why.
 NoteCodes notesOn(const SharedTemplate& shared, const PreparedDwelling& prepared,
-                  const std::optional<TypologyRecord>& typology) {
+                  const std::optional<TypologyRecord>& typology, RowForm* form) {
   NoteCodes codes = shared.notes;
+  if (typology && form != nullptr) {
+    codes.merge(form->remarkCodesOf(*typology));
+    return codes;
+  }
   // The check never ends a run; a text that is too long for reading leaves nothing to check.
   faultOf([&] {
     std::vector<Fault> ignored;
@@ -248,12 +252,12 @@ void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
   if (!columns.describe) {
     throw Refusal{kMissingCell, "Falta la TIPOLOGIA", row.placeOf(columns.tipologia)};
   }
-  std::shared_ptr<const SharedText> texts;
   if (const std::string_view named = row.text(columns.textos); !named.empty()) {
-    std::tie(prepared.textsName, texts) = read(named, columns.textos);
+    std::tie(prepared.textsName, prepared.texts) = read(named, columns.textos);
   }
   prepared.typologyName = concat(row.id(), ".tip");
-  prepared.typology = writeTypology(row, texts == nullptr ? std::string_view() : texts->bytes);
+  prepared.typology =
+      writeTypology(row, prepared.texts == nullptr ? std::string_view() : prepared.texts->bytes);
 }
 
 void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, DwellingRoom& room,
@@ -263,15 +267,27 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Dwell
   outcome.notes = notesCell(prepared.typology.notes, {});
   if (shared.fault) throw refusalOf(*shared.fault);
   std::optional<TypologyRecord> typology;
+  RowForm* form = nullptr;
+  if (!prepared.ownFile) {
+    form = room.forms.find(prepared.typology, prepared.plantilla, prepared.texts);
+  }
   room.lines.clear();
   const std::optional<Fault> fault = faultOf([&] {
-    typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
-    if (!prepared.ownFile) requireReadAsWritten(row, *typology);
+    SourceText tip(prepared.typologyName, prepared.typology.bytes);
+    if (form != nullptr) typology = form->read(row, std::move(tip));
+    if (!typology) {
+      form = nullptr;
+      typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
+      if (!prepared.ownFile) requireReadAsWritten(row, *typology);
+    }
     NoProgressBar bar;
     generate(*shared.plantilla, *typology, room.lines, bar);
   });
-  outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology));
+  outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology, form));
   if (fault) refuse(*fault, row, prepared);
+  if (form == nullptr && !prepared.ownFile) {
+    room.forms.add(prepared.typology, {prepared.plantilla, prepared.texts, *typology});
+  }
   outcome.measures = measuresOf(shared, *typology, room.lines);
   if (options_.keepTypologies && !prepared.ownFile) {
     outputs_.putBytes(Outputs::typologyOf(prepared.output), prepared.typology.bytes);

@@ -4,36 +4,15 @@
 #include <optional>
 #include <string>
 
-#include "check/checked_template.h"
 #include "core/output_lines.h"
-#include "generator/template.h"
-#include "report/original_building.h"
-#include "stock/note_codes.h"
 #include "stock/outcome.h"
 #include "stock/outputs.h"
 #include "stock/read_once.h"
+#include "stock/row_forms.h"
 #include "stock/row_typology.h"
+#include "stock/shared_inputs.h"
 
 namespace stock {
-
-/// A template with its table and library, read once; or what a run says of them.
-struct SharedTemplate {
-  std::optional<Fault> missing;                              // asked for before the typology
-  std::optional<Fault> missingLibrary;                       // and behind it
-  std::optional<Fault> fault;                                // of reading them
-  std::unique_ptr<const Template> plantilla;                 // null with any of these
-  std::unique_ptr<const report::OriginalBuilding> original;  // of it
-  std::unique_ptr<const CheckedTemplate> checked;            // likewise
-  NoteCodes notes;                                           // about it, whatever the typology
-  std::string fingerprint;
-};
-
-/// A file of texts, or a typology of its own.
-struct SharedText {
-  std::optional<Fault> fault;
-  std::string bytes;
-  std::string fingerprint;
-};
 
 /// What dwellings are made with.
 struct DwellingOptions {
@@ -50,16 +29,19 @@ struct PreparedDwelling {
   std::shared_ptr<const SharedTemplate> plantilla;
   std::string typologyName;
   RowTypology typology;
-  bool ownFile = false;      // the typology is a file that the list names
+  bool ownFile = false;  // the typology is a file that the list names
+  std::shared_ptr<const SharedText> texts;
   std::string textsName;     // the path of the texts
   std::string fingerprint;   // of all inputs, wherever they lie
   std::string refusedPrint;  // the same and where they lie, which a refusal tells
 };
 
-/// Room for one dwelling, which the next one uses again. Each thread has its own.
+/// Room for one dwelling, which the next one uses again, and what earlier ones told of those alike.
+/// Each thread has its own.
 struct DwellingRoom {
   OutputLines lines;
   std::string text;
+  RowForms forms;
 };
 
 /// Makes dwellings of rows. Any number of threads share one; they share the templates and texts and

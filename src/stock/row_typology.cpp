@@ -1,6 +1,7 @@
 #include "stock/row_typology.h"
 
 #include <algorithm>
+#include <cmath>
 #include <variant>
 
 #include "core/concat.h"
@@ -27,17 +28,20 @@ class KeywordWriter {
       : row_(row), columns_(columns), out_(out) {}
 
   void operator()(int TypologyRecord::*) const {
-    if (const auto text = cell(0); !text.empty())
+    if (const auto text = cell(0); !text.empty()) {
       line(numberOf(0, readListInteger(text, row_.columns().commaSeparates())));
+    }
+    endForm();
   }
   void operator()(float TypologyRecord::*) const {
     if (const auto text = cell(0); !text.empty()) line(real(0));
+    endForm();
   }
   void operator()(PerFacade<float> TypologyRecord::*) const {
     const auto size = columns_.at.size();
     std::size_t given = 0;
     for (std::size_t i = 0; i < size; ++i) given += cell(i).empty() ? 0 : 1;
-    if (given == 0) return;
+    if (given == 0) return endForm();
     std::string list = "( ";
     for (std::size_t i = 0; i < size; ++i) {
       if (cell(i).empty()) {
@@ -47,6 +51,7 @@ class KeywordWriter {
       list += concat(i > 0 ? ", " : "", real(i));
     }
     line(list + " )");
+    endForm();
   }
   void operator()(std::string TypologyRecord::*) const { name(); }
   void operator()(IgnoredText) const { name(); }
@@ -62,6 +67,7 @@ class KeywordWriter {
     if (number.noted && !std::ranges::count(out_.notes, kPointNote)) {
       out_.notes.emplace_back(kPointNote);
     }
+    addToForm(number.text);
     return number.text;
   }
   std::string real(std::size_t i) const {
@@ -70,7 +76,7 @@ class KeywordWriter {
 
   void name() const {
     std::string_view text = cell(0);
-    if (text.empty()) return;
+    if (text.empty()) return endForm();
     // Whoever copies a name from a file may copy its quotes as well.
     if (text.size() > 1 && text.starts_with('"') && text.ends_with('"')) {
       text = text.substr(1, text.size() - 2);
@@ -86,12 +92,27 @@ class KeywordWriter {
     const std::optional<std::string> bytes = toCp1252(text);
     if (!bytes) refuseText("contiene caracteres que no existen en Windows-1252");
     line(concat("\"", *bytes, "\""));
+    out_.form += *bytes;
+    endForm();
   }
 
   void line(std::string_view value) const {
     out_.bytes += concat("   ", columns_.keyword->name, " = ", value, "\n");
     out_.columnOfLine.push_back(columns_.at[0]);
   }
+
+  /// Of a number its marks, and that there are digits.
+  void addToForm(std::string_view number) const {
+    bool inDigits = false;
+    for (const char c : number) {
+      const bool digit = c >= '0' && c <= '9';
+      if (!digit || !inDigits) out_.form += digit ? '0' : c;
+      inDigits = digit;
+    }
+    out_.form += ' ';
+  }
+  /// No name holds a line end.
+  void endForm() const { out_.form += '\n'; }
 
   const ListRow& row_;
   const KeywordColumns& columns_;
@@ -142,6 +163,42 @@ class HoldsWhatIsWritten {
   const TypologyRecord& read_;
 };
 
+/// Puts the numbers that a row gives into a record. Gives whether a run takes them as they are.
+class SetsNumbers {
+ public:
+  SetsNumbers(const ListRow& row, const KeywordColumns& columns, TypologyRecord& typology)
+      : row_(row), columns_(columns), typology_(typology) {}
+
+  bool operator()(int TypologyRecord::*field) const {
+    if (cell(0).empty()) return true;
+    const std::string number = readListInteger(cell(0), row_.columns().commaSeparates()).text;
+    std::string_view text = number;
+    return scanInteger(text, typology_.*field);
+  }
+  bool operator()(float TypologyRecord::*field) const { return set(0, typology_.*field); }
+  bool operator()(PerFacade<float> TypologyRecord::*field) const {
+    for (std::size_t i = 0; i < columns_.at.size(); ++i) {
+      if (!set(i, (typology_.*field).at(i))) return false;
+    }
+    return true;
+  }
+  bool operator()(std::string TypologyRecord::*) const { return true; }
+  bool operator()(IgnoredText) const { return true; }
+
+ private:
+  std::string_view cell(std::size_t i) const { return row_.text(columns_.at[i]); }
+  bool set(std::size_t i, float& value) const {
+    if (cell(i).empty()) return true;
+    const std::string number = readListNumber(cell(i), row_.columns().commaSeparates()).text;
+    std::string_view text = number;
+    return scanReal(text, value) && std::isfinite(value);
+  }
+
+  const ListRow& row_;
+  const KeywordColumns& columns_;
+  TypologyRecord& typology_;
+};
+
 /// Line ends of two kinds in one file would be a finding of every dwelling.
 bool endsLinesInCrLf(std::string_view texts) {
   const std::size_t end = texts.find('\n');
@@ -186,6 +243,7 @@ bool isGoodId(std::string_view id) {
 
 RowTypology writeTypology(const ListRow& row, std::string_view texts) {
   RowTypology out;
+  out.form = concat(row.text(row.columns().plantilla), "\n", row.text(row.columns().textos), "\n");
   // No ID in it: the reading goes by search, and an ID may hold a keyword.
   out.bytes = "\"Edificio\" = VIVIENDA\n";
   out.columnOfLine.push_back(-1);
@@ -225,6 +283,14 @@ void requireReadAsWritten(const ListRow& row, const TypologyRecord& read) {
                   " se leería de otro modo: otro nombre de la fila contiene esa palabra"),
            row.placeOf(columns.at[0]));
   }
+}
+
+bool setNumbers(const ListRow& row, TypologyRecord& typology) {
+  return std::ranges::all_of(row.columns().keywords, [&](const KeywordColumns& columns) {
+    const ViviendaKeyword& keyword = *columns.keyword;
+    return std::visit(SetsNumbers(row, columns, typology), keyword.field) &&
+           (keyword.fault == nullptr || keyword.fault(typology).empty());
+  });
 }
 
 }  // namespace stock

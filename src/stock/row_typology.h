@@ -38,6 +38,7 @@ struct RowTypology {
   std::vector<int> columnOfLine;   // of the lines before the texts; -1: of none
   long textsLine = 0;              // the line of `bytes` in which the texts begin
   std::vector<std::string> notes;  // codes of what is worth knowing
+  std::string form;                // what the row says, but for the digits of its numbers
 };
 
 /// Whether an ID is one: letters without accents, digits, "-", "_", ".", at most 100, and no name
@@ -58,6 +59,10 @@ std::optional<Place> placeOfMissing(const ListRow& row);
 /// Makes sure that reading the typology gave what the row says: the reading goes by search, and a
 /// name may hold what looks like a keyword. Throws Refusal.
 void requireReadAsWritten(const ListRow& row, const TypologyRecord& read);
+
+/// Puts the numbers of a row into a record of one that says the same but for their digits. False
+/// where a run might refuse them.
+bool setNumbers(const ListRow& row, TypologyRecord& typology);
 
 /// The code of a note about a number such as "1.200".
 inline constexpr const char* kPointNote = "punto-decimal";

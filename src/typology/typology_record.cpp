@@ -75,6 +75,11 @@ TypologyRecord::TypologyRecord(SourceText tip, std::vector<Fault>& faults)
   });
 }
 
+TypologyRecord::TypologyRecord(const TypologyRecord& alike, SourceText tip)
+    : TypologyRecord(alike) {
+  fuente_ = std::make_shared<SourceText>(std::move(tip));
+}
+
 void TypologyRecord::read(const std::function<void(const Step&)>& carryOut) {
   LeerBDL model(*fuente_);
   std::optional<LeerBDL> vivienda;

@@ -21,6 +21,9 @@ struct TypologyRecord {
   /// The same for a check, which wants to know all that is wrong: `faults` receives what a run
   /// would end with, and behind it what the next ones would; the record holds what could be read.
   TypologyRecord(SourceText tip, std::vector<Fault>& faults);
+  /// What `alike` holds, as read from `tip`: for whoever knows that the two texts differ in values
+  /// alone, and sets these.
+  TypologyRecord(const TypologyRecord& alike, SourceText tip);
   virtual ~TypologyRecord() = default;
 
   int tipo = 0;

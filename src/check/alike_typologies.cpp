@@ -1,0 +1,35 @@
+#include "check/alike_typologies.h"
+
+#include <algorithm>
+
+#include "check/written_vivienda.h"
+
+namespace {
+
+void addCodes(const Findings& findings, std::set<Code>& codes) {
+  for (const Finding& finding : findings) codes.insert(finding.code);
+}
+
+}  // namespace
+
+AlikeTypologies::AlikeTypologies(const CheckedTemplate& checked, const TypologyRecord& first)
+    : checked_(&checked), readings_(first, checked.frames()) {
+  // Which name was misread can only be told by its place.
+  differInValues_ =
+      readings_.areAsWritten() && std::ranges::none_of(readings_.ofWriting(), isMisreadName);
+  addCodes(readings_.ofWriting(), ofAll_);
+  std::erase_if(ofAll_, isOfPercentage);
+  addCodes(nameFindings(checked, first, Places::kLeftOut), ofAll_);
+}
+
+std::set<Code> AlikeTypologies::remarkCodesOf(const TypologyRecord& alike) {
+  std::set<Code> codes = ofAll_;
+  for (const auto& percentages : {alike.porcentajeFachada, alike.porcentajePatio}) {
+    for (const float percentage : percentages) {
+      if (const auto code = codeOfPercentage(percentage)) codes.insert(*code);
+    }
+  }
+  addCodes(readings_.ofValues(alike), codes);
+  addCodes(planFindings(*checked_, alike, Places::kLeftOut), codes);
+  return codes;
+}
