@@ -31,6 +31,10 @@ class OutputLines {
   };
   /// The one behind the last line.
   Mark mark() const { return {own_.size(), count_}; }
+  /// What was written from one mark to another; nothing was copied in between.
+  std::string_view written(const Mark& from, const Mark& to) const {
+    return std::string_view(own_).substr(from.bytes, to.bytes - from.bytes);
+  }
   /// Appends what was written from one mark to another once more; nothing was copied in between.
   /// False, and nothing is appended, where not all of it fits.
   bool WriteAgain(const Mark& from, const Mark& to);

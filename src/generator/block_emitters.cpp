@@ -9,17 +9,17 @@ void GeneratorContext::rewriteFloor() {
   while (findNextKey(EmitterNames::kFloor, match)) {
     switch (match.index) {
       case kFloorHeight:
-        writeKeyword("FLOOR-HEIGHT", typology().alturaPlanta);
+        write({.kind = OwnPiece::Kind::kFloorHeight});
         break;
       case kFloorSpaceHeight:
-        writeKeyword("SPACE-HEIGHT", typology().alturaPlanta);
+        write({.kind = OwnPiece::Kind::kFloorSpaceHeight});
         break;
       case kFloorMultiplier: {
         // A floor that exists once, ground or top, has the multiplier 1; any other is the repeated
         // middle floor and stands for all storeys but two.
-        const int repeated = typology().numeroPlantas - 2;
+        const int repeated = repeatedStoreys(typology());
         if (splitAssignment(currentLine()).value != "1" && repeated > 1) {
-          writeKeyword("MULTIPLIER", repeated);
+          write({.kind = OwnPiece::Kind::kFloorMultiplier});
         } else {
           writeCurrentLine();
         }
@@ -42,13 +42,13 @@ void GeneratorContext::rewriteSpace() {
   while (findNextKey(EmitterNames::kSpace, match)) {
     switch (match.index) {
       case kSpaceHeight:
-        writeKeyword("HEIGHT", typology().alturaPlanta);
+        write({.kind = OwnPiece::Kind::kSpaceHeight});
         break;
       case kSpaceMultiplier:
-        writeKeyword("MULTIPLIER", 1);  // repeated storeys are the FLOOR's business
+        write({.kind = OwnPiece::Kind::kSpaceMultiplier});
         break;
       case kSpaceAirChanges:
-        writeKeyword("AIR-CHANGES/HR", typology().airChangesHr);
+        write({.kind = OwnPiece::Kind::kSpaceAirChanges});
         break;
       default:
         writeCurrentLine();

@@ -9,21 +9,21 @@ namespace {
 /// by its orientation, as are kinds 0 and -3.
 enum { kRoof = -1, kPartyWall = -2, kVerticalPartition = -4, kHorizontalPartition = -5 };
 
-const std::string& constructionFor(const TypologyRecord& typology, int orientationClass, int kind) {
+std::string TypologyRecord::*constructionFor(int orientationClass, int kind) {
   switch (kind) {
     case kHorizontalPartition:
-      return typology.particionInteriorHorizontal;
+      return &TypologyRecord::particionInteriorHorizontal;
     case kVerticalPartition:
-      return typology.particionInteriorVertical;
+      return &TypologyRecord::particionInteriorVertical;
     case kPartyWall:
-      return orientationClass == kFacesUp ? typology.particionInteriorHorizontal
-                                          : typology.medianera;
+      return orientationClass == kFacesUp ? &TypologyRecord::particionInteriorHorizontal
+                                          : &TypologyRecord::medianera;
     case kRoof:
-      return typology.cubiertas;
+      return &TypologyRecord::cubiertas;
     default:
-      if (orientationClass == kFacesDown) return typology.suelos;
-      if (orientationClass == kFacesUp) return typology.cubiertas;
-      return typology.murosFachada;
+      if (orientationClass == kFacesDown) return &TypologyRecord::suelos;
+      if (orientationClass == kFacesUp) return &TypologyRecord::cubiertas;
+      return &TypologyRecord::murosFachada;
   }
 }
 
@@ -32,7 +32,8 @@ const std::string& constructionFor(const TypologyRecord& typology, int orientati
 void emitConstruction(GeneratorContext& context, int orientationClass,
                       std::string_view /*surfaceName*/, int kind) {
   context.writeCurrentLine();
-  context.writeKeyword("CONSTRUCTION", constructionFor(context.typology(), orientationClass, kind));
+  context.write({.kind = OwnPiece::Kind::kConstruction,
+                 .construction = constructionFor(orientationClass, kind)});
   context.dropKeysUntil(kConstructionEnd, EmitterNames::kConstruction);
-  context.writeLine("..");
+  context.write({.kind = OwnPiece::Kind::kCommandEnd});
 }

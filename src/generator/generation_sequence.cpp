@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "core/cp1252.h"
 #include "core/platform.h"
 #include "core/run_ended.h"
 #include "generator/construction_emitter.h"
@@ -21,44 +20,28 @@ bool contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
 }
 
-void writeHeader(GeneratorContext& context) {
-  const std::string asterisks = "$\t" + std::string(57, '*');
-  context.writeLine(asterisks);
-  context.writeLine("$ Edificio Generado en función de la Tipología a la que pertenezca"_cp1252);
-  context.writeLine(asterisks);
-  for (int i = 0; i < 3; ++i) context.writeLine("");
-}
-
 /// The neighbours' walls on the two sides of the courtyards. A header that is not wanted is dropped
 /// while the lines that follow it are copied, and both are looked for in any case.
 void writeCourtyardShades(GeneratorContext& context) {
-  const TypologyRecord& typology = context.typology();
-  const TipoRow& row = tipoRow(typology.tipo);
+  const TipoRow& row = tipoRow(context.typology().tipo);
   if (row.shades == CourtyardShades::kNotLookedFor) return;
 
-  const double depth =
-      (static_cast<double>(typology.areaPlanta) + typology.areaPatio) / typology.longitudFachada;
   context.copyUntilCommand("BUILDING-SHADE");
   if (contains(context.currentLine(), "Sombra001") && row.firstShade()) {
     context.writeCurrentLine();
-    context.writeKeyword("X", typology.longitudFachada);
-    context.writeKeyword("Y", static_cast<float>((depth - typology.profundidadPatio) * 0.5));
-    context.writeKeyword("WIDTH", typology.profundidadPatio);
+    context.write({.kind = OwnPiece::Kind::kFirstShade});
   }
   context.copyUntilCommand("BUILDING-SHADE");
   if (contains(context.currentLine(), "Sombra002") && row.secondShade()) {
     context.writeCurrentLine();
-    context.writeKeyword("Y", static_cast<float>((depth + typology.profundidadPatio) * 0.5));
-    context.writeKeyword("WIDTH", typology.profundidadPatio);
+    context.write({.kind = OwnPiece::Kind::kSecondShade});
   }
 }
 
 void writeBuildingParameters(GeneratorContext& context) {
   context.copyUntilCommand("BUILD-PARAMETERS");
   context.writeCurrentLine();
-  context.writeKeyword("AZIMUTH", context.typology().orientacion);
-  context.writeKeyword("TIPOLOGIA", tipoRow(context.typology().tipo).buildingClass);
-  context.writeLine(context.typology().textoPosicionSolar);
+  context.write({.kind = OwnPiece::Kind::kBuildingParameters});
 }
 
 void rewriteSurface(GeneratorContext& context, WindowEmitter& windows, int index) {
@@ -95,13 +78,13 @@ void rewriteCommands(GeneratorContext& context, const Plan& plan, TProgressBar& 
 }
 
 void generateWith(GeneratorContext& context, TProgressBar& progressBar) {
-  writeHeader(context);
+  context.write({.kind = OwnPiece::Kind::kHeader});
   writeCourtyardShades(context);
   const Plan plan = geometriaTipologia(context);
   writeBuildingParameters(context);
   rewriteCommands(context, plan, progressBar);
   context.copyRest();
-  context.writeLine(context.typology().textoTipologia());
+  context.write({.kind = OwnPiece::Kind::kTypology});
   context.requireFiniteOutput();
 }
 
@@ -118,6 +101,13 @@ void generate(const Template& plantilla, const TypologyRecord& typology, OutputL
               TProgressBar& progressBar) {
   GeneratorContext context(plantilla, typology, output);
   generateWith(context, progressBar);
+}
+
+void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
+              std::vector<BegunPiece>* pieces) {
+  GeneratorContext context(plantilla, typology, output, pieces);
+  NoProgressBar noBar;
+  generateWith(context, noBar);
 }
 
 std::vector<Fault> faultsOfGenerating(const Template& plantilla, const TypologyRecord& typology) {

@@ -7,6 +7,7 @@
 class OutputLines;
 class TProgressBar;
 class Template;
+struct BegunPiece;
 struct TypologyRecord;
 
 /// Puts the whole building description of a typology together in `output`: header, courtyard
@@ -15,6 +16,11 @@ struct TypologyRecord;
 /// command. `plantilla` must outlive `output`, whose lines are mostly the template's own bytes.
 void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
               TProgressBar& progressBar);
+
+/// The same where nobody looks on. `pieces`: where in the output each piece of its own begins; null
+/// where nobody asks.
+void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
+              std::vector<BegunPiece>* pieces = nullptr);
 
 /// All faults that stand in the way of the same building, for a check: the first is the one that
 /// `generate` ends with. None when it comes to its end.

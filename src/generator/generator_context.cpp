@@ -1,6 +1,5 @@
 #include "generator/generator_context.h"
 
-#include <cmath>
 #include <utility>
 
 #include "core/concat.h"
@@ -43,40 +42,27 @@ GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyReco
       typology_(typology),
       output_(output),
       faults_(std::move(faults)),
-      walk_(plantilla) {
+      walk_(plantilla),
+      lines_(output) {
   // Few templates have more computed than copied.
   output_.expectBytes(plantilla.building().bytes().size());
 }
 
+GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyRecord& typology,
+                                   OutputLines& output, std::vector<BegunPiece>* pieces)
+    : GeneratorContext(plantilla, typology, output) {
+  pieces_ = pieces;
+}
+
 void GeneratorContext::writeCurrentLine() { walk_.copyLine(output_); }
 
-void GeneratorContext::writeKeyword(std::string_view keyword, std::string_view value) {
-  writeLine("  ", keyword, " = ", value, " ");
-}
-
-void GeneratorContext::writeKeyword(std::string_view keyword, int value) {
-  writeKeyword(keyword, std::to_string(value));
-}
-
-void GeneratorContext::writeKeyword(std::string_view keyword, float value) {
-  writeKeyword(keyword, formatFinite(keyword, value));
-}
-
-std::string GeneratorContext::formatFinite(std::string_view keyword, float value) {
-  if (!std::isfinite(value) && notFiniteKeyword_.empty()) {
-    notFiniteKeyword_ = keyword;
-    notFiniteValue_ = value;
-  }
-  return formatReal(value);
-}
-
 void GeneratorContext::requireFiniteOutput() const {
-  if (notFiniteKeyword_.empty()) return;
+  const std::string& keyword = lines_.notFiniteKeyword();
+  if (keyword.empty()) return;
   const std::string what =
-      concat("el valor de ", notFiniteKeyword_, " en la salida no es un número finito: "_cp1252,
-             formatReal(notFiniteValue_));
-  faults_({errorInFile(typology_.fuente().name(), 0, what),
-           placeOfOrigin(typology_, notFiniteKeyword_)});
+      concat("el valor de ", keyword, " en la salida no es un número finito: "_cp1252,
+             formatReal(lines_.notFiniteValue()));
+  faults_({errorInFile(typology_.fuente().name(), 0, what), placeOfOrigin(typology_, keyword)});
 }
 
 void GeneratorContext::report(std::string message, long number) const {
@@ -103,7 +89,7 @@ bool GeneratorContext::copyUntil(const Read& read, const Stops& stops) {
   while (read()) {
     if (stops()) return true;
     if (rewritesSchedules && walk_.isSchedule()) {
-      writeSchedule();
+      write({.kind = OwnPiece::Kind::kSchedule});
     } else {
       writeCurrentLine();
     }
@@ -139,13 +125,6 @@ void GeneratorContext::dropVerticesUntilEnd(int n) {
   while (copyUntil([&] { return isVertex() || walk_.find(EmitterNames::kEnd, end); }) &&
          isVertex()) {
   }
-}
-
-void GeneratorContext::writeSchedule() {
-  const std::string hourly = formatFinite("VALUES", 4.0F / typology_.airChangesHr);
-  std::string line = " VALUES = ( ";
-  for (int i = 0; i < 8; ++i) line.append(hourly).append(", ");
-  writeLine(line.append("1 ) "));
 }
 
 void GeneratorContext::copyUntilCommand(std::string_view type) {

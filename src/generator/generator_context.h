@@ -2,13 +2,22 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/output_lines.h"
 #include "core/report_error.h"
+#include "generator/keyword_lines.h"
 #include "generator/line_meanings.h"
+#include "generator/own_pieces.h"
 #include "generator/template.h"
 #include "generator/template_walk.h"
 #include "typology/typology_record.h"
+
+/// A piece of an output, and the place in front of it.
+struct BegunPiece {
+  OwnPiece piece;
+  OutputLines::Mark at;
+};
 
 /// The generator's state: a stream editor over the template. It reads the template strictly
 /// forward, one line at a time, copies every line to the output and, at the lines that matter,
@@ -20,6 +29,9 @@ class GeneratorContext {
  public:
   GeneratorContext(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
                    FaultSink faults = endRunWith);
+  /// The same for one who wants to know where in the output each piece begins.
+  GeneratorContext(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
+                   std::vector<BegunPiece>* pieces);
   virtual ~GeneratorContext() = default;
 
   const Template& plantilla() const { return template_; }
@@ -37,27 +49,24 @@ class GeneratorContext {
   /// The same with a message that names the file and the line.
   void reportAtLine(long number, std::string_view what) const;
 
-  /// Writes one line, put together from its parts.
-  template <typename... Parts>
-  void writeLine(const Parts&... parts) {
-    // The output holds as many lines as it holds; what comes after is lost, as ever.
-    output_.WriteLine(parts...);
+  /// Writes a piece that follows from the typology alone.
+  void write(const OwnPiece& piece) {
+    begin(piece);
+    writePiece(piece, typology_, nullptr, lines_);
   }
+  /// Says that the lines which follow are a piece.
+  void begin(const OwnPiece& piece) {
+    if (pieces_ != nullptr) pieces_->push_back({piece, mark()});
+  }
+  KeywordLines& lines() { return lines_; }
   /// The place behind the last line written.
   OutputLines::Mark mark() const { return output_.mark(); }
   /// Writes what stands between two such places once more; false where it no longer fits.
   bool writeAgain(const OutputLines::Mark& from, const OutputLines::Mark& to) {
     return output_.WriteAgain(from, to);
   }
-  /// The same for the current line, whose bytes are taken from the template at the end.
+  /// Writes the current line, whose bytes are taken from the template at the end.
   void writeCurrentLine();
-  /// Writes "  KEYWORD = value " for a text, a number ("%d") or a real ("%f").
-  void writeKeyword(std::string_view keyword, std::string_view value);
-  void writeKeyword(std::string_view keyword, int value);
-  void writeKeyword(std::string_view keyword, float value);
-  /// `value` as "%f" writes it, for a line about `keyword`. NaN and infinities have no place in the
-  /// output; the first one is remembered for `requireFiniteOutput`.
-  std::string formatFinite(std::string_view keyword, float value);
   /// Reports a real that was to be written and is not finite. Asked at the very end, so that the
   /// checks on the plan, which such a number fails too, speak first.
   void requireFiniteOutput() const;
@@ -95,13 +104,11 @@ class GeneratorContext {
   bool copyUntil(const Read& read, const Stops& stops);
   template <typename Stops>
   bool copyUntil(const Stops& stops);
-  void writeSchedule();
-
   const Template& template_;
   const TypologyRecord& typology_;
   OutputLines& output_;
   FaultSink faults_;
   TemplateWalk walk_;
-  std::string notFiniteKeyword_;  // the first keyword with a NaN or an infinity, and its value
-  float notFiniteValue_ = 0;
+  KeywordLines lines_;
+  std::vector<BegunPiece>* pieces_ = nullptr;  // null: nobody asks
 };

@@ -44,6 +44,8 @@ Plan geometriaTipologia(GeneratorContext& context) {
     ReportFailure(ErrorLog, {fault.message, typology.placeOf(nameOf(fault.keywords.front()))});
   }
   Plan plan = std::get<Plan>(std::move(result));
-  for (const Outline& outline : plan.outlines) emitPolygon(context, outline.vertices);
+  for (std::size_t i = 0; i < plan.outlines.size(); ++i) {
+    emitPolygon(context, plan.outlines[i].vertices, i);
+  }
   return plan;
 }

@@ -16,13 +16,6 @@ constexpr float kWindowHeight = 1.2F;  // m, of a window that the template does 
 /// Drops the command whose header is in the current line, its ".." included.
 void dropWindow(GeneratorContext& context) { context.skipUntilKey(EmitterNames::kEnd); }
 
-/// The bays that a window is one of.
-struct Bays {
-  float surface;  // m2, all of them
-  int count;
-  float percentage;
-};
-
 std::string_view facadeName(Facade facade) {
   constexpr std::string_view kNames[] = {"sur", "este", "norte", "oeste"};
   return kNames[facade];
@@ -52,11 +45,8 @@ WindowSize sizeWindow(float percentage, float bayArea, float templateHeight) {
   return size;
 }
 
-bool WindowEmitter::writeAgain(Facade facade, bool streetSide, float templateHeight) {
-  const auto same = std::ranges::find_if(written_, [&](const Written& written) {
-    return written.facade == facade && written.streetSide == streetSide &&
-           written.templateHeight == templateHeight;
-  });
+bool WindowEmitter::writeAgain(const OwnPiece& piece) {
+  const auto same = std::ranges::find(written_, piece, &Written::piece);
   return same != written_.end() && context_.writeAgain(same->from, same->to);
 }
 
@@ -83,33 +73,23 @@ void WindowEmitter::emit(int orientationClass, int surfaceIndex, bool courtyard)
   const float templateHeight = context_.dropKeysUntil(kWindowEnd, EmitterNames::kWindow);
   // Kept on purpose: a street window as tall as the storey takes the courtyard's data.
   const bool streetSide = !courtyard && templateHeight < kBayHeight;
-  if (writeAgain(facade, streetSide, templateHeight)) return;
+  const OwnPiece piece{.kind = OwnPiece::Kind::kWindow,
+                       .facade = facade,
+                       .streetSide = streetSide,
+                       .templateHeight = templateHeight};
+  context_.begin(piece);
+  if (writeAgain(piece)) return;
 
   const OutputLines::Mark begin = context_.mark();
-  context_.writeKeyword("GLASS-TYPE", typology.ventanaVidrio);
-  const Bays bays = streetSide
-                        ? Bays{plan_.superficieFachada[facade], plan_.numHuecosFachada[facade],
-                               typology.porcentajeFachada[facade]}
-                        : Bays{plan_.superficiePatio[facade], plan_.numHuecosPatio[facade],
-                               typology.porcentajePatio[facade]};
-  if (bays.count == 0) {
+  writePiece(piece, typology, &plan_, context_.lines());
+  if (baysOf(piece, typology, plan_).count == 0) {
     const std::string_view name =
         context_.plantilla().table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
     context_.reportAtLine(
         headerNumber,
         concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, facadeName(facade),
                streetSide ? "" : " del patio", ", que no tiene huecos en esta tipología"_cp1252));
-    context_.writeLine("..");
     return;
   }
-  const float bayArea = bays.surface / static_cast<float>(bays.count);
-  const WindowSize size = sizeWindow(bays.percentage, bayArea, templateHeight);
-  context_.writeKeyword("X", size.x);
-  context_.writeKeyword("Y", size.y);
-  context_.writeKeyword("WIDTH", size.width);
-  context_.writeKeyword("HEIGHT", size.height);
-  context_.writeLine(typology.textoMarco);
-  context_.writeLine(typology.textoSombra);
-  context_.writeLine("..");
-  written_.push_back({facade, streetSide, templateHeight, begin, context_.mark()});
+  written_.push_back({piece, begin, context_.mark()});
 }

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "core/output_lines.h"
-#include "typology/facade.h"
+#include "generator/own_pieces.h"
 
 class GeneratorContext;
 struct Plan;
@@ -36,13 +36,11 @@ class WindowEmitter {
  private:
   /// What windows of one size are given; the next of them gets the same lines.
   struct Written {
-    Facade facade;
-    bool streetSide;
-    float templateHeight;
+    OwnPiece piece;
     OutputLines::Mark from, to;
   };
 
-  bool writeAgain(Facade facade, bool streetSide, float templateHeight);
+  bool writeAgain(const OwnPiece& piece);
 
   GeneratorContext& context_;
   const Plan& plan_;

@@ -2,109 +2,18 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <set>
 
 #include "core/run_ended.h"
 #include "generator/generation_sequence.h"
 #include "generator/generator_fixture.h"
+#include "generator/random_template.h"
 
 // A template whose lines are known makes the same building as one that is read line by line.
 
 namespace {
 
 using Use = Template::Use;
-
-constexpr std::string_view kTable =
-    "Tabla\nde superficies\n5 0\n"
-    "\"Muro\"\n30 10 0.5 3 10 180 90 0 1 0\n"
-    "\"Ventana\"\n3 1 0.5 1 1 180 90 1 1 0\n"
-    "\"Med\"\n3 1 0.5 1 1 90 90 1 1 0\n"
-    "HEIGHT\n3 1 0.5 1 1 0 90 0 1 0\n"
-    "\"Cubierta\"\n3 1 0.5 1 1 0 0 1 1 0";
-
-/// What means something to somebody, and what looks like it.
-const std::vector<std::string> kWords = {"POLYGON",
-                                         "BUILD-PARAMETERS",
-                                         "BUILDING-SHADE",
-                                         "\"Sombra001\"",
-                                         "FLOOR",
-                                         "SPACE",
-                                         "\"Muro\"",
-                                         "\"Ventana\"",
-                                         "\"Med\"",
-                                         "\"Cubierta\"",
-                                         "WINDOW",
-                                         "EXTERIOR-WALL",
-                                         "..",
-                                         "V1",
-                                         "V4",
-                                         "V5",
-                                         "V05",
-                                         "V",
-                                         "HEIGHT",
-                                         "WIDTH",
-                                         "2.5",
-                                         "3",
-                                         "X",
-                                         "COEFF",
-                                         "MULTIPLIER",
-                                         "1",
-                                         "FLOOR-HEIGHT",
-                                         "SPACE-HEIGHT",
-                                         "AIR-CHANGES/HR",
-                                         "CONSTRUCTION",
-                                         "----------",
-                                         "nada",
-                                         "",
-                                         " "};
-const std::string kSchedule = "VALUES = ( 4, 4, 4, 4, 4, 4, 4, 4, 1 )";
-
-class RandomTemplate {
- public:
-  explicit RandomTemplate(unsigned seed) : random_(seed) {}
-
-  std::string text() {
-    const std::string lineEnd = oneIn(4) ? "\r\n" : "\n";
-    std::string text;
-    for (int polygons = number(3); polygons >= 0; --polygons) {
-      text += "\"P\" = POLYGON" + lineEnd + lines(number(4), lineEnd) + ".." + lineEnd;
-    }
-    text += "\"D\" = BUILD-PARAMETERS" + lineEnd + lines(number(80), lineEnd);
-    if (oneIn(2)) text.resize(text.size() - lineEnd.size());
-    return text;
-  }
-  std::string typology() {
-    return "\"T\" = VIVIENDA\n TIPO = 1\n NUMERO-PLANTAS = 1\n AREA-PLANTA = 100\n"
-           " LONGITUD-FACHADA = 10\n PORCENTAJE-FACHADA = ( " +
-           std::string(oneIn(2) ? "0" : "120") + ", 30, 0, 20 )\n PORCENTAJE-PATIO = ( 0, " +
-           (oneIn(2) ? "0" : "30") +
-           ", 0, 0 )\n MUROS-FACHADA = \"M\"\n PARTICION-INTERIOR-VERTICAL = \"PV\"\n"
-           " MEDIANERA = \"ME\"\n SUELOS = \"SU\"\n PARTICION-INTERIOR-HORIZONTAL = \"PH\"\n"
-           " CUBIERTAS = \"CU\"\n VENTANA-VIDRIO = \"VI\"\n AIR-CHANGES/HR = " +
-           (oneIn(2) ? "0.5" : "0") + "\n..\n";
-  }
-  int storeys() { return 1 + number(7); }
-
- private:
-  int number(int below) { return static_cast<int>(random_() % static_cast<unsigned>(below)); }
-  bool oneIn(int n) { return number(n) == 0; }
-  const std::string& word() { return kWords[random_() % kWords.size()]; }
-  std::string line() {
-    if (oneIn(20)) return "  " + kSchedule;
-    if (oneIn(400)) return std::string(3001, 'x');
-    std::string line = word();
-    for (int signs = oneIn(4) ? number(3) : 1; signs > 0; --signs) line += " = " + word();
-    return line;
-  }
-  std::string lines(int count, const std::string& lineEnd) {
-    std::string text;
-    for (; count > 0; --count) text += line() + lineEnd;
-    return text;
-  }
-
-  std::mt19937 random_;
-};
 
 std::string asText(const Fault& fault) {
   const Place place = fault.place.value_or(Place{});
@@ -118,7 +27,8 @@ std::string buildingOf(const std::string& text, Use use, const std::string& typo
                        int storeys) {
   std::string seen;
   const auto fault = faultOf([&] {
-    const Template plantilla(SourceText("casa.bdl", text), SourceText("casa.tbl", kTable), use);
+    const Template plantilla(SourceText("casa.bdl", text),
+                             SourceText("casa.tbl", RandomTemplate::kTable), use);
     TypologyRecord typology(SourceText("casa.tip", typologyText));
     typology.numeroPlantas = storeys;
     for (const Fault& each : faultsOfGenerating(plantilla, typology)) seen += asText(each) + "\n";
