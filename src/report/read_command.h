@@ -26,7 +26,7 @@ class ReadCommand {
   void add(const Line& line) {
     if (!open_) return;
     if (line.line.keyword == Keyword::kVertex) {
-      if (line.line.isNumber) vertices_.push_back(line.line.vertex);
+      vertices_.push_back(&line);
       return;
     }
     const Line*& first = keywords_[static_cast<std::size_t>(line.line.keyword)];
@@ -52,12 +52,19 @@ class ReadCommand {
     return line->line.number;
   }
   /// Those that can be read.
-  const std::vector<Vertex>& vertices() const { return vertices_; }
+  Vertices vertices() const {
+    Vertices vertices;
+    vertices.reserve(vertices_.size());
+    for (const Line* const line : vertices_) {
+      if (line->line.isNumber) vertices.push_back(line->line.vertex);
+    }
+    return vertices;
+  }
 
  private:
   const Line* header_ = nullptr;
   std::array<const Line*, kSingleKeywords> keywords_{};
-  std::vector<Vertex> vertices_;
+  std::vector<const Line*> vertices_;
   bool open_ = false;  // its ".." is still to come
 };
 
