@@ -5,15 +5,10 @@
 
 #include "check/codes.h"
 #include "core/concat.h"
-#include "core/output_lines.h"
 #include "core/paths.h"
-#include "core/platform.h"
 #include "core/run_ended.h"
-#include "generator/generation_sequence.h"
 #include "generator/run_inputs.h"
-#include "plan/plan.h"
 #include "report/fingerprint.h"
-#include "report/generated_building.h"
 #include "stock/file_names.h"
 #include "stock/list_paths.h"
 #include "stock/refusal.h"
@@ -21,13 +16,6 @@
 namespace stock {
 
 namespace {
-
-/// A bar that nobody sees.
-class NoProgressBar : public TProgressBar {
- public:
-  int GetPosition() const override { return 0; }
-  void SetPosition(int /*position*/) override {}
-};
 
 Refusal refusalOf(const Fault& fault, std::optional<Place> place) {
   return {std::string(rowOf(codeOfRunMessage(fault.message)).word), fault.message,
@@ -89,20 +77,13 @@ NoteCodes notesOn(const SharedTemplate& shared, const PreparedDwelling& prepared
   return codes;
 }
 
-BuildingMeasures measuresOf(const SharedTemplate& shared, const TypologyRecord& typology,
-                            const OutputLines& output) {
-  const PlanResult result = planTipologia(
-      {typology.tipo, typology.areaPlanta, typology.areaPatio, typology.areaEscalera,
-       typology.longitudFachada, typology.profundidadPatio, typology.profundidadEscalera});
-  const Plan& plan = std::get<Plan>(result);  // a building that was generated has one
-  const report::GeneratedBuilding building = report::readBuilding(
-      output, typology.textoTipologia(), *shared.original, plan, report::Names::kLeftOut);
-  return {typology.tipo, report::measure(building, plan,
-                                         {typology.porcentajeFachada, typology.porcentajePatio,
-                                          static_cast<double>(typology.orientacion)})};
-}
-
 }  // namespace
+
+TemplateBuildings& DwellingRoom::buildingsOf(const std::shared_ptr<const SharedTemplate>& shared) {
+  constexpr std::size_t kMost = 32;
+  if (buildings.size() >= kMost && !buildings.contains(shared)) buildings.clear();
+  return buildings.try_emplace(shared, shared).first->second;
+}
 
 SharedTemplate Dwellings::readTemplate(const std::string& path) const {
   SharedTemplate shared;
@@ -271,7 +252,7 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Dwell
   if (!prepared.ownFile) {
     form = room.forms.find(prepared.typology, prepared.plantilla, prepared.texts);
   }
-  room.lines.clear();
+  TemplateBuildings& buildings = room.buildingsOf(prepared.plantilla);
   const std::optional<Fault> fault = faultOf([&] {
     SourceText tip(prepared.typologyName, prepared.typology.bytes);
     if (form != nullptr) typology = form->read(row, std::move(tip));
@@ -280,21 +261,20 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Dwell
       typology.emplace(SourceText(prepared.typologyName, prepared.typology.bytes));
       if (!prepared.ownFile) requireReadAsWritten(row, *typology);
     }
-    NoProgressBar bar;
-    generate(*shared.plantilla, *typology, room.lines, bar);
+    buildings.generate(*typology);
   });
   outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology, form));
   if (fault) refuse(*fault, row, prepared);
   if (form == nullptr && !prepared.ownFile) {
     room.forms.add(prepared.typology, {prepared.plantilla, prepared.texts, *typology});
   }
-  outcome.measures = measuresOf(shared, *typology, room.lines);
+  outcome.measures = buildings.measuresOf(*typology);
   if (options_.keepTypologies && !prepared.ownFile) {
     outputs_.putBytes(Outputs::typologyOf(prepared.output), prepared.typology.bytes);
   } else {
     outputs_.removeTypologyOf(prepared.output);  // that an earlier work kept
   }
-  room.lines.copyTo(room.text);
+  buildings.copyTo(room.text);
   outputs_.putText(prepared.output, room.text);
   outcome.output = prepared.output;
   outcome.fingerprint = prepared.fingerprint;

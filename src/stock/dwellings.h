@@ -1,16 +1,17 @@
 #pragma once
 
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
 
-#include "core/output_lines.h"
 #include "stock/outcome.h"
 #include "stock/outputs.h"
 #include "stock/read_once.h"
 #include "stock/row_forms.h"
 #include "stock/row_typology.h"
 #include "stock/shared_inputs.h"
+#include "stock/template_buildings.h"
 
 namespace stock {
 
@@ -39,9 +40,11 @@ struct PreparedDwelling {
 /// Room for one dwelling, which the next one uses again, and what earlier ones told of those alike.
 /// Each thread has its own.
 struct DwellingRoom {
-  OutputLines lines;
   std::string text;
   RowForms forms;
+  std::map<std::shared_ptr<const SharedTemplate>, TemplateBuildings> buildings;
+
+  TemplateBuildings& buildingsOf(const std::shared_ptr<const SharedTemplate>& shared);
 };
 
 /// Makes dwellings of rows. Any number of threads share one; they share the templates and texts and
