@@ -10,8 +10,9 @@ constexpr std::size_t kLongestInteger = 9;  // digits; more may not fit
 constexpr std::size_t kLongestNumber = 40;
 
 std::size_t digits(std::string_view text) {
-  const std::size_t end = text.find_first_not_of("0123456789");
-  return end == std::string_view::npos ? text.size() : end;
+  const auto* const end =
+      std::ranges::find_if_not(text, [](char c) { return c >= '0' && c <= '9'; });
+  return static_cast<std::size_t>(end - text.begin());
 }
 
 std::string_view withoutSign(std::string_view text) {

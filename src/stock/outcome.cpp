@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <system_error>
+#include <utility>
 
 #include "core/concat.h"
 #include "core/cp1252.h"
@@ -16,17 +17,35 @@ namespace {
 
 using report::Measures;
 
-/// "12,50": a number for a Spanish spreadsheet.
-std::string decimal(double value, int decimals) {
-  if (!std::isfinite(value)) return {};
-  std::array<char, 64> digits{};
-  const auto [end, error] = std::to_chars(digits.data(), digits.data() + digits.size() - 1, value,
-                                          std::chars_format::fixed, decimals);
-  if (error != std::errc()) return {};
-  std::string text(digits.data(), end);
-  std::ranges::replace(text, '.', ',');
-  return text;
-}
+/// A row of cells while it grows.
+class RowText {
+ public:
+  RowText() {
+    constexpr std::size_t kUsualRow = 512;  // bytes
+    text_.reserve(kUsualRow);
+  }
+  void add(std::string_view cell) {
+    if (cells_++ > 0) text_ += ';';
+    text_ += cell;
+  }
+  /// "12,50": a number for a Spanish spreadsheet. Nothing for one that is not finite.
+  void add(double value, int decimals) {
+    std::array<char, 64> digits{};
+    char* end = digits.data();
+    if (std::isfinite(value)) {
+      const auto written = std::to_chars(digits.data(), digits.data() + digits.size() - 1, value,
+                                         std::chars_format::fixed, decimals);
+      if (written.ec == std::errc()) end = written.ptr;
+    }
+    std::replace(digits.data(), end, '.', ',');
+    add({digits.data(), end});
+  }
+  std::string take() { return std::move(text_.append("\r\n")); }
+
+ private:
+  std::string text_;
+  int cells_ = 0;
+};
 
 /// A measure with its heading. Areas and percentages have 2 decimals, ratios 3.
 struct MeasureColumn {
@@ -110,27 +129,23 @@ std::string idCell(const std::string& id) {
   return cell((formula && !isGoodId(id) ? "'" : "") + cp1252::toUtf8(id));
 }
 
-void addSides(std::vector<std::string>& cells, const Measures* measures) {
+void addSides(const Measures* measures, RowText& row) {
   for (const SideName& side : kSidesInOrder) {
-    std::string asked, obtained;
+    const report::FacadeMeasure* facade = nullptr;
     if (measures != nullptr) {
-      const auto found = std::ranges::find_if(measures->facades, [&](const auto& facade) {
-        return facade.side == side.side && facade.courtyard == side.courtyard;
+      const auto found = std::ranges::find_if(measures->facades, [&](const auto& each) {
+        return each.side == side.side && each.courtyard == side.courtyard;
       });
-      if (found != measures->facades.end()) {
-        asked = decimal(found->asked, kArea);
-        obtained = decimal(found->obtained, kArea);
-      }
+      if (found != measures->facades.end()) facade = &*found;
     }
-    cells.push_back(std::move(asked));
-    cells.push_back(std::move(obtained));
+    if (facade != nullptr) {
+      row.add(facade->asked, kArea);
+      row.add(facade->obtained, kArea);
+    } else {
+      row.add("");
+      row.add("");
+    }
   }
-}
-
-std::string line(const std::vector<std::string>& cells) {
-  std::string text;
-  for (std::size_t i = 0; i < cells.size(); ++i) text += concat(i > 0 ? ";" : "", cells[i]);
-  return text + "\r\n";
 }
 
 }  // namespace
@@ -147,7 +162,11 @@ std::string_view wordOf(State state) {
   return "";
 }
 
-std::string resultsHeading() { return "\xEF\xBB\xBF" + line(headings()); }
+std::string resultsHeading() {
+  RowText row;
+  for (const std::string& heading : headings()) row.add(heading);
+  return "\xEF\xBB\xBF" + row.take();
+}
 
 std::string resultsRow(const Outcome& outcome, std::string_view version) {
   std::string place;
@@ -158,21 +177,31 @@ std::string resultsRow(const Outcome& outcome, std::string_view version) {
                       std::to_string(outcome.place->column));
     }
   }
+  RowText row;
+  row.add(idCell(outcome.id));
+  row.add(wordOf(outcome.state));
+  row.add(cell(outcome.code));
+  row.add(cell(cp1252::toUtf8(outcome.message)));
+  row.add(cell(cp1252::toUtf8(place)));
+  row.add(cell(outcome.notes));
+  row.add(cell(outcome.output));
   const Measures* const measures = outcome.measures ? &outcome.measures->measures : nullptr;
-  std::vector<std::string> cells = {
-      idCell(outcome.id),          std::string(wordOf(outcome.state)),
-      cell(outcome.code),          cell(cp1252::toUtf8(outcome.message)),
-      cell(cp1252::toUtf8(place)), cell(outcome.notes),
-      cell(outcome.output)};
-  cells.push_back(measures == nullptr ? "" : std::to_string(outcome.measures->tipo));
+  const auto addMeasure = [&](double value, int decimals) {
+    if (measures != nullptr) {
+      row.add(value, decimals);
+    } else {
+      row.add("");
+    }
+  };
+  addMeasure(measures == nullptr ? 0 : outcome.measures->tipo, kCount);
   for (const MeasureColumn& column : kMeasures) {
-    cells.push_back(measures == nullptr ? "" : decimal(column.value(*measures), column.decimals));
+    addMeasure(measures == nullptr ? 0 : column.value(*measures), column.decimals);
   }
-  addSides(cells, measures);
-  cells.push_back(measures == nullptr ? "" : decimal(measures->openingsByFloor, kArea));
-  cells.push_back(cell(outcome.fingerprint));
-  cells.push_back(cell(version));
-  return line(cells);
+  addSides(measures, row);
+  addMeasure(measures == nullptr ? 0 : measures->openingsByFloor, kArea);
+  row.add(cell(outcome.fingerprint));
+  row.add(cell(version));
+  return row.take();
 }
 
 std::optional<std::vector<std::string>> cellsOf(std::string_view text) {

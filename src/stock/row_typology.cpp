@@ -97,7 +97,7 @@ class KeywordWriter {
   }
 
   void line(std::string_view value) const {
-    out_.bytes += concat("   ", columns_.keyword->name, " = ", value, "\n");
+    out_.bytes.append("   ").append(columns_.keyword->name).append(" = ").append(value) += '\n';
     out_.columnOfLine.push_back(columns_.at[0]);
   }
 
@@ -218,10 +218,11 @@ std::string withCrLf(std::string_view lines) {
 
 std::string_view ListRow::text(int column) const {
   if (column < 0 || static_cast<std::size_t>(column) >= record_.size()) return {};
-  const std::string_view text = record_.fields()[static_cast<std::size_t>(column)].text;
-  const std::size_t first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
+  std::string_view text = record_.fields()[static_cast<std::size_t>(column)].text;
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 Place ListRow::placeOf(int column) const {
