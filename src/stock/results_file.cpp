@@ -71,13 +71,38 @@ void ResultsFile::load(bool search) {
   std::ranges::sort(lines_, {}, &Line::key);
 }
 
+/// Lines are asked for nearly in the order in which they stand, so that a window of the file serves
+/// many of them.
 std::string ResultsFile::lineAt(std::uint64_t offset) {
-  if (!reader_.is_open()) reader_.open(filePath(path_), std::ios::binary);
+  if (!isInWindow(offset)) moveWindowTo(offset);
+  if (isInWindow(offset)) {
+    const std::size_t begin = static_cast<std::size_t>(offset - windowBegin_);
+    return window_.substr(begin, window_.find(kLineEnd, begin) - begin);
+  }
+  // One that is longer than the window.
   reader_.clear();
   reader_.seekg(static_cast<std::streamoff>(offset));
   std::string line;
   if (!readWholeLine(reader_, line)) fail();
   return line;
+}
+
+bool ResultsFile::isInWindow(std::uint64_t offset) const {
+  return offset >= windowBegin_ && offset - windowBegin_ < window_.size() &&
+         window_.find(kLineEnd, static_cast<std::size_t>(offset - windowBegin_)) !=
+             std::string::npos;
+}
+
+void ResultsFile::moveWindowTo(std::uint64_t offset) {
+  constexpr std::size_t kSize = std::size_t{1} << 16;  // bytes
+  constexpr std::uint64_t kBefore = kSize / 8;         // of them for lines before that one
+  if (!reader_.is_open()) reader_.open(filePath(path_), std::ios::binary);
+  windowBegin_ = offset - std::min(offset, kBefore);
+  window_.resize(kSize);
+  reader_.clear();
+  reader_.seekg(static_cast<std::streamoff>(windowBegin_));
+  reader_.read(window_.data(), static_cast<std::streamsize>(kSize));
+  window_.resize(static_cast<std::size_t>(std::max(reader_.gcount(), std::streamsize{0})));
 }
 
 std::optional<ResultsFile::Known> ResultsFile::find(std::string_view id, const Counts& counts) {

@@ -70,11 +70,15 @@ class ResultsFile {
   void openToAppend();
   [[noreturn]] void fail() const;
   std::string lineAt(std::uint64_t offset);
+  bool isInWindow(std::uint64_t offset) const;
+  void moveWindowTo(std::uint64_t offset);
 
   std::string path_;
   std::mutex mutex_;
   std::unique_ptr<std::FILE, CloseFile> file_;
   std::ifstream reader_;
+  std::string window_;  // a piece of the file, from windowBegin_ on
+  std::uint64_t windowBegin_ = 0;
   std::uint64_t size_ = 0;
   long earlierLines_ = 0;
   std::size_t lineCount_ = 0;  // with those that were appended
