@@ -271,8 +271,8 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Dwell
   outcome.measures = buildings.measuresOf(*typology);
   if (options_.keepTypologies && !prepared.ownFile) {
     outputs_.putBytes(Outputs::typologyOf(prepared.output), prepared.typology.bytes);
-  } else {
-    outputs_.removeTypologyOf(prepared.output);  // that an earlier work kept
+  } else if (options_.usedFolder) {
+    outputs_.removeTypologyOf(prepared.output);
   }
   buildings.copyTo(room.text);
   outputs_.putText(prepared.output, room.text);

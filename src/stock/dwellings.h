@@ -21,6 +21,7 @@ struct DwellingOptions {
   std::string listFolder;                // what paths of the list are relative to
   std::optional<std::string> plantilla;  // of the rows that name none
   bool keepTypologies = false;
+  bool usedFolder = false;  // an earlier work may have kept typologies in it
   std::string version;
 };
 

@@ -104,6 +104,7 @@ class StockRun {
                     .listFolder = folderOf(options.list),
                     .plantilla = options.plantilla,
                     .keepTypologies = options.keepTypologies,
+                    .usedFolder = results_.earlierLines() > 0,
                     .version = options.version},
                    outputs_) {
     removeSummaryPage(folder, options.shard);
