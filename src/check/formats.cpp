@@ -32,9 +32,8 @@ bool isControl(std::string_view utf8, std::size_t at) {
   return byte == 0xC2 && at + 1 < utf8.size() && static_cast<unsigned char>(utf8[at + 1]) < 0xA0;
 }
 
-/// A line of a file as it can be shown: what is no character of a text is a blank.
-std::string shownLine(std::string_view line) {
-  const std::string utf8 = cp1252::toUtf8(line);
+/// What is no character of a text is a blank.
+std::string shown(std::string_view utf8) {
   std::string text;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
     const bool control = isControl(utf8, i);
@@ -43,6 +42,9 @@ std::string shownLine(std::string_view line) {
   }
   return text;
 }
+
+/// A line of a file as it can be shown.
+std::string shownLine(std::string_view line) { return shown(cp1252::toUtf8(line)); }
 
 std::size_t characters(std::string_view bytes) {
   const std::string utf8 = cp1252::toUtf8(bytes);
@@ -76,6 +78,11 @@ std::string plural(std::size_t count, std::string_view one, std::string_view man
 
 }  // namespace
 
+std::string wordsOf(const Finding& finding) {
+  const bool saysNothing = finding.message.find_first_not_of(": ") == std::string::npos;
+  return saysNothing ? std::string(rowOf(finding.code).title) : cp1252::toUtf8(finding.message);
+}
+
 std::string_view wordOf(Severity severity) {
   constexpr std::array<std::string_view, 3> kWords = {"error", "aviso", "nota"};
   return kWords[static_cast<std::size_t>(severity)];
@@ -90,7 +97,7 @@ std::string asText(const Finding& finding, bool colours) {
   const Severity severity = severityOf(finding);
   const Look look = colours ? coloured(severity) : kPlain;
   std::string text = concat(look.severity, wordOf(severity), ":", look.end, " ", look.strong,
-                            shownLine(finding.message), look.end, " ", look.quiet, "[",
+                            shown(wordsOf(finding)), look.end, " ", look.quiet, "[",
                             rowOf(finding.code).word, "]", look.end, "\n");
   if (finding.place && !finding.place->file.empty()) {
     const Place& place = *finding.place;
@@ -118,7 +125,7 @@ std::string asGccLine(const Finding& finding) {
                       std::to_string(characterColumn(finding.place->text, finding.place->column)));
     }
   }
-  return concat(where, ": ", wordOf(severityOf(finding)), ": ", shownLine(finding.message), " [",
+  return concat(where, ": ", wordOf(severityOf(finding)), ": ", shown(wordsOf(finding)), " [",
                 rowOf(finding.code).word, "]\n");
 }
 

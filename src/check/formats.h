@@ -23,6 +23,10 @@ std::string asJson(const Findings& findings);
 /// SARIF 2.1.0.
 std::string asSarif(const Findings& findings);
 
+/// The message in UTF-8. An error has the run's own words; where these say nothing (of a typology
+/// number that there is none of they are ": " or less) its code's title stands in their place.
+std::string wordsOf(const Finding& finding);
+
 /// The word for people: error, aviso, nota.
 std::string_view wordOf(Severity severity);
 

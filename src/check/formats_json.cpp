@@ -18,7 +18,7 @@ Json jsonOf(const Finding& finding) {
   Json json;
   json["codigo"] = rowOf(finding.code).word;
   json["gravedad"] = wordOf(severityOf(finding));
-  json["mensaje"] = utf8(finding.message);
+  json["mensaje"] = wordsOf(finding);
   if (finding.place && !finding.place->file.empty()) {
     const Place& place = *finding.place;
     json["fichero"] = utf8(place.file);
@@ -93,10 +93,7 @@ Json sarifResult(const Finding& finding) {
   result["ruleId"] = rowOf(finding.code).word;
   result["ruleIndex"] = static_cast<int>(finding.code);
   result["level"] = sarifLevel(severityOf(finding));
-  // A message may be empty, as the run's own about an unknown number is; here it may not.
-  const std::string message = utf8(finding.message);
-  const bool blank = message.find_first_not_of(' ') == std::string::npos;
-  result["message"]["text"] = blank ? std::string(rowOf(finding.code).title) : message;
+  result["message"]["text"] = wordsOf(finding);
   if (finding.place && !finding.place->file.empty()) {
     Json location;
     location["physicalLocation"]["artifactLocation"]["uri"] = asUri(utf8(finding.place->file));

@@ -51,8 +51,18 @@ TEST(AsText, WhatIsNotThereIsLeftOut) {
   EXPECT_EQ("error: No existe el fichero de datos *.tip [falta-fichero]\n  casa.tip\n",
             asText(kOfAFile));
   EXPECT_EQ("error: No hay memoria suficiente [otro-error]\n", asText(kOfNoPlace));
-  EXPECT_EQ("error:  [tipo-desconocido]\n",
-            asText({.code = Code::kTipoDesconocido, .message = ""}));
+}
+
+TEST(Words, AMessageWithoutAnyIsTheTitleOfItsCode) {
+  for (const char* message : {": ", " ", ""}) {
+    SCOPED_TRACE(message);
+    const Finding finding = {.code = Code::kTipoDesconocido, .message = message};
+    EXPECT_EQ("error: No existe ese número de tipología [tipo-desconocido]\n", asText(finding));
+    EXPECT_EQ("tip2bdl-cli: error: No existe ese número de tipología [tipo-desconocido]\n",
+              asGccLine(finding));
+    EXPECT_EQ("No existe ese número de tipología",
+              Json::parse(asJson({finding})).at("hallazgos").at(0).at("mensaje"));
+  }
 }
 
 TEST(AsText, TheCaretStandsUnderItsSpan) {

@@ -52,7 +52,7 @@ std::vector<report::Finding> findingsOf(const std::string& templateFile,
       }
     }
     shown.push_back({std::string(wordOf(severityOf(finding))),
-                     std::string(rowOf(finding.code).word), finding.message, std::move(place)});
+                     std::string(rowOf(finding.code).word), wordsOf(finding), std::move(place)});
   }
   return shown;
 }
