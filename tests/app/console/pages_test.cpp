@@ -13,6 +13,7 @@
 #include "core/concat.h"
 #include "support/run_program.h"
 #include "support/temporary_folder.h"
+#include "typology/tipo.h"
 
 // The manual pages and the completion against the table of works and options.
 
@@ -155,7 +156,37 @@ TEST(BashCompletion, OffersFilesOfTheKindsThatAWorkTakes) {
   EXPECT_THAT(completions("tip2bdl-cli plano "), UnorderedElementsAre("casa.tip", "mi casa.tip"));
   EXPECT_THAT(completions("tip2bdl-cli comprobar c"), UnorderedElementsAre("casa.bdl", "casa.tip"));
   EXPECT_THAT(completions("tip2bdl-cli lote "), ElementsAre("parque.csv"));
-  EXPECT_THAT(completions("tip2bdl-cli nueva "), ElementsAre());
+}
+
+TEST(BashCompletion, GoesByThePlaceOfAnOperand) {
+  EXPECT_THAT(completions("tip2bdl-cli informe c"), ElementsAre("casa.bdl"));
+  EXPECT_THAT(completions("tip2bdl-cli informe casa.bdl --formato json c"),
+              ElementsAre("casa.tip"));
+  EXPECT_THAT(completions("tip2bdl-cli informe --formato = json casa.bdl c"),
+              ElementsAre("casa.tip"));
+  EXPECT_THAT(completions("tip2bdl-cli informe casa.bdl casa.tip c"), ElementsAre());
+  EXPECT_THAT(completions("tip2bdl-cli comprobar casa.bdl casa.tip c"), ElementsAre("casa.tip"));
+  EXPECT_THAT(completions("tip2bdl-cli casa.bdl c"), ElementsAre("casa.tip"));
+  EXPECT_THAT(completions("tip2bdl-cli casa.bdl casa.tip casa.t"),
+              UnorderedElementsAre("casa.tip", "casa.tbl"));
+}
+
+TEST(BashCompletion, OffersTheNumbersOfNueva) {
+  EXPECT_THAT(completions("tip2bdl-cli nueva "), testing::SizeIs(kLastTipo));
+  EXPECT_THAT(completions("tip2bdl-cli nueva 2"), ElementsAre("2", "20", "21", "22", "23"));
+  EXPECT_THAT(completions("tip2bdl-cli nueva 13 "), ElementsAre());
+}
+
+TEST(BashCompletion, OffersAnyFileBehindARedirection) {
+  EXPECT_THAT(completions("tip2bdl-cli nueva 13 \\> casa.t"),
+              UnorderedElementsAre("casa.tip", "casa.tbl"));
+}
+
+TEST(BashCompletion, OffersAnOptionOnceAndNoneBehindTheirEnd) {
+  EXPECT_THAT(completions("tip2bdl-cli plano --salida x --"), Not(Contains("--salida")));
+  EXPECT_THAT(completions("tip2bdl-cli plano --salida x --"), Contains("--planta"));
+  EXPECT_THAT(completions("tip2bdl-cli --quiet --"), Not(Contains("--quiet")));
+  EXPECT_THAT(completions("tip2bdl-cli plano -- --"), ElementsAre());
 }
 
 TEST(BashCompletion, OffersWhatAnOptionTakes) {
@@ -163,6 +194,7 @@ TEST(BashCompletion, OffersWhatAnOptionTakes) {
   EXPECT_THAT(completions("tip2bdl-cli informe --formato = j"), ElementsAre("json"));
   EXPECT_THAT(completions("tip2bdl-cli plano --salida casa.t"),
               UnorderedElementsAre("casa.tip", "casa.tbl"));
+  EXPECT_THAT(completions("tip2bdl-cli lote --plantilla c"), ElementsAre("casa.bdl"));
   EXPECT_THAT(completions("tip2bdl-cli lote --salida "),
               ElementsAre());  // folders, and there is none
 }
