@@ -18,6 +18,9 @@
 
 namespace {
 
+constexpr std::string_view kCommandType = "VIVIENDA";
+constexpr std::string_view kNothing = "nada";
+
 class NoProgressBar : public TProgressBar {
  public:
   int GetPosition() const override { return 0; }
@@ -54,6 +57,15 @@ std::vector<Fault> planFaults(const TypologyRecord& typology) {
   return faults;
 }
 
+/// The keyword that a limit of the plan blames; empty for a message of none.
+std::string_view blamedBy(const std::string& message, const TypologyRecord& typology) {
+  const PlanResult result = planTipologia(planDataOf(typology));
+  const auto* failure = std::get_if<PlanFailure>(&result);
+  if (failure == nullptr) return {};
+  const auto fault = std::ranges::find(failure->faults, message, &PlanFault::message);
+  return fault == failure->faults.end() ? "" : nameOf(fault->keywords.front());
+}
+
 /// Whether a typology with this fault lacks a number that a plan is drawn from: its limits would
 /// only be consequences.
 bool leavesNoPlan(const Fault& fault) {
@@ -73,6 +85,10 @@ Finding errorFinding(const Fault& fault) {
   if (fault.place && fault.place->length > 0) {
     finding.found = fault.place->text.substr(static_cast<std::size_t>(fault.place->column - 1),
                                              fault.place->length);
+    // What is nowhere in the file has the command for its place.
+    const bool ofKeyword =
+        finding.code == Code::kFaltaDato || finding.code == Code::kMedidaDePlanta;
+    if (ofKeyword && finding.found == kCommandType) finding.found = kNothing;
   }
   return finding;
 }
@@ -90,7 +106,13 @@ class Checker::Run {
       checkAlone();
     }
     Findings findings;
-    for (const Fault& fault : inOrder(runFault_, faults_)) findings.push_back(errorFinding(fault));
+    for (const Fault& fault : inOrder(runFault_, faults_)) {
+      Finding finding = errorFinding(fault);
+      if (finding.code == Code::kMedidaDePlanta && finding.found == kNothing && record_) {
+        finding.suggestion = concat("escriba ", blamedBy(fault.message, *record_));
+      }
+      findings.push_back(std::move(finding));
+    }
     std::ranges::stable_sort(remarks_, {}, [&](const Finding& remark) {
       const Place place = remark.place.value_or(Place{});
       return std::tuple(place.file == typologyFile_, place.file, place.line, place.column);

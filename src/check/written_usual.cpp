@@ -36,7 +36,7 @@ constexpr float kCourtyardSide = 3;         // m, and a third of the building's 
 constexpr Usual kDwelling = {40, 150};      // m2
 constexpr Usual kStair = {10, 35};          // m2 a storey
 constexpr Usual kStoreys = {1, 12};
-constexpr Usual kAirChanges = {0.3F, 1.5F};  // 1/h
+constexpr Usual kAirChanges = {0.3F, 1.5F};  // ren/h
 
 class Use {
  public:
@@ -125,9 +125,8 @@ class Use {
 
   void measures() {
     for (const Measure& measure : kMeasures) {
-      if (needs_.*measure.used) {
-        defaultValue(measure.name, {});
-      } else if (given(measure.name) && r_.*measure.value != 0) {
+      // One that is needed and not there breaks its limits, which are errors.
+      if (!(needs_.*measure.used) && given(measure.name) && r_.*measure.value != 0) {
         findings_.add(Code::kMedidaSinUso, placeOf(measure.name),
                       concat("El TIPO ", std::to_string(r_.tipo), " no usa ", measure.name),
                       {.found = {}, .used = {}, .allowed = {}, .suggestion = {}});

@@ -126,7 +126,7 @@ std::string numberInProse(float value) {
 std::string withUnit(const std::string& number, const ViviendaKeyword& keyword) {
   constexpr struct {
     std::string_view unit, words;
-  } kUnits[] = {{"m", " m"}, {"m2", " m²"_cp1252}, {"%", " %"}, {"1/h", " ren/h"}};
+  } kUnits[] = {{"m", " m"}, {"m2", " m²"_cp1252}, {"%", " %"}, {"ren/h", " ren/h"}};
   for (const auto& [unit, words] : kUnits) {
     if (keyword.unit == unit) return concat(number, words);
   }

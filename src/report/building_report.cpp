@@ -39,10 +39,7 @@ struct ValueText {
 };
 
 /// As a rater writes it.
-std::string unitText(std::string_view unit) {
-  if (unit == "m2") return "m²";
-  return unit == "1/h" ? "ren/h" : cp1252::toUtf8(unit);
-}
+std::string unitText(std::string_view unit) { return unit == "m2" ? "m²" : cp1252::toUtf8(unit); }
 
 std::string fixedValue(std::string_view keyword, const TypologyRecord& record) {
   if (keyword == "CUBIERTA") return record.cubierta;

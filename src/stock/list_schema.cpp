@@ -6,6 +6,7 @@
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/numbers.h"
+#include "plan/needed_measures.h"
 #include "stock/list_columns.h"
 
 namespace stock {
@@ -74,8 +75,16 @@ struct DefaultText {
   std::string operator()(std::string TypologyRecord::*field) const {
     return (record.*field).empty() ? "ninguno" : record.*field;
   }
-  std::string operator()(IgnoredText) const { return ""; }
+  std::string operator()(IgnoredText text) const { return record.*text.kept; }
 };
+
+/// What becomes of a row without a value there.
+std::string ifMissing(const ViviendaKeyword& keyword, const TypologyRecord& defaults) {
+  if (keyword.required) return "error";
+  const std::string used = std::visit(DefaultText{defaults}, keyword.field);
+  const std::string needed = tiposWhere([&](int tipo) { return needsMeasure(tipo, keyword.name); });
+  return needed.empty() ? used : concat("error con TIPO ", needed, ", ", used, " con los demás");
+}
 
 void addLine(std::string& text, std::string_view name, std::string_view unit,
              std::string_view range, std::string_view missing) {
@@ -95,8 +104,7 @@ std::string columnsForPeople() {
           "las columnas que siguen");
   for (const KeywordColumns& columns : keywordColumns()) {
     const ViviendaKeyword& keyword = *columns.keyword;
-    const std::string missing =
-        keyword.required ? "error" : std::visit(DefaultText{defaults}, keyword.field);
+    const std::string missing = ifMissing(keyword, defaults);
     for (const std::string& name : columns.names) {
       addLine(text, name, keyword.unit, rangeOf(keyword.name), missing);
     }

@@ -81,7 +81,7 @@ constexpr ViviendaKeyword kKeywords[] = {
     {"VENTANA-SOMBRA", "VENTANA-SOMBRA", &R::ventanaSombra, kOptional,
      "sombra de todas las ventanas", "nombre de una sombra de este fichero"},
     {"AIR-CHANGES/HR", "AIR-CHANGES/HR", &R::airChangesHr, kOptional,
-     "ventilación, renovaciones del aire", "lo habitual, de 0.3 a 1.5", "1/h"},
+     "ventilación, renovaciones del aire", "lo habitual, de 0.3 a 1.5", "ren/h"},
 };
 
 }  // namespace

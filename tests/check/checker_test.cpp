@@ -411,3 +411,18 @@ TEST(Checker, NoLimitOfThePlanFollowsFromANumberThatIsMissing) {
     EXPECT_NE(Code::kPlantasDeLaPlantilla, finding.code);
   }
 }
+
+TEST(Checker, AMeasureThatIsMissingAndNeededIsSaidToBeWrittenAndNotToBeUsed) {
+  const TemporaryFolder folder;
+  Inputs inputs = Inputs::ofSample("bloque-patio", "tipo-13");
+  const std::string line = "   AREA-PATIO = 30\n";
+  ASSERT_NE(std::string::npos, inputs.typology.find(line));
+  inputs.typology.erase(inputs.typology.find(line), line.size());
+  inputs.writeInto(folder);
+  const Findings findings = findingsOfCheck(folder);
+  ASSERT_FALSE(findings.empty());
+  EXPECT_EQ(Code::kMedidaDePlanta, findings.front().code);
+  EXPECT_EQ("nada", findings.front().found);
+  EXPECT_EQ("escriba AREA-PATIO", findings.front().suggestion);
+  for (const Finding& finding : findings) EXPECT_NE(Code::kValorPorDefecto, finding.code);
+}

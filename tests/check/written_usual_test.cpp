@@ -53,10 +53,6 @@ TEST(WrittenUsual, WhatIsLeftOutGivesItsDefaultWhereTheNumberUsesIt) {
   } cases[] = {
       {"ALTURA-PLANTA", "3", "ALTURA-PLANTA = 3",
        "Falta ALTURA-PLANTA: se usará 3 m, el valor por defecto"_cp1252},
-      {"AREA-PATIO", "0", "AREA-PATIO = 0",
-       "Falta AREA-PATIO: se usará 0 m², el valor por defecto"_cp1252},
-      {"PROFUNDIDAD-ESCALERA", "0", "PROFUNDIDAD-ESCALERA = 0",
-       "Falta PROFUNDIDAD-ESCALERA: se usará 0 m, el valor por defecto"_cp1252},
       {"PORCENTAJE-PATIO", "( 0, 0, 0, 0 )", "PORCENTAJE-PATIO = ( 0, 0, 0, 0 )",
        "Falta PORCENTAJE-PATIO: se usará ( 0, 0, 0, 0 ), el valor por defecto"_cp1252},
       {"ORIENTACION", "0", "ORIENTACION = 0",

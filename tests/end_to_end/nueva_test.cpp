@@ -77,16 +77,38 @@ TEST_P(NuevaTest, EveryKeywordStandsInItWithAWordAboutIt) {
         lines, [&](const std::string& text) { return text.starts_with(start); });
     ASSERT_NE(lines.end(), line) << keyword.name;
     EXPECT_THAT(*std::prev(line), HasSubstr(std::string(keyword.meaning.substr(1))));
+    // Its unit, and what becomes of a building without it.
+    if (!keyword.unit.empty()) {
+      const std::string unit = keyword.unit == "m2"  ? "m²"
+                               : keyword.unit == "°" ? "grados"
+                                                     : std::string(keyword.unit);
+      EXPECT_THAT(*std::prev(line), HasSubstr(", en " + unit));
+    }
+    const bool needed = std::prev(line)->ends_with("; obligatorio");
+    EXPECT_NE(needed, std::prev(line)->find("; si falta, ") != std::string::npos)
+        << *std::prev(line);
     // What it calls so is what there is no building without.
     std::string without = folder_.read("casa.tip");
     const std::size_t at = without.find(start);
     ASSERT_NE(std::string::npos, at);
     without.erase(at, without.find('\n', at) - at);
     folder_.write("sin.tip", without);
-    EXPECT_EQ(run({"comprobar", folder_ / "sin.tip"}).status == 3,
-              std::prev(line)->ends_with("; obligatorio"))
-        << *std::prev(line);
+    EXPECT_EQ(run({"comprobar", folder_ / "sin.tip"}).status == 3, needed) << *std::prev(line);
   }
+}
+
+TEST_P(NuevaTest, EveryKeywordOfFrameShadeAndPlaceHasAWordAboutIt) {
+  const std::string text = cp1252::toUtf8(folder_.read("casa.tip"));
+  const std::size_t behind = text.find("\n   ..\n");
+  ASSERT_NE(std::string::npos, behind);
+  int keywords = 0;
+  for (const std::string& line : linesOf(text.substr(behind + 6))) {
+    if (!line.starts_with("   ") || line.find(" = ") == std::string::npos) continue;
+    ++keywords;
+    const std::string keyword = line.substr(3, line.find(" = ") - 3);
+    EXPECT_THAT(text, HasSubstr("\n$   " + keyword + ": ")) << line;
+  }
+  EXPECT_EQ(13, keywords);
 }
 
 TEST_P(NuevaTest, StandardOutputHasTheSameBytes) {
@@ -98,6 +120,18 @@ TEST(Nueva, ATerminalGetsItsOwnAccents) {
   options.outOnTerminal = true;
   EXPECT_THAT(runProgram(TIP2BDL_CLI, {"nueva", "13"}, options).out,
               StartsWith("$ Tipología 13: bloque con patio central"));
+}
+
+TEST(Nueva, AFileThatIsThereIsKept) {
+  const TemporaryFolder folder;
+  folder.write("casa.tip", "mi casa");
+  const std::string path = folder / "casa.tip";
+  const ProgramResult result = run({"nueva", "13", "--salida", path});
+  EXPECT_EQ(2, result.status);
+  EXPECT_THAT(result.err, StartsWith("tip2bdl-cli nueva: --salida sobrescribiría " + path +
+                                     ", que ya existe\n"));
+  EXPECT_EQ("mi casa", folder.read("casa.tip"));
+  EXPECT_EQ(0, run({"nueva", "13", "--salida", "/dev/null"}).status);
 }
 
 TEST(Nueva, AnyOtherNumberIsAWrongCommandLine) {

@@ -2,15 +2,18 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <map>
 #include <string>
+#include <tuple>
 #include <variant>
 #include <vector>
 
 #include "core/concat.h"
 #include "manual/manual_page.h"
 #include "plan/families.h"
+#include "plan/needed_measures.h"
 #include "plan/ordinary_plan.h"
 #include "report/plan_drawing.h"
 #include "report/words.h"
@@ -25,21 +28,6 @@ namespace {
 using R = TypologyRecord;
 
 constexpr std::string_view kPage = "tipologia.md";
-
-/// "1 a 9, 13": the numbers for which `holds`.
-template <typename Predicate>
-std::string tiposWhere(Predicate holds) {
-  std::string text;
-  for (int tipo = 1; tipo <= kLastTipo; ++tipo) {
-    if (!holds(tipo)) continue;
-    int last = tipo;
-    while (last < kLastTipo && holds(last + 1)) ++last;
-    text += concat(text.empty() ? "" : ", ", std::to_string(tipo));
-    if (last > tipo) text += concat(last == tipo + 1 ? ", " : " a ", std::to_string(last));
-    tipo = last;
-  }
-  return text;
-}
 
 std::string storeysOf(const StoreyRule& rule) {
   return std::to_string(rule.least) + (rule.most == kAnyNumber ? " o más" : "");
@@ -85,12 +73,19 @@ struct IfMissing {
   std::string operator()(const IgnoredText& text) const { return code(defaults.*text.kept); }
 };
 
+std::string ifMissing(const ViviendaKeyword& keyword) {
+  if (keyword.required) return "error";
+  const std::string used = std::visit(IfMissing(), keyword.field);
+  const std::string needed = tiposWhere([&](int tipo) { return needsMeasure(tipo, keyword.name); });
+  return needed.empty() ? used : concat("error con los tipos ", needed, "; con los demás, ", used);
+}
+
 std::string keywordTable() {
   std::string table = "| dato | qué es | unidad | valores | si falta |\n|---|---|---|---|---|\n";
   for (const ViviendaKeyword& keyword : viviendaKeywords()) {
     table += concat("| ", code(keyword.name), " | ", keyword.meaning, " | ",
                     keyword.unit == "m2" ? "m²" : keyword.unit, " | ", valuesOf(keyword), " | ",
-                    keyword.required ? "error" : std::visit(IfMissing(), keyword.field), " |\n");
+                    ifMissing(keyword), " |\n");
   }
   return table;
 }
@@ -162,6 +157,62 @@ std::string measureTable() {
   return table;
 }
 
+/// The message of the plan with that many hundredths for one of its numbers; empty for one that can
+/// be drawn.
+std::string messageWith(PlanData data, float PlanData::*number, long hundredths) {
+  data.*number = static_cast<float>(static_cast<double>(hundredths) / 100);
+  const PlanResult result = planTipologia(data);
+  const auto* failure = std::get_if<PlanFailure>(&result);
+  return failure == nullptr ? "" : failure->first().message;
+}
+
+/// What the number must be greater than, or less than, whatever the others are: the end of the
+/// hundredths, from `bad` on, that its own check speaks of.
+double limitOf(const PlanData& data, float PlanData::*number, long bad) {
+  const std::string message = messageWith(data, number, bad);
+  long good = std::lround(static_cast<double>(data.*number) * 100);
+  EXPECT_NE("", message);
+  while (std::abs(good - bad) > 1) {
+    const long middle = (good + bad) / 2;
+    (messageWith(data, number, middle) == message ? bad : good) = middle;
+  }
+  return static_cast<double>(bad) / 100;
+}
+
+/// A side of a courtyard or a stair follows from its area and its depth.
+std::string limitTable() {
+  std::string table =
+      "| `TIPO` | `AREA-PLANTA` | `LONGITUD-FACHADA` | planta / fachada | `AREA-PATIO` | lados del "
+      "patio | `AREA-ESCALERA` | lados de la escalera |\n|---|---|---|---|---|---|---|---|\n";
+  for (const FamilyNeeds& needs : kFamilyNeeds) {
+    const auto isOfFamily = [&](int tipo) { return tipoRow(tipo).family == needs.family; };
+    int tipo = 1;
+    while (tipo <= kLastTipo && !isOfFamily(tipo)) ++tipo;
+    if (tipo > kLastTipo) continue;  // of no number
+    const PlanData data = ordinaryPlan(tipo);
+    const auto least = [&](float PlanData::*number) { return limitOf(data, number, 1); };
+    const auto cell = [&](bool used, double value) {
+      return concat(used ? shortest(static_cast<float>(value)) : "—", " | ");
+    };
+    const double longest = limitOf(data, &PlanData::longitudFachada, 1000000);
+    table +=
+        concat("| ", tiposWhere(isOfFamily), " | ", cell(true, least(&PlanData::areaPlanta)),
+               cell(true, least(&PlanData::longitudFachada)),
+               cell(true, std::round(static_cast<double>(data.areaPlanta) / longest * 10) / 10));
+    for (const auto& [used, area, depth] :
+         {std::tuple(needs.areaPatio, &PlanData::areaPatio, &PlanData::profundidadPatio),
+          std::tuple(needs.areaEscalera, &PlanData::areaEscalera,
+                     &PlanData::profundidadEscalera)}) {
+      table += cell(used, used ? least(area) : 0);
+      const bool hasDepth = used && data.*depth > 0;
+      table += cell(hasDepth, hasDepth ? least(depth) : 0);
+    }
+    table.pop_back();
+    table += "\n";
+  }
+  return table;
+}
+
 /// The plan of the sample of a number, from the page's folder.
 std::string planOf(int tipo) {
   const std::string goldens = SOURCE_FOLDER "/tests/golden";
@@ -212,6 +263,21 @@ TEST(TypologyReferenceGolden, EveryNumberStandsThereWithItsBuilding) {
 
 TEST(TypologyReferenceGolden, EveryMeasureStandsThereWithItsRange) {
   expectTable(kPage, "medidas", measureTable());
+}
+
+TEST(TypologyReferenceGolden, EveryFamilyStandsThereWithWhatNoBuildingMayGoBelow) {
+  expectTable(kPage, "límites", limitTable());
+}
+
+TEST(TypologyReference, AStairAndACourtyardLeave120SquareMetres) {
+  for (int tipo = 10; tipo <= kLastTipo; ++tipo) {
+    SCOPED_TRACE(tipo);
+    const PlanData data = ordinaryPlan(tipo);
+    for (const auto number : {&PlanData::areaPatio, &PlanData::areaEscalera}) {
+      if (data.*number == 0) continue;
+      EXPECT_NEAR(120, static_cast<double>(data.areaPlanta) - limitOf(data, number, 1000000), 0.02);
+    }
+  }
 }
 
 TEST(TypologyReferenceGolden, EveryNumberHasItsPlan) { expectTable(kPage, "planos", planTable()); }

@@ -124,6 +124,7 @@ TEST(ListSchema, HasALineAColumnWithItsUnitAndDefault) {
     EXPECT_EQ(name, schema.find(cell) != std::string::npos) << keyword.name;
   }
   EXPECT_NE(std::string::npos, schema.find("\nALTURA-PLANTA;m;mayor que 0;3\n"));
-  EXPECT_NE(std::string::npos, schema.find("\nAIR-CHANGES/HR;1/h;"));
-  EXPECT_NE(std::string::npos, schema.find("\nAREA-PATIO;m2;según TIPO;0\n"));
+  EXPECT_NE(std::string::npos, schema.find("\nAIR-CHANGES/HR;ren/h;"));
+  EXPECT_NE(std::string::npos,
+            schema.find("\nAREA-PATIO;m2;según TIPO;error con TIPO 13 a 21, 0 con los demás\n"));
 }

@@ -49,7 +49,7 @@ constexpr EnglishWork kWorks[] = {
      "its unit, its values and what its absence means, and the measures of an ordinary building,\n"
      "which can be generated as it stands. The names are those of the sample templates; put\n"
      "those of your own in their places. The file is in Windows-1252; a terminal gets its own\n"
-     "encoding."},
+     "encoding. A file that is there already is not overwritten."},
     {"comprobar", "find all faults of a typology and its template",
      "[TEMPLATE.bdl] TYPOLOGY.tip [TYPOLOGY.tip ...]",
      "Tells all errors at once, each with its place, and warns of what will be read in another\n"

@@ -4,6 +4,7 @@
 #include <array>
 #include <cctype>
 #include <charconv>
+#include <span>
 #include <string_view>
 #include <variant>
 
@@ -40,37 +41,50 @@ constexpr Name kNames[] = {
     {"VENTANA-SOMBRA", kShade},
 };
 
-constexpr std::string_view kBehind =
-    R"(
-$ El marco: ancho en m, conductancia en W/m²K, absortividad y permeabilidad en m³/h por m².
-"Marco_PVC" = NAME-FRAME
-   FRAME-WIDTH = 0.12
-   FRAME-CONDUCT = 1.80
-   FRAME-ABS = 0.30
-   INF-COEF = 9.00
-   ..
+/// A keyword of the commands behind the dwelling's, which are copied into the building unread.
+struct CopiedKeyword {
+  std::string_view keyword;
+  std::string_view value;
+  std::string_view about;  // what it is, its unit and its range
+};
+struct CopiedCommand {
+  std::string_view name;
+  std::string_view type;
+  std::string_view about;
+  std::span<const CopiedKeyword> keywords;
+};
 
-$ La sombra: retranqueo y voladizo, en m y grados.
-"Voladizo_60cm" = VENTANA-SOMBRA
-   SETBACK = 0.20
-   OVERHANG-A = 0.10
-   OVERHANG-B = 0.15
-   OVERHANG-W = 4.00
-   OVERHANG-D = 0.60
-   OVERHANG-ANGLE = 90.00
-   ..
-
-$ El lugar: latitud y longitud en grados, altitud en m.
-"Lugar" = SOLAR-POSITION
-   LATITUDE = 40.40
-   LONGITUDE = -3.70
-   ALTITUDE = 650.0
-   ..
-)";
+constexpr CopiedKeyword kFrameKeywords[] = {
+    {"FRAME-WIDTH", "0.12", "ancho del perfil, en m: mayor que 0"},
+    {"FRAME-CONDUCT", "1.80", "conductancia, en W/m²K: mayor que 0"},
+    {"FRAME-ABS", "0.30", "absortividad: de 0 a 1"},
+    {"INF-COEF", "9.00", "permeabilidad, en m³/h por m²: 0 o más"},
+};
+constexpr CopiedKeyword kShadeKeywords[] = {
+    {"SETBACK", "0.20", "retranqueo de la ventana, en m: 0 o más"},
+    {"OVERHANG-A", "0.10", "lo que el voladizo pasa de la ventana por un lado, en m"},
+    {"OVERHANG-B", "0.15", "lo que está por encima de ella, en m: 0 o más"},
+    {"OVERHANG-W", "4.00", "ancho del voladizo, en m: 0 o más"},
+    {"OVERHANG-D", "0.60", "fondo del voladizo, en m: 0 o más; con 0 no hay"},
+    {"OVERHANG-ANGLE", "90.00", "lo que forma con la ventana, en grados: de 0 a 180"},
+};
+constexpr CopiedKeyword kPlaceKeywords[] = {
+    {"LATITUDE", "40.40", "latitud, en grados: de -90 a 90, el norte positivo"},
+    {"LONGITUDE", "-3.70", "longitud, en grados: de -180 a 180, el este positivo"},
+    {"ALTITUDE", "650.0", "altitud sobre el mar, en m"},
+};
+constexpr CopiedCommand kBehind[] = {
+    {kFrame, "NAME-FRAME", "El marco, que se copia en cada ventana sin leerlo.", kFrameKeywords},
+    {kShade, "VENTANA-SOMBRA", "La sombra, que se copia en cada ventana sin leerla.",
+     kShadeKeywords},
+    {"Lugar", "SOLAR-POSITION", "El lugar, que se copia en el edificio sin leerlo.",
+     kPlaceKeywords},
+};
+constexpr std::string_view kIfMissing = "Lo que falte no se escribe.";
 
 constexpr int kStoreys = 4;
 constexpr float kStoreyHeight = 3;    // m, that of which windows are sized
-constexpr float kAirChanges = 0.63F;  // 1/h, as in most certificates
+constexpr float kAirChanges = 0.63F;  // ren/h, as in most certificates
 constexpr PerFacade<float> kStreetShares = {25, 15, 20, 12};
 // A house stands between its neighbours.
 constexpr PerFacade<float> kHouseShares = {25, 0, 20, 0};
@@ -148,7 +162,7 @@ class AsWritten {
 /// What the absence of a keyword means: what a record holds from the start.
 struct IfMissing {
   std::string operator()(std::string R::*) const { return "no hay"; }
-  std::string operator()(const IgnoredText&) const { return {}; }
+  std::string operator()(const IgnoredText& text) const { return defaultTypology().*text.kept; }
   template <typename Number>
   std::string operator()(Number R::*field) const {
     return AsWritten(defaultTypology(), {})(field);
@@ -200,6 +214,18 @@ std::string lines(const ViviendaKeyword& keyword, const PlanData& data, const R&
                 std::visit(AsWritten(record, keyword.name), keyword.field), "\n");
 }
 
+std::string lines(const CopiedCommand& command) {
+  std::string text = concat("\n$ ", command.about, " ", kIfMissing, "\n");
+  for (const CopiedKeyword& row : command.keywords) {
+    text += concat("$   ", row.keyword, ": ", row.about, "\n");
+  }
+  text += concat("\"", command.name, "\" = ", command.type, "\n");
+  for (const CopiedKeyword& row : command.keywords) {
+    text += concat("   ", row.keyword, " = ", row.value, "\n");
+  }
+  return text + "   ..\n";
+}
+
 }  // namespace
 
 std::string newTypology(int tipo) {
@@ -213,5 +239,7 @@ std::string newTypology(int tipo) {
       "$ Lo que sigue a un dólar es un comentario. Los decimales llevan punto. El fichero está en",
       " Windows-1252 (ANSI).\n\n\"Edificio\" = VIVIENDA\n");
   for (const ViviendaKeyword& keyword : viviendaKeywords()) text += lines(keyword, data, record);
-  return text + "   ..\n" + std::string(kBehind);
+  text += "   ..\n";
+  for (const CopiedCommand& command : kBehind) text += lines(command);
+  return text;
 }

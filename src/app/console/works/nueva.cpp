@@ -1,8 +1,10 @@
 #include "app/console/works/nueva.h"
 
 #include <charconv>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <system_error>
 
 #include "app/console/standard_streams.h"
 #include "app/console/terminal_text.h"
@@ -10,6 +12,7 @@
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "core/concat.h"
+#include "core/paths.h"
 #include "core/text_mode.h"
 #include "stock/encoding.h"
 #include "typology/tipo.h"
@@ -27,11 +30,20 @@ int tipoOf(const std::string& text) {
   return tipo;
 }
 
+/// A file that is there may be one that somebody has filled in. What is no plain file (a pipe, a
+/// device) loses nothing.
+void keepOffAFile(const std::string& path) {
+  std::error_code none;
+  if (path.empty() || !std::filesystem::is_regular_file(filePath(path), none)) return;
+  throw WrongWorkArguments{concat(kSalida.name, " sobrescribiría ", path, ", que ya existe")};
+}
+
 }  // namespace
 
 int nueva(const WorkArguments& arguments) {
   const std::string text = newTypology(tipoOf(arguments.operands.front()));
   const std::string path = arguments.value(kSalida.name);
+  keepOffAFile(path);
   // To be looked at, or to be kept: a file has the encoding that the run reads.
   const bool toBeLookedAt = path.empty() && standardOutputIsTerminal();
   writeResult(

@@ -103,7 +103,8 @@ constexpr Work kWorks[] = {
      "Escribe un fichero *.tip de la tipología TIPO, de 1 a 23: todos los datos, cada uno con qué\n"
      "es, su unidad, sus valores y qué pasa si falta, y las medidas de un edificio corriente, que\n"
      "se genera tal cual. Los nombres son los de las plantillas de muestra; cámbielos por los de\n"
-     "la suya. El fichero está en Windows-1252; en un terminal se ve con los acentos de este.",
+     "la suya. El fichero está en Windows-1252; en un terminal se ve con los acentos de este.\n"
+     "Uno que ya existe no se sobrescribe.",
      kNuevaOptions, 1, 1, nueva, "número"},
     {"comprobar", "busca todas las faltas de una tipología y su plantilla", "casa.bdl casa.tip",
      "[PLANTILLA.bdl] TIPOLOGIA.tip [TIPOLOGIA.tip ...]",
