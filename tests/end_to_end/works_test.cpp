@@ -48,7 +48,8 @@ TEST(Works, AWrongCommandLineIsTwoAndTellsTheUsage) {
   } cases[] = {
       {{"plano"}, "se esperaba 1 fichero y se han dado 0"},
       {{"informe", "a.bdl"}, "se esperaban 2 ficheros y se han dado 1"},
-      {{"plano", "--nada", "a.tip"}, "opción desconocida: --nada"},
+      {{"plano", "--nada", "a.tip"}, "opción desconocida: --nada\n"},
+      {{"plano", "--sailda", "a.tip"}, "opción desconocida: --sailda; ¿quería decir --salida?\n"},
       {{"plano", "a.tip", "--salida"}, "a la opción --salida le falta su valor"},
       {{"plano", "--salida", "a", "--salida", "b", "a.tip"}, "la opción --salida se repite"},
       {{"plano", "a.tip", "--salida", "./a.tip"}, "--salida sobrescribiría a.tip"},
@@ -61,6 +62,25 @@ TEST(Works, AWrongCommandLineIsTwoAndTellsTheUsage) {
     EXPECT_TRUE(contains(result.err, c.says)) << result.err;
     EXPECT_TRUE(contains(result.err, "Uso: tip2bdl-cli")) << result.err;
     EXPECT_EQ("", result.out);
+  }
+}
+
+TEST(Works, ANameThatIsNearlyOneIsAskedFor) {
+  const struct {
+    std::vector<std::string> arguments;
+    const char* says;
+  } cases[] = {
+      {{"comprobr", "a.bdl", "a.tip"},
+       "se esperaban cuatro rutas y se han dado 3; ¿quería decir comprobar?\n"},
+      {{"comprobr"}, "se esperaban cuatro rutas y se han dado 1; ¿quería decir comprobar?\n"},
+      {{"lotes", "a.csv", "--salida", "b"}, "opción desconocida: --salida; ¿quería decir lote?\n"},
+      {{"a.tip"}, "se esperaban cuatro rutas y se han dado 1\n"},
+      {{}, "se esperaban cuatro rutas y se han dado 0\n"},
+  };
+  for (const auto& c : cases) {
+    const ProgramResult result = run(c.arguments);
+    EXPECT_EQ(2, result.status) << c.says;
+    EXPECT_TRUE(contains(result.err, c.says)) << result.err;
   }
 }
 

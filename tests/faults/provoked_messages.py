@@ -103,6 +103,8 @@ PATHS_AND_ARGUMENTS = {
               ("2", "x" * 250))],
     "tip2bdl-cli: se esperaban cuatro rutas y se han dado ‹n›": [
         Case(arguments("a.bdl"), ("1",)), Case(arguments(*"abcde"), ("5",))],
+    "tip2bdl-cli: se esperaban cuatro rutas y se han dado ‹n›; ¿quería decir ‹trabajo›?": [
+        Case(arguments("comprobr", "a.tip"), ("2", "comprobar"))],
     "tip2bdl-cli: opción desconocida: ‹opción›": [
         Case(arguments(*"abcd", "--rapido"), ("--rapido",))],
 }

@@ -15,6 +15,7 @@
 #include "app/run_generation.h"
 #include "app/run_safely.h"
 #include "app/version.h"
+#include "check/suggestion.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
@@ -43,8 +44,16 @@ int answer(const VersionRequest&) {
 }
 
 int answer(const WrongArguments& wrong) {
-  print(stderr, "tip2bdl-cli: " + wrong.problem + "\n" + std::string(kUsage));
+  print(stderr, concat("tip2bdl-cli: ", wrong.problem, "\n", kUsage));
   return kExitWrongArguments;
+}
+
+/// What a command line that makes no sense as a run may have meant by its first word.
+std::string workMeantBy(const std::vector<std::string>& arguments) {
+  std::vector<std::string_view> names;
+  for (const Work& work : works()) names.push_back(work.name);
+  const std::string_view meant = nearestWord(arguments.empty() ? "" : arguments[0], names);
+  return meant.empty() ? std::string() : concat("; ¿quería decir ", meant, "?");
 }
 
 int answer(const RunRequest& run) {
@@ -67,7 +76,10 @@ int consoleProgram(const std::function<std::vector<std::string>()>& argumentsOfP
     if (const Work* work = arguments.empty() ? nullptr : findWork(arguments[0])) {
       return runWork(*work, std::span(arguments).subspan(1));
     }
-    return std::visit([](const auto& request) { return answer(request); },
-                      parseArguments(arguments));
+    Request request = parseArguments(arguments);
+    if (auto* const wrong = std::get_if<WrongArguments>(&request)) {
+      wrong->problem += workMeantBy(arguments);
+    }
+    return std::visit([](const auto& asked) { return answer(asked); }, request);
   });
 }

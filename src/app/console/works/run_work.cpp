@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cstdio>
+#include <vector>
 
 // No parser of a library: what CLI11 brings along (streams, checks that are built before main)
 // would be part of every run, which has to be as lean as it was and to survive a lack of memory.
@@ -7,6 +8,7 @@
 #include "app/console/terminal_text.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
+#include "check/suggestion.h"
 #include "core/concat.h"
 #include "core/paths.h"
 
@@ -89,6 +91,19 @@ class WorkParser {
   }
 
  private:
+  /// The dashes, which all have, say nothing of how near a name is.
+  std::string unknownOption(const std::string& name) const {
+    constexpr std::string_view kDashes = "--";
+    std::vector<std::string_view> names;
+    for (const Option* option : work_.options) {
+      names.push_back(option->name.substr(kDashes.size()));
+    }
+    const std::string bare = name.substr(std::min(name.find_first_not_of('-'), name.size()));
+    const std::string_view meant = nearestWord(bare, names);
+    return concat("opción desconocida: ", name,
+                  meant.empty() ? "" : concat("; ¿quería decir ", kDashes, meant, "?"));
+  }
+
   std::string take() {
     std::string word = words_.front();
     words_ = words_.subspan(1);
@@ -101,7 +116,7 @@ class WorkParser {
     const std::string name = word.substr(0, equals);
     const auto found = std::ranges::find_if(
         work_.options, [&](const Option* option) { return option->name == name; });
-    if (found == work_.options.end()) return concat("opción desconocida: ", name);
+    if (found == work_.options.end()) return unknownOption(name);
     const Option& option = **found;
     if (read.has(option.name)) return concat("la opción ", name, " se repite");
     const bool isSwitch = option.value.empty();
