@@ -88,7 +88,7 @@ class Page {
       addFigure(html_, "Altura de planta", quantity(m.storeyHeight, 2, "m"));
       addFigure(html_, "Viviendas", std::to_string(m.dwellings));
       addFigure(html_, "Superficie de planta", m2(m.footprint, 1));
-      addFigure(html_, "Superficie total del modelo", m2(m.floorArea, 0));
+      addFigure(html_, "Superficie total", m2(m.floorArea, 1));
       addFigure(html_, "Fachada principal",
                 "al " + looksTo(realAzimuth(kSouth, report_.sheet->giro)));
       html_.raw("</dl>\n");
