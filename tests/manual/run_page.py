@@ -1,22 +1,25 @@
 #!/usr/bin/env python3
 """Runs the examples of a page of the manual.
 
-    run_page.py --program CLI --samples SAMPLES [--update] PAGE ...
+    run_page.py --program CLI --samples SAMPLES [--examples EXAMPLES] [--update] PAGE ...
 
 A `console` block is commands, each behind "$ ", and what they print, to the byte, standard output
 and standard error in one; a last line "? N" is an exit status other than 0. The blocks of a page run
-in order in one folder that holds the sample buildings, with the program on the path, in English and
-UTC. Output that is not UTF-8 is taken as Windows-1252. --update rewrites what is printed.
+in order in one folder that holds the sample buildings and the examples that the page names, with the
+program on the path, in English and UTC. They are also where the package tip2bdl-doc has them. Output
+that is not UTF-8 is taken as Windows-1252. --update rewrites what is printed.
 
-Any other block but `sh` shows a file or a text. With a comment before it, <!-- fichero: NAME -->, it
-is written into that file, for the blocks that follow. Blocks of `sh` are not run and say why in a
-comment before them: <!-- no se ejecuta: ... -->. What varies from one time to another is printed
-as its name, [TIEMPO]. Between <!-- cifras: PAGE --> and <!-- fin --> every number is one of that
-page. Exit status 1 if anything is not so.
+A block of `sh` or `bat` behind <!-- se ejecuta --> is a script that ends well and prints nothing; any
+other one is not run and says why: <!-- no se ejecuta: ... -->. Any other block shows a file or a text.
+With a comment before it, <!-- fichero: NAME -->, it is written into that file, for the blocks that
+follow. What varies from one time to another is printed as its name, [TIEMPO]. Between <!-- cifras:
+PAGE --> and <!-- fin --> every number is one of that page. No page says the version, which stands in
+one place. Exit status 1 if anything is not so.
 """
 
 import argparse
 import difflib
+import functools
 import os
 import re
 import shutil
@@ -36,17 +39,21 @@ VARYING = (
     (re.compile(r"^tip2bdl-cli \d+\.\d+\.\d+\ncommit \w+\+?, .*$", re.M),
      "tip2bdl-cli [VERSIÓN]\ncommit [COMMIT], [COMPILADOR]"),
 )
-REASON = re.compile(r"<!-- no se ejecuta: \S.*-->\n")
+REASON = re.compile(r"<!-- (?:no se ejecuta|not run): \S.*-->\n")
+RUN = re.compile(r"<!-- (?:se ejecuta|run) -->\n")
+INSTALLED = "/usr/share/doc/tip2bdl-doc/examples"
 
 
 class Console:
-    """A shell in a folder of its own, with the samples."""
+    """A shell in a folder of its own, with the samples and the examples."""
 
-    def __init__(self, program, samples):
+    def __init__(self, program, *sources):
         self.folder = Path(tempfile.mkdtemp(prefix="manual-"))
-        for sample in Path(samples).iterdir():
-            if sample.is_dir():
-                shutil.copytree(sample, self.folder / ".muestras" / sample.name)
+        self.installed = self.folder / ".muestras"
+        for source in sources:
+            for sample in Path(source).iterdir():
+                if sample.is_dir():
+                    shutil.copytree(sample, self.installed / sample.name)
         self.environment = {"PATH": f"{Path(program).resolve().parent}:/usr/bin:/bin",
                             "HOME": str(self.folder), "LC_ALL": "C.UTF-8", "TZ": "UTC",
                             "COLUMNS": "100"}
@@ -56,12 +63,14 @@ class Console:
 
     def have(self, command):
         """A page names a sample by its folder; only those that it names are there."""
-        for sample in (self.folder / ".muestras").iterdir():
-            if f"{sample.name}/" in command and not (self.folder / sample.name).exists():
+        for sample in self.installed.iterdir():
+            named = re.search(rf"(?<![\w/.-]){re.escape(sample.name)}/", command)
+            if named and not (self.folder / sample.name).exists():
                 shutil.copytree(sample, self.folder / sample.name)
 
     def run(self, command):
         self.have(command)
+        command = command.replace(INSTALLED, str(self.installed))
         done = subprocess.run(["/bin/bash", "-c", command], cwd=self.folder, env=self.environment,
                               stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
                               stderr=subprocess.STDOUT, timeout=60, check=False)
@@ -90,10 +99,18 @@ def figures(page, text):
                 yield f"{page.name}: {number} is not in {source}"
 
 
+@functools.cache
+def version_of(program):
+    return subprocess.run([program, "--version"], check=True, stdout=subprocess.PIPE,
+                          text=True).stdout.split()[1]
+
+
 def check(page, options):
     text = page.read_text(encoding="utf-8")
     faults, pieces, at, blocks = list(figures(page, text)), [], 0, 0
-    console = Console(options.program, options.samples)
+    if version_of(options.program) in text:
+        faults.append(f"{page.name}: says the version")
+    console = Console(options.program, options.samples, *options.examples)
     for block in BLOCK.finditer(text):
         kind, body = block["kind"], block["body"]
         line = text.count("\n", 0, block.start("body"))
@@ -114,9 +131,14 @@ def check(page, options):
                 faults.append(f"{page.name}:{line}: a console block begins with a command")
             continue
         pieces.append(body)
-        if kind == "sh" and not REASON.fullmatch(block["before"]):
+        script = kind in ("sh", "bat")
+        if script and RUN.fullmatch(block["before"]):
+            blocks += 1
+            if printed := console.run("set -e\n" + body):
+                faults.append(f"{page.name}:{line}: a script prints\n{printed}")
+        elif script and not REASON.fullmatch(block["before"]):
             faults.append(f"{page.name}:{line}: does not say why it is not run")
-        elif kind != "sh" and kind not in SHOWN:
+        elif not script and kind not in SHOWN:
             faults.append(f"{page.name}:{line}: a block of no known kind: '{kind}'")
         if file := FILE.fullmatch(block["before"]):
             console.have(body)
@@ -135,6 +157,7 @@ def main():
     parser = argparse.ArgumentParser()
     parser.add_argument("--program", type=Path, required=True)
     parser.add_argument("--samples", type=Path, required=True)
+    parser.add_argument("--examples", type=Path, action="append", default=[])
     parser.add_argument("--update", action="store_true")
     parser.add_argument("pages", type=Path, nargs="+")
     options = parser.parse_args()

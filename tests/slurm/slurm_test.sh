@@ -3,7 +3,8 @@
 # killed and submitted again, joined: the bytes of a serial run.
 #   slurm_test.sh PROGRAM SOURCES
 set -euo pipefail
-export TIP2BDL_CLI=$1
+program=$1
+export TIP2BDL_CLI=$program
 sources=$2
 for tool in slurmctld slurmd munged sbatch; do
   command -v "$tool" >/dev/null && continue
@@ -106,4 +107,20 @@ joined() { [ -e resultados/resultados.csv ]; }
 wait_for 240 joined
 cmp entera/resultados.csv resultados/resultados.csv
 for folder in entera/0*; do diff -rq "$folder" "resultados/${folder#entera/}"; done
-echo "the same bytes: $rows rows, four shards, one killed"
+
+# As its page says, word for word.
+export -n PROGRAM SHARD FOLDER ONCE
+export TIP2BDL_CLI=$program
+mkdir "$D/page"
+cd "$D/page"
+python3 "$sources/bench/make_list" . "$sources/samples" 400 50
+mv lista.csv parque.csv
+"$TIP2BDL_CLI" lote parque.csv --salida entera --trabajos 1 --quiet 2>/dev/null || [ $? -eq 1 ]
+cp "$sources"/examples/slurm/*.sbatch .
+awk '/^```sh$/ {on = 1; next} /^```$/ && on {exit} on' "$sources/examples/slurm/README.md" >orders
+grep -q sbatch orders
+# shellcheck disable=SC1091 # made here
+source ./orders >/dev/null
+wait_for 240 joined
+cmp entera/resultados.csv resultados/resultados.csv
+echo "the same bytes: $rows rows, four shards, one killed; 400 rows as the page says"
