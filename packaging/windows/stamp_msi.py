@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Gives an installer the identity of what is in it, in place of chance and the clock.
 
-    stamp_msi.py --code FILE ...          prints a code (UUID) that follows from names and bytes
+    stamp_msi.py --code FOLDER            prints a code (UUID) that follows from its files
     stamp_msi.py --stamp MSI CODE EPOCH   writes it, and a time, into the summary of an installer
 
 wixl draws the package code of a summary by lot and takes its two times from the clock; everything
@@ -20,10 +20,11 @@ FILETIME = re.compile(rb"\x40\0\0\0(.{8})", re.S)  # the type of a property, and
 SECONDS_FROM_1601 = 11644473600
 
 
-def code(files):
+def code(folder):
     digest = hashlib.sha256()
-    for file in sorted(files, key=lambda path: path.name):
-        digest.update(f"{file.name} {hashlib.sha256(file.read_bytes()).hexdigest()}\n".encode())
+    for name in sorted(path.relative_to(folder).as_posix() for path in folder.rglob("*")
+                       if path.is_file()):
+        digest.update(f"{name} {hashlib.sha256((folder / name).read_bytes()).hexdigest()}\n".encode())
     return str(uuid.uuid5(uuid.NAMESPACE_OID, digest.hexdigest())).upper()
 
 
@@ -48,8 +49,8 @@ def stamp(installer, package_code, epoch):
 
 
 def main(arguments):
-    if arguments[:1] == ["--code"] and len(arguments) > 1:
-        print(code([Path(name) for name in arguments[1:]]))
+    if arguments[:1] == ["--code"] and len(arguments) == 2:
+        print(code(Path(arguments[1])))
     elif arguments[:1] == ["--stamp"] and len(arguments) == 4:
         stamp(Path(arguments[1]), *arguments[2:])
     else:
