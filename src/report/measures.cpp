@@ -1,6 +1,7 @@
 #include "report/measures.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "report/plan_cells.h"
@@ -29,26 +30,56 @@ bool isOtherwise(const FacadeMeasure& facade, double storeyHeight) {
   return std::abs(expected - facade.obtained) > 0.02 * expected + 0.05;
 }
 
-FacadeMeasure facadeOf(const GeneratedBuilding& building, const Asked& asked, Facade side,
-                       bool courtyard, int bayCount) {
+constexpr auto kKinds = static_cast<std::size_t>(SurfaceKind::kOther) + 1;
+
+/// What stands on one side of a building, of facade or of courtyard.
+struct Side {
+  double wall = 0;      // m2
+  double openings = 0;  // m2
+  Count windows = 0;
+  bool storeyHigh = false;
+};
+
+/// The sums of all surfaces and windows, each with its multiplier.
+struct Sums {
+  explicit Sums(const GeneratedBuilding& building) {
+    for (const WrittenSurface& surface : building.surfaces) {
+      const double area = surface.area * static_cast<double>(surface.multiplier);
+      byKind[static_cast<std::size_t>(surface.kind)] += area;
+      if (isOuterWall(surface.kind)) sideOf(surface).wall += area;
+    }
+    for (const WrittenWindow& window : building.windows) {
+      const WrittenSurface& wall = building.surfaces[static_cast<std::size_t>(window.wall)];
+      if (!isOuterWall(wall.kind)) continue;
+      Side& side = sideOf(wall);
+      side.openings += window.area() * static_cast<double>(window.multiplier);
+      side.windows += window.multiplier;
+      side.storeyHigh |= window.storeyHigh && !window.takesCourtyard;
+    }
+  }
+
+  double of(SurfaceKind kind) const { return byKind[static_cast<std::size_t>(kind)]; }
+
+  std::array<double, kKinds> byKind{};  // m2
+  PerFacade<Side> street;
+  PerFacade<Side> courtyard;
+
+ private:
+  Side& sideOf(const WrittenSurface& wall) {
+    return (wall.kind == SurfaceKind::kCourtyard ? courtyard : street)[wall.side];
+  }
+};
+
+FacadeMeasure facadeOf(const GeneratedBuilding& building, const Side& sums, const Asked& asked,
+                       Facade side, bool courtyard, int bayCount) {
   FacadeMeasure facade;
   facade.side = side;
   facade.courtyard = courtyard;
   facade.azimuth = realAzimuth(side, asked.giro);
   facade.asked = (courtyard ? asked.courtyard : asked.street)[side];
-  const SurfaceKind kind = courtyard ? SurfaceKind::kCourtyard : SurfaceKind::kFacade;
-  for (const WrittenSurface& wall : building.surfaces) {
-    if (wall.kind == kind && wall.side == side)
-      facade.wall += wall.area * static_cast<double>(wall.multiplier);
-  }
-  bool storeyHigh = false;
-  for (const WrittenWindow& window : building.windows) {
-    const WrittenSurface& wall = building.surfaces[static_cast<std::size_t>(window.wall)];
-    if (wall.kind != kind || wall.side != side) continue;
-    facade.openings += window.area() * static_cast<double>(window.multiplier);
-    facade.windows += window.multiplier;
-    storeyHigh |= window.storeyHigh && !window.takesCourtyard;
-  }
+  facade.wall = sums.wall;
+  facade.openings = sums.openings;
+  facade.windows = sums.windows;
   if (facade.wall > 0) facade.obtained = 100 * facade.openings / facade.wall;
 
   const auto because = [&](bool holds, GlazingReason reason) {
@@ -58,21 +89,13 @@ FacadeMeasure facadeOf(const GeneratedBuilding& building, const Asked& asked, Fa
   because(any && std::abs(building.storeyHeight() - kSizingHeight) > 1e-4,
           GlazingReason::kStoreyHeight);
   because(any && facade.asked > 100, GlazingReason::kCappedAtBay);
-  because(any && storeyHigh, GlazingReason::kStoreyHigh);
+  because(any && sums.storeyHigh, GlazingReason::kStoreyHigh);
   const auto& lost = courtyard ? building.lostCourtyard : building.lostStreet;
   because(!(facade.asked > 0) && lost[side] > 0, GlazingReason::kRemoved);
   because(facade.asked > 0 && facade.windows < bayCount * building.storeys(),
           GlazingReason::kBaysWithout);
   because(isOtherwise(facade, building.storeyHeight()), GlazingReason::kOtherWalls);
   return facade;
-}
-
-double sumOf(const GeneratedBuilding& building, SurfaceKind kind) {
-  double sum = 0;
-  for (const WrittenSurface& surface : building.surfaces) {
-    if (surface.kind == kind) sum += surface.area * static_cast<double>(surface.multiplier);
-  }
-  return sum;
 }
 
 }  // namespace
@@ -116,10 +139,12 @@ Measures measure(const GeneratedBuilding& building, const Plan& plan, const Aske
 
   PerFacade<int> streetBays{}, courtyardBays{};
   for (const Bay& bay : building.bays) ++(bay.courtyard ? courtyardBays : streetBays)[bay.side];
+  const Sums sums(building);
   for (const bool courtyard : {false, true}) {
     for (const Facade side : kSides) {
-      const FacadeMeasure facade = facadeOf(building, asked, side, courtyard,
-                                            (courtyard ? courtyardBays : streetBays)[side]);
+      const FacadeMeasure facade =
+          facadeOf(building, (courtyard ? sums.courtyard : sums.street)[side], asked, side,
+                   courtyard, (courtyard ? courtyardBays : streetBays)[side]);
       if (facade.wall < kNearly) continue;
       m.openings += facade.openings;
       DirectionMeasure& direction = m.byDirection[directionIndex(facade.azimuth)];
@@ -136,14 +161,14 @@ Measures measure(const GeneratedBuilding& building, const Plan& plan, const Aske
     direction.azimuth = azimuth;
     direction.party += surface.area * static_cast<double>(surface.multiplier);
   }
-  m.facade = sumOf(building, SurfaceKind::kFacade);
-  m.courtyard = sumOf(building, SurfaceKind::kCourtyard);
-  m.party = sumOf(building, SurfaceKind::kParty);
-  m.roof = sumOf(building, SurfaceKind::kRoof);
-  m.ground = sumOf(building, SurfaceKind::kGround);
-  m.partition = sumOf(building, SurfaceKind::kPartition);
-  m.inner = sumOf(building, SurfaceKind::kInner);
-  m.slabs = sumOf(building, SurfaceKind::kSlab);
+  m.facade = sums.of(SurfaceKind::kFacade);
+  m.courtyard = sums.of(SurfaceKind::kCourtyard);
+  m.party = sums.of(SurfaceKind::kParty);
+  m.roof = sums.of(SurfaceKind::kRoof);
+  m.ground = sums.of(SurfaceKind::kGround);
+  m.partition = sums.of(SurfaceKind::kPartition);
+  m.inner = sums.of(SurfaceKind::kInner);
+  m.slabs = sums.of(SurfaceKind::kSlab);
   m.exchanging = m.facade + m.courtyard + m.roof + m.ground;
   if (m.exchanging > 0) m.compactness = m.volume / m.exchanging;
   if (m.floorArea > 0) m.openingsByFloor = 100 * m.openings / m.floorArea;
