@@ -22,14 +22,14 @@ AlikeTypologies::AlikeTypologies(const CheckedTemplate& checked, const TypologyR
   addCodes(nameFindings(checked, first, Places::kLeftOut), ofAll_);
 }
 
-std::set<Code> AlikeTypologies::remarkCodesOf(const TypologyRecord& alike) {
+std::set<Code> AlikeTypologies::remarkCodesOf(const TypologyRecord& alike, const Plan* plan) {
   std::set<Code> codes = ofAll_;
   for (const auto& percentages : {alike.porcentajeFachada, alike.porcentajePatio}) {
     for (const float percentage : percentages) {
       if (const auto code = codeOfPercentage(percentage)) codes.insert(*code);
     }
   }
-  addCodes(readings_.ofValues(alike), codes);
-  addCodes(planFindings(*checked_, alike, Places::kLeftOut), codes);
+  addCodes(readings_.ofValues(alike, plan), codes);
+  if (plan != nullptr) addCodes(planFindings(*checked_, alike, *plan, Places::kLeftOut), codes);
   return codes;
 }

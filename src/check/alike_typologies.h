@@ -4,6 +4,7 @@
 
 #include "check/checked_template.h"
 #include "check/written_typology.h"
+#include "plan/plan.h"
 #include "typology/typology_record.h"
 
 /// Typologies of one template whose texts differ in nothing but the digits of numbers in VIVIENDA,
@@ -16,8 +17,8 @@ class AlikeTypologies {
 
   /// Whether nothing but the values tells one of them from another. Where it is false, ask no more.
   bool differInValues() const { return differInValues_; }
-  /// See remarkCodes.
-  std::set<Code> remarkCodesOf(const TypologyRecord& alike);
+  /// See remarkCodes. `plan`: that of its numbers, null where they have none.
+  std::set<Code> remarkCodesOf(const TypologyRecord& alike, const Plan* plan);
 
  private:
   const CheckedTemplate* checked_;

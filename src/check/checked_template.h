@@ -7,6 +7,7 @@
 #include "check/finding.h"
 #include "check/template_commands.h"
 #include "generator/template.h"
+#include "plan/plan.h"
 #include "typology/facade.h"
 #include "typology/typology_record.h"
 
@@ -50,7 +51,7 @@ Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typol
 Findings nameFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
                       Places places);
 Findings planFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
-                      Places places);
+                      const Plan& plan, Places places);
 
 /// Whether a finding is that a name is not read as it is written.
 bool isMisreadName(const Finding& finding);

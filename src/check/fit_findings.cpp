@@ -50,16 +50,13 @@ class Fit {
     return std::move(findings_);
   }
 
-  Findings ofPlan() {
-    const PlanResult result = planTipologia(planDataOf(typology_));
-    if (const auto* plan = std::get_if<Plan>(&result)) {
-      comparePolygons(*plan);
-      compareStoreys();
-      compareShades();
-      compareFacades(*plan);
-      if (typology_.alturaPlanta > 0 && std::isfinite(typology_.alturaPlanta)) {
-        foretellGlazing(*plan);
-      }
+  Findings ofPlan(const Plan& plan) {
+    comparePolygons(plan);
+    compareStoreys();
+    compareShades();
+    compareFacades(plan);
+    if (typology_.alturaPlanta > 0 && std::isfinite(typology_.alturaPlanta)) {
+      foretellGlazing(plan);
     }
     return std::move(findings_);
   }
@@ -323,14 +320,17 @@ Findings nameFindings(const CheckedTemplate& checked, const TypologyRecord& typo
 }
 
 Findings planFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
-                      Places places) {
-  return Fit(checked, typology, places).ofPlan();
+                      const Plan& plan, Places places) {
+  return Fit(checked, typology, places).ofPlan(plan);
 }
 
 Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology, bool hasPlan,
                      Places places) {
   Findings findings = nameFindings(checked, typology, places);
-  if (hasPlan)
-    std::ranges::move(planFindings(checked, typology, places), std::back_inserter(findings));
+  if (!hasPlan) return findings;
+  const PlanResult result = planTipologia(planDataOf(typology));
+  if (const auto* plan = std::get_if<Plan>(&result)) {
+    std::ranges::move(planFindings(checked, typology, *plan, places), std::back_inserter(findings));
+  }
   return findings;
 }

@@ -15,6 +15,7 @@
 #include "check/written_words.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
+#include "generator/typology_geometry.h"
 
 namespace {
 
@@ -36,7 +37,10 @@ class Readings {
 
   Findings compare() {
     compareWriting();
-    if (wasRead_) compareUse(vivienda_);
+    if (wasRead_) {
+      const PlanResult plan = planTipologia(planDataOf(vivienda_.record));
+      compareUse(vivienda_, std::get_if<Plan>(&plan));
+    }
     return findings_.take();
   }
 
@@ -53,8 +57,8 @@ class Readings {
   }
 
   /// Of a record that was read from a text alike, what its values show.
-  void compareUseOf(const TypologyRecord& alike) {
-    compareUse({alike, file_, run_, vivienda_.command, findings_, vivienda_.keywords});
+  void compareUseOf(const TypologyRecord& alike, const Plan* plan) {
+    compareUse({alike, file_, run_, vivienda_.command, findings_, vivienda_.keywords}, plan);
   }
 
   Findings take() { return findings_.take(); }
@@ -282,7 +286,7 @@ bool AlikeReadings::areAsWritten() const { return first_->readings.isAsWritten()
 
 const Findings& AlikeReadings::ofWriting() const { return first_->findings; }
 
-Findings AlikeReadings::ofValues(const TypologyRecord& alike) {
-  first_->readings.compareUseOf(alike);
+Findings AlikeReadings::ofValues(const TypologyRecord& alike, const Plan* plan) {
+  first_->readings.compareUseOf(alike, plan);
   return first_->readings.take();
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "check/finding.h"
+#include "plan/plan.h"
 #include "typology/typology_record.h"
 
 /// The second reading of a typology file. A run reads it by search: the first occurrence of a
@@ -35,8 +36,9 @@ class AlikeReadings {
   bool areAsWritten() const;
   /// What the way they are written shows. Percentages are those of the first.
   const Findings& ofWriting() const;
-  /// What the values of one of them show, percentages apart; with the places of the first.
-  Findings ofValues(const TypologyRecord& alike);
+  /// What the values of one of them show, percentages apart; with the places of the first. `plan`:
+  /// that of its numbers, null where they have none.
+  Findings ofValues(const TypologyRecord& alike, const Plan* plan);
 
  private:
   struct First;

@@ -3,7 +3,6 @@
 #include <limits>
 #include <optional>
 #include <string>
-#include <variant>
 
 #include "check/written_vivienda.h"
 #include "check/written_words.h"
@@ -40,8 +39,9 @@ constexpr Usual kAirChanges = {0.3F, 1.5F};  // ren/h
 
 class Use {
  public:
-  explicit Use(const WrittenVivienda& vivienda)
+  Use(const WrittenVivienda& vivienda, const Plan* plan)
       : vivienda_(vivienda),
+        plan_(plan),
         findings_(vivienda.findings),
         r_(vivienda.record),
         row_(tipoRow(vivienda.record.tipo)),
@@ -58,7 +58,7 @@ class Use {
     defaults();
     usualValues();
     percentages("PORCENTAJE-FACHADA", r_.porcentajeFachada);
-    usualPlan();
+    if (plan_ != nullptr) usualPlan();
   }
 
  private:
@@ -233,16 +233,7 @@ class Use {
 
   /// Of a plan that can be built: else its errors say more.
   void usualPlan() {
-    const PlanData data = {r_.tipo,
-                           r_.areaPlanta,
-                           r_.areaPatio,
-                           r_.areaEscalera,
-                           r_.longitudFachada,
-                           r_.profundidadPatio,
-                           r_.profundidadEscalera};
-    const PlanResult result = planTipologia(data);
-    if (!std::holds_alternative<Plan>(result)) return;
-    openingsOfFloor(std::get<Plan>(result));
+    openingsOfFloor(*plan_);
     const bool house = row_.family == PlanFamily::kHouse;
     usual("LONGITUD-FACHADA", "La longitud de fachada", r_.longitudFachada,
           house ? kHouseFacade : kBlockFacade, " m");
@@ -293,6 +284,7 @@ class Use {
   }
 
   const WrittenVivienda& vivienda_;
+  const Plan* plan_;
   WrittenFindings& findings_;
   const TypologyRecord& r_;
   const TipoRow& row_;
@@ -301,4 +293,6 @@ class Use {
 
 }  // namespace
 
-void compareUse(const WrittenVivienda& vivienda) { Use(vivienda).compare(); }
+void compareUse(const WrittenVivienda& vivienda, const Plan* plan) {
+  Use(vivienda, plan).compare();
+}

@@ -8,6 +8,7 @@
 #include "check/written_findings.h"
 #include "check/written_lines.h"
 #include "check/written_run.h"
+#include "plan/plan.h"
 #include "typology/typology_record.h"
 #include "typology/vivienda_keywords.h"
 
@@ -37,8 +38,9 @@ void compareWords(WrittenVivienda& vivienda);
 void compareNumber(WrittenVivienda& vivienda, const KeywordInBoth& keyword);
 void compareList(WrittenVivienda& vivienda, const KeywordInBoth& keyword);
 void compareName(WrittenVivienda& vivienda, const KeywordInBoth& keyword);
-// written_usual.cpp: what is left out, has no effect, or is seldom met.
-void compareUse(const WrittenVivienda& vivienda);
+// written_usual.cpp: what is left out, has no effect, or is seldom met. `plan`: null where the
+// numbers have none.
+void compareUse(const WrittenVivienda& vivienda, const Plan* plan);
 
 /// The value that a keyword has when it is left out, as a file would have it: "3", "( 0, 0, 0, 0
 /// )". Empty for a text.

@@ -88,8 +88,8 @@ std::shared_ptr<const BuildingForm> BuildingForms::generate(const TypologyRecord
                                                             WrittenPieces& written,
                                                             OutputLines& output) {
   output.clear();
-  const PlanResult result = planTipologia(planDataOf(typology));
-  const Plan* const plan = std::get_if<Plan>(&result);
+  plan_ = planTipologia(planDataOf(typology));
+  const Plan* const plan = this->plan();
   if (plan == nullptr || template_.stops() == nullptr) {
     ::generate(template_, typology, output);
     return nullptr;

@@ -5,12 +5,14 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
 #include "core/output_lines.h"
 #include "generator/generator_context.h"
 #include "generator/own_pieces.h"
 #include "generator/template.h"
+#include "plan/plan.h"
 
 /// The own pieces of one building, in the order of its form.
 class WrittenPieces {
@@ -80,6 +82,8 @@ class BuildingForms {
   /// `written`; null where it has none: then it is in `output`.
   std::shared_ptr<const BuildingForm> generate(const TypologyRecord& typology,
                                                WrittenPieces& written, OutputLines& output);
+  /// That of the typology generated last; null where its numbers have none.
+  const Plan* plan() const { return std::get_if<Plan>(&plan_); }
 
  private:
   /// All that a typology's form follows from.
@@ -87,5 +91,6 @@ class BuildingForms {
   static Key keyOf(const TypologyRecord& typology, const Plan& plan);
 
   const Template& template_;
+  PlanResult plan_;
   std::map<Key, std::shared_ptr<const BuildingForm>> forms_;
 };

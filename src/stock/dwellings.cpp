@@ -60,10 +60,10 @@ std::string cellPrint(std::string_view text) { return "x" + report::fingerprint(
 /// What a check of the two says besides errors. Also of a typology that the run refuses: what is
 /// read in another way than it is written may be why.
 NoteCodes notesOn(const SharedTemplate& shared, const PreparedDwelling& prepared,
-                  const std::optional<TypologyRecord>& typology, RowForm* form) {
+                  const std::optional<TypologyRecord>& typology, RowForm* form, const Plan* plan) {
   NoteCodes codes = shared.notes;
   if (typology && form != nullptr) {
-    codes.merge(form->remarkCodesOf(*typology));
+    codes.merge(form->remarkCodesOf(*typology, plan));
     return codes;
   }
   // The check never ends a run; a text that is too long for reading leaves nothing to check.
@@ -263,7 +263,8 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Dwell
     }
     buildings.generate(*typology);
   });
-  outcome.notes = notesCell(prepared.typology.notes, notesOn(shared, prepared, typology, form));
+  outcome.notes = notesCell(prepared.typology.notes,
+                            notesOn(shared, prepared, typology, form, buildings.plan()));
   if (fault) refuse(*fault, row, prepared);
   if (form == nullptr && !prepared.ownFile) {
     room.forms.add(prepared.typology, {prepared.plantilla, prepared.texts, *typology});

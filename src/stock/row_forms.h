@@ -26,8 +26,10 @@ class RowForm {
   /// What a run reads of another such row, whose typology is `tip`; nothing where it might refuse
   /// one of the numbers.
   std::optional<TypologyRecord> read(const ListRow& row, SourceText tip) const;
-  /// See ::remarkCodes.
-  NoteCodes remarkCodesOf(const TypologyRecord& typology) { return alike_.remarkCodesOf(typology); }
+  /// See ::remarkCodes, and AlikeTypologies for `plan`.
+  NoteCodes remarkCodesOf(const TypologyRecord& typology, const Plan* plan) {
+    return alike_.remarkCodesOf(typology, plan);
+  }
   bool tellsOfOthers() const { return alike_.differInValues(); }
 
  private:

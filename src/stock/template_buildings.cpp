@@ -1,8 +1,5 @@
 #include "stock/template_buildings.h"
 
-#include <variant>
-
-#include "generator/typology_geometry.h"
 #include "report/generated_building.h"
 
 namespace stock {
@@ -22,8 +19,7 @@ report::GeneratedBuilding TemplateBuildings::read(const TypologyRecord& typology
 }
 
 BuildingMeasures TemplateBuildings::measuresOf(const TypologyRecord& typology) {
-  const PlanResult result = planTipologia(planDataOf(typology));
-  const Plan& plan = std::get<Plan>(result);  // a building that was generated has one
+  const Plan& plan = *forms_.plan();  // a building that was generated has one
   const report::GeneratedBuilding building = read(typology, plan);
   return {typology.tipo, report::measure(building, plan,
                                          {typology.porcentajeFachada, typology.porcentajePatio,

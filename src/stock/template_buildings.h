@@ -24,6 +24,8 @@ class TemplateBuildings {
 
   // Of the building generated last.
   BuildingMeasures measuresOf(const TypologyRecord& typology);
+  /// Also of one that was refused for something else; null where its numbers have none.
+  const Plan* plan() const { return forms_.plan(); }
   void copyTo(std::string& text) const;
 
  private:
