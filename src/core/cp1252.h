@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -66,6 +67,11 @@ inline constexpr auto kConverted = convert(text);
 /// Decodes a text for people: a sequence of bytes that is valid UTF-8 is taken as such (a file
 /// name on Linux), every other byte as Windows-1252. The result is always valid UTF-8.
 std::string toUtf8(std::string_view text);
+
+/// Whether a text has the same bytes in UTF-8 and in Windows-1252.
+inline bool isAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
 
 }  // namespace cp1252
 

@@ -27,6 +27,7 @@ char32_t takeCharacter(std::string_view& utf8) {
 }  // namespace
 
 std::optional<std::string> toCp1252(std::string_view utf8) {
+  if (cp1252::isAscii(utf8)) return std::string(utf8);
   std::string bytes;
   bytes.reserve(utf8.size());
   while (!utf8.empty()) {

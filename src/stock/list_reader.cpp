@@ -22,10 +22,6 @@ constexpr std::size_t kBlock = std::size_t{1} << 16;  // bytes taken from the so
 constexpr std::array kSeparators = {';', '\t', ','};  // of two as frequent, the first
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 
-bool isAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-}
-
 bool isEmpty(const Record& record) {
   return std::ranges::all_of(record.fields(), [](const Field& field) {
     return field.text.find_first_not_of(" \t") == std::string::npos;
@@ -198,7 +194,7 @@ void ListReader::readField(Record& record) {
     field.text += at(0);
     take();
   }
-  if (!isAscii(field.text)) field.text = cp1252::toUtf8(field.text);
+  if (!cp1252::isAscii(field.text)) field.text = cp1252::toUtf8(field.text);
 }
 
 void ListReader::readQuoted(Record& record, Field& field) {

@@ -243,8 +243,12 @@ bool isGoodId(std::string_view id) {
 }
 
 RowTypology writeTypology(const ListRow& row, std::string_view texts) {
+  constexpr std::size_t kUsual = 1000;  // bytes of a row's command
   RowTypology out;
-  out.form = concat(row.text(row.columns().plantilla), "\n", row.text(row.columns().textos), "\n");
+  out.bytes.reserve(kUsual + texts.size());
+  out.form.reserve(kUsual);
+  out.columnOfLine.reserve(row.columns().keywords.size() + 2);
+  out.form += concat(row.text(row.columns().plantilla), "\n", row.text(row.columns().textos), "\n");
   // No ID in it: the reading goes by search, and an ID may hold a keyword.
   out.bytes = "\"Edificio\" = VIVIENDA\n";
   out.columnOfLine.push_back(-1);
