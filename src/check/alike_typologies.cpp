@@ -19,7 +19,7 @@ AlikeTypologies::AlikeTypologies(const CheckedTemplate& checked, const TypologyR
       readings_.areAsWritten() && std::ranges::none_of(readings_.ofWriting(), isMisreadName);
   addCodes(readings_.ofWriting(), ofAll_);
   std::erase_if(ofAll_, isOfPercentage);
-  addCodes(nameFindings(checked, first, Places::kLeftOut), ofAll_);
+  addCodes(nameFindings(checked, first, Wanted::kCodes), ofAll_);
 }
 
 std::set<Code> AlikeTypologies::remarkCodesOf(const TypologyRecord& alike, const Plan* plan) {
@@ -29,7 +29,7 @@ std::set<Code> AlikeTypologies::remarkCodesOf(const TypologyRecord& alike, const
       if (const auto code = codeOfPercentage(percentage)) codes.insert(*code);
     }
   }
-  addCodes(readings_.ofValues(alike, plan), codes);
-  if (plan != nullptr) addCodes(planFindings(*checked_, alike, *plan, Places::kLeftOut), codes);
+  codes.merge(readings_.ofValues(alike, plan));
+  if (plan != nullptr) addCodes(planFindings(*checked_, alike, *plan, Wanted::kCodes), codes);
   return codes;
 }

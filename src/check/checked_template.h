@@ -43,15 +43,13 @@ Findings templateFindings(const CheckedTemplate& checked);
 /// defined nowhere, façades without windows, plans and storeys of another building, glazing that
 /// will differ from what was asked. Without `hasPlan`, numbers are missing that a plan needs, and
 /// nothing is said of it.
-/// Whoever wants the codes alone need not wait for places in the typology.
-enum class Places { kGiven, kLeftOut };
 Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology, bool hasPlan,
-                     Places places = Places::kGiven);
+                     Wanted wanted = Wanted::kFindings);
 /// Its two parts: what the names of a typology show, and what its numbers do.
 Findings nameFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
-                      Places places);
+                      Wanted wanted);
 Findings planFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
-                      const Plan& plan, Places places);
+                      const Plan& plan, Wanted wanted);
 
 /// Whether a finding is that a name is not read as it is written.
 bool isMisreadName(const Finding& finding);

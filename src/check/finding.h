@@ -21,4 +21,7 @@ struct Finding {
 
 using Findings = std::vector<Finding>;
 
+/// Whoever wants the codes alone need not wait for words and places, which may then be empty.
+enum class Wanted { kFindings, kCodes };
+
 inline Severity severityOf(const Finding& finding) { return rowOf(finding.code).severity; }

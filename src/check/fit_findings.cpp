@@ -37,8 +37,8 @@ constexpr std::array<std::string_view, 4> kFacadeNames = {"sur", "este", "norte"
 
 class Fit {
  public:
-  Fit(const CheckedTemplate& checked, const TypologyRecord& typology, Places places)
-      : places_(places),
+  Fit(const CheckedTemplate& checked, const TypologyRecord& typology, Wanted wanted)
+      : wanted_(wanted),
         plantilla_(checked.plantilla()),
         commands_(checked.commands()),
         windows_(checked.windows()),
@@ -248,14 +248,15 @@ class Fit {
       }
     }
     if (!anyGlazing || height == kStoreyOfSizing) return;
-    findings_.push_back(
-        {.code = Code::kHuecosDistintos,
-         .message =
-             concat("Los huecos se calculan con plantas de 3,00 m y esta mide ", shown(height),
-                    " m: se obtendrá cada porcentaje por "_cp1252, shown(factor, 3)),
-         .place = placeOf("ALTURA-PLANTA"),
-         .found = shown(height) + " m",
-         .used = std::string("paños de 3,00 m"_cp1252)});
+    add(Code::kHuecosDistintos, [&]() -> Finding {
+      return {.code = Code::kHuecosDistintos,
+              .message =
+                  concat("Los huecos se calculan con plantas de 3,00 m y esta mide ", shown(height),
+                         " m: se obtendrá cada porcentaje por "_cp1252, shown(factor, 3)),
+              .place = placeOf("ALTURA-PLANTA"),
+              .found = shown(height) + " m",
+              .used = std::string("paños de 3,00 m"_cp1252)};
+    });
   }
 
   /// Of a façade that has windows. Whether any will be there.
@@ -268,16 +269,18 @@ class Fit {
     };
     if (percentage > 100) {
       note(Code::kVentanaLimitada, keyword, percentage,
-           concat("La ventana", which(), " queda limitada al paño entero"_cp1252));
+           [&] { return concat("La ventana", which(), " queda limitada al paño entero"_cp1252); });
     }
     if (windowHeight(percentage) > height) {
-      note(Code::kVentanaMasAlta, keyword, percentage,
-           concat("La ventana", which(), " mide ", shown(windowHeight(percentage)),
-                  " m de alto y la planta ", shown(height), " m"));
+      note(Code::kVentanaMasAlta, keyword, percentage, [&] {
+        return concat("La ventana", which(), " mide ", shown(windowHeight(percentage)),
+                      " m de alto y la planta ", shown(height), " m");
+      });
     } else if (head > height) {
-      note(Code::kVentanaSobreElTecho, keyword, percentage,
-           concat("El dintel de la ventana", which(), " queda a ", shown(head), " m y el techo a ",
-                  shown(height), " m"));
+      note(Code::kVentanaSobreElTecho, keyword, percentage, [&] {
+        return concat("El dintel de la ventana", which(), " queda a ", shown(head),
+                      " m y el techo a ", shown(height), " m");
+      });
     }
     return true;
   }
@@ -291,20 +294,31 @@ class Fit {
     return (kStoreyOfSizing + windowHeight(percentage)) / 2.0;
   }
 
-  void note(Code code, std::string_view keyword, float percentage, std::string message) {
-    findings_.push_back({.code = code,
-                         .message = std::move(message),
-                         .place = placeOf(keyword),
-                         .found = shown(percentage) + " %"});
+  void note(Code code, std::string_view keyword, float percentage, const auto& message) {
+    add(code, [&]() -> Finding {
+      return {.code = code,
+              .message = message(),
+              .place = placeOf(keyword),
+              .found = shown(percentage) + " %"};
+    });
+  }
+
+  /// `finding`: makes it, if more than its code is wanted.
+  void add(Code code, const auto& finding) {
+    if (wanted_ == Wanted::kFindings) {
+      findings_.push_back(finding());
+    } else {
+      findings_.push_back({.code = code, .message = {}});
+    }
   }
 
   /// A place is looked for in the whole typology.
   std::optional<Place> placeOf(std::string_view keyword) const {
-    if (places_ == Places::kLeftOut) return std::nullopt;
+    if (wanted_ == Wanted::kCodes) return std::nullopt;
     return typology_.placeOf(keyword);
   }
 
-  Places places_;
+  Wanted wanted_;
   const Template& plantilla_;
   const TemplateCommands& commands_;
   const WindowCounts& windows_;
@@ -315,22 +329,22 @@ class Fit {
 }  // namespace
 
 Findings nameFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
-                      Places places) {
-  return Fit(checked, typology, places).ofNames();
+                      Wanted wanted) {
+  return Fit(checked, typology, wanted).ofNames();
 }
 
 Findings planFindings(const CheckedTemplate& checked, const TypologyRecord& typology,
-                      const Plan& plan, Places places) {
-  return Fit(checked, typology, places).ofPlan(plan);
+                      const Plan& plan, Wanted wanted) {
+  return Fit(checked, typology, wanted).ofPlan(plan);
 }
 
 Findings fitFindings(const CheckedTemplate& checked, const TypologyRecord& typology, bool hasPlan,
-                     Places places) {
-  Findings findings = nameFindings(checked, typology, places);
+                     Wanted wanted) {
+  Findings findings = nameFindings(checked, typology, wanted);
   if (!hasPlan) return findings;
   const PlanResult result = planTipologia(planDataOf(typology));
   if (const auto* plan = std::get_if<Plan>(&result)) {
-    std::ranges::move(planFindings(checked, typology, *plan, places), std::back_inserter(findings));
+    std::ranges::move(planFindings(checked, typology, *plan, wanted), std::back_inserter(findings));
   }
   return findings;
 }

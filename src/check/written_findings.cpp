@@ -12,7 +12,7 @@ WrittenFindings::WrittenFindings(const SourceText& text) : text_(&text), lines_{
 }
 
 void WrittenFindings::add(Code code, Span span, std::string message, WrittenDetails details) {
-  if (++counts_[code] > kMostOfACode) return;
+  if (++counts_[code] > kMostOfACode || wanted_ == Wanted::kCodes) return;
   if (details.found.empty()) details.found = at(span);
   findings_.emplace_back(
       span.begin,
@@ -43,4 +43,12 @@ Findings WrittenFindings::take() {
   findings_.clear();
   counts_.clear();
   return result;
+}
+
+std::set<Code> WrittenFindings::takeCodes() {
+  std::set<Code> codes;
+  for (const auto& [code, count] : counts_) codes.insert(codes.end(), code);
+  findings_.clear();
+  counts_.clear();
+  return codes;
 }

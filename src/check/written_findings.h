@@ -1,9 +1,12 @@
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <map>
+#include <set>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "check/finding.h"
@@ -12,6 +15,12 @@
 /// What a finding says besides its message; see Finding.
 struct WrittenDetails {
   std::string found, used, allowed, suggestion;
+};
+
+/// All that it says.
+struct WrittenWords {
+  std::string message;
+  WrittenDetails details;
 };
 
 /// Collects the findings of one text. Of a code at most kMostOfACode are kept, the first ones that
@@ -30,6 +39,12 @@ class WrittenFindings {
 
   /// `found` is the text of the span where the details give none.
   void add(Code code, Span span, std::string message, WrittenDetails details = {});
+  /// `words`: makes them, if they are wanted.
+  void add(Code code, Span span, const std::invocable auto& words) {
+    if (wanted_ == Wanted::kCodes) return add(code, span, std::string());
+    WrittenWords made = words();
+    add(code, span, std::move(made.message), std::move(made.details));
+  }
 
   /// Whether further ones of the code are dropped, so that nobody need look for them.
   bool hasAllOf(Code code) const {
@@ -43,7 +58,13 @@ class WrittenFindings {
   /// In the order of their places; those of one place as they were added. Empties this.
   Findings take();
 
+  /// Of those that are added from now on.
+  void want(Wanted wanted) { wanted_ = wanted; }
+  /// The codes of all that was added. Empties this.
+  std::set<Code> takeCodes();
+
  private:
+  Wanted wanted_ = Wanted::kFindings;
   const SourceText* text_;
   std::vector<std::size_t> lines_;  // where each begins
   std::map<Code, std::size_t> counts_;

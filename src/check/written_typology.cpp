@@ -57,8 +57,10 @@ class Readings {
   }
 
   /// Of a record that was read from a text alike, what its values show.
-  void compareUseOf(const TypologyRecord& alike, const Plan* plan) {
+  std::set<Code> codesOfUse(const TypologyRecord& alike, const Plan* plan) {
+    findings_.want(Wanted::kCodes);
     compareUse({alike, file_, run_, vivienda_.command, findings_, vivienda_.keywords}, plan);
+    return findings_.takeCodes();
   }
 
   Findings take() { return findings_.take(); }
@@ -286,7 +288,6 @@ bool AlikeReadings::areAsWritten() const { return first_->readings.isAsWritten()
 
 const Findings& AlikeReadings::ofWriting() const { return first_->findings; }
 
-Findings AlikeReadings::ofValues(const TypologyRecord& alike, const Plan* plan) {
-  first_->readings.compareUseOf(alike, plan);
-  return first_->readings.take();
+std::set<Code> AlikeReadings::ofValues(const TypologyRecord& alike, const Plan* plan) {
+  return first_->readings.codesOfUse(alike, plan);
 }

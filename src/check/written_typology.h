@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <set>
 #include <span>
 #include <string>
 
@@ -36,9 +37,9 @@ class AlikeReadings {
   bool areAsWritten() const;
   /// What the way they are written shows. Percentages are those of the first.
   const Findings& ofWriting() const;
-  /// What the values of one of them show, percentages apart; with the places of the first. `plan`:
-  /// that of its numbers, null where they have none.
-  Findings ofValues(const TypologyRecord& alike, const Plan* plan);
+  /// What the values of one of them show, percentages apart. `plan`: that of its numbers, null
+  /// where they have none.
+  std::set<Code> ofValues(const TypologyRecord& alike, const Plan* plan);
 
  private:
   struct First;

@@ -145,13 +145,14 @@ class Use {
   void defaultValue(std::string_view name, std::string_view remark) {
     const KeywordInBoth& keyword = vivienda_.keyword(name);
     if (keyword.hit || keyword.written != nullptr || isBehindTheEnd(name)) return;
-    const IfAbsent absent = ifAbsent(*keyword.row);
-    findings_.add(Code::kValorPorDefecto, typeWord(),
-                  concat("Falta ", name, ": ", absent.words, ", el valor por defecto", remark),
-                  {.found = "nada",
-                   .used = absent.used,
-                   .allowed = {},
-                   .suggestion = concat(name, " = ", absent.used)});
+    findings_.add(Code::kValorPorDefecto, typeWord(), [&]() -> WrittenWords {
+      const IfAbsent absent = ifAbsent(*keyword.row);
+      return {concat("Falta ", name, ": ", absent.words, ", el valor por defecto", remark),
+              {.found = "nada",
+               .used = absent.used,
+               .allowed = {},
+               .suggestion = concat(name, " = ", absent.used)}};
+    });
   }
 
   /// Whether it is written behind a ".." in the midst of the command, which has its own finding.
@@ -164,20 +165,20 @@ class Use {
   /// A note where `value` is outside of what is usual; `what`: "La altura de planta".
   void usual(Span place, std::string_view what, float value, Usual range, std::string_view unit) {
     if (!std::isfinite(value) || (value >= range.low && value <= range.high)) return;
-    const bool open = range.to == kNoLimit;
-    const std::string words =
-        open ? concat("desde ", numberInProse(range.from))
-             : concat("de ", numberInProse(range.from), " a ", numberInProse(range.to));
-    const std::string allowed = open
-                                    ? concat(">= ", plainNumber(range.from))
-                                    : concat(plainNumber(range.from), " a ", plainNumber(range.to));
-    // A length that follows from several ones has as many digits as a division gives.
-    const float rounded = std::round(value * 100) / 100;
-    findings_.add(
-        Code::kPocoHabitual, place,
-        concat(what, ", ", numberInProse(rounded), unit, ", es poco habitual: lo habitual es ",
-               words, unit),
-        {.found = {}, .used = plainNumber(rounded), .allowed = allowed, .suggestion = {}});
+    findings_.add(Code::kPocoHabitual, place, [&]() -> WrittenWords {
+      const bool open = range.to == kNoLimit;
+      const std::string words =
+          open ? concat("desde ", numberInProse(range.from))
+               : concat("de ", numberInProse(range.from), " a ", numberInProse(range.to));
+      const std::string allowed =
+          open ? concat(">= ", plainNumber(range.from))
+               : concat(plainNumber(range.from), " a ", plainNumber(range.to));
+      // A length that follows from several ones has as many digits as a division gives.
+      const float rounded = std::round(value * 100) / 100;
+      return {concat(what, ", ", numberInProse(rounded), unit,
+                     ", es poco habitual: lo habitual es ", words, unit),
+              {.found = {}, .used = plainNumber(rounded), .allowed = allowed, .suggestion = {}}};
+    });
   }
   void usual(std::string_view name, std::string_view what, float value, Usual range,
              std::string_view unit) {
