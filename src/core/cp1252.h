@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -70,7 +69,9 @@ std::string toUtf8(std::string_view text);
 
 /// Whether a text has the same bytes in UTF-8 and in Windows-1252.
 inline bool isAscii(std::string_view text) {
-  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+  unsigned char all = 0;
+  for (const char c : text) all |= static_cast<unsigned char>(c);
+  return all < 0x80;
 }
 
 }  // namespace cp1252

@@ -116,9 +116,8 @@ std::size_t ListReader::takePlain(std::string& text) {
   const char* const begin = buffer_.data() + position_;
   const char* const most =
       begin + std::min(buffer_.size() - position_, kLargestRow - std::min(rowBytes_, kLargestRow));
-  const char* const end = std::find_if(begin, most, [this](char c) {
-    return c == separator_ || c == '\n' || c == '\r' || c == '\0';
-  });
+  const char* const end = std::find_if_not(
+      begin, most, [this](char c) { return isPlain_[static_cast<unsigned char>(c)]; });
   const auto size = static_cast<std::size_t>(end - begin);
   text.append(begin, size);
   position_ += size;
@@ -151,8 +150,15 @@ void ListReader::findSeparator() {
     if (c == '\n') break;
     for (std::size_t k = 0; k < kSeparators.size(); ++k) counts[k] += c == kSeparators[k] ? 1 : 0;
   }
-  separator_ =
-      kSeparators[static_cast<std::size_t>(std::ranges::max_element(counts) - counts.begin())];
+  setSeparator(
+      kSeparators[static_cast<std::size_t>(std::ranges::max_element(counts) - counts.begin())]);
+}
+
+void ListReader::setSeparator(char separator) {
+  separator_ = separator;
+  isPlain_.fill(true);
+  for (const char c : {separator, '\n', '\r', '\0'})
+    isPlain_[static_cast<unsigned char>(c)] = false;
 }
 
 bool ListReader::takeSeparatorLine() {
@@ -163,7 +169,7 @@ bool ListReader::takeSeparatorLine() {
   const std::string_view rest = line.substr(kSep.size() + 1);
   const bool known = std::ranges::count(kSeparators, separator) > 0;
   if (!known || !(rest.starts_with('\n') || rest.starts_with("\r\n"))) return false;
-  separator_ = separator;
+  setSeparator(separator);
   while (at(0) != '\n') take();
   take();
   return true;

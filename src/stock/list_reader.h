@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <functional>
 #include <span>
@@ -77,6 +78,7 @@ class ListReader {
   void takeLineEnd();
   void findSeparator();
   bool takeSeparatorLine();
+  void setSeparator(char separator);
   bool readRecord(Record& record);
   void readField(Record& record);
   void readQuoted(Record& record, Field& field);
@@ -89,6 +91,7 @@ class ListReader {
   bool sourceEnded_ = false;
   bool begun_ = false;
   char separator_ = ';';
+  std::array<bool, 256> isPlain_{};  // of each byte, whether it stands for nothing but itself
   long line_ = 1;
   long column_ = 1;
   std::size_t rowBytes_ = 0;
