@@ -208,7 +208,7 @@ class ListInBoth {
     if (code == Code::kPorcentajeMayor100) addItem(*code, " es mayor que 100", "100");
     if (code == Code::kPorcentajeFraccion) {
       addItem(*code, concat(" parece una fracción: se leerá "_cp1252, numberInProse(value), " %"),
-              plainNumber(value * 100));
+              plainNumber(std::round(value * 10000) / 100));
     }
   }
 

@@ -97,6 +97,17 @@ const WrittenCommand* usedCommand(const std::vector<WrittenCommand>& commands,
   return found == commands.end() ? nullptr : &*found;
 }
 
+/// The line of a keyword; `none` where the command has none.
+Place lineOf(const WrittenCommand& command, std::string_view name, const Place& none) {
+  Place place = none;
+  for (std::size_t i = command.keywords.size(); i-- > 0;) {
+    if (command.keywords[i].first != name) continue;
+    place.line = command.lines[i];
+    place.column = 1;
+  }
+  return place;
+}
+
 /// The keywords of a frame, a shade or a place of which the run has the text `used`.
 void addCommand(Report& report, const std::string& file, const WrittenCommand* command,
                 std::string_view used) {
@@ -127,7 +138,11 @@ void addTypology(Report& report, const TypologyRecord& typology) {
     datum.value = std::holds_alternative<IgnoredText>(keyword.field)
                       ? fixedValue(keyword.name, typology)
                       : std::visit(ValueText{typology}, keyword.field);
-    const Place place = typology.placeOf(keyword.name);
+    Place place = typology.placeOf(keyword.name);
+    // What no run reads is where it is written: a search would find CUBIERTA in CUBIERTAS.
+    if (std::holds_alternative<IgnoredText>(keyword.field)) {
+      place = vivienda == nullptr ? none : lineOf(*vivienda, keyword.name, none);
+    }
     if (place.line != none.line || place.column != none.column) {
       datum.file = baseName(place.file);
       datum.line = place.line;

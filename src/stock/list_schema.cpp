@@ -35,7 +35,7 @@ constexpr About kRanges[] = {
     {"SOTANO", "no se usa: siempre NO"},
     {"PORCENTAJE-FACHADA", "0 a 100"},
     {"PORCENTAJE-PATIO", "0 a 100"},
-    {"ORIENTACION", "giro del edificio, desde el norte, en sentido horario"},
+    {"ORIENTACION", "giro en sentido horario, con 0 la fachada principal mira al sur"},
     {"VENTANA-MARCO", "nombre de un NAME-FRAME de TEXTOS"},
     {"VENTANA-SOMBRA", "nombre de un VENTANA-SOMBRA de TEXTOS"},
     {"AIR-CHANGES/HR", "renovaciones de aire por hora"},

@@ -41,6 +41,8 @@ TEST(WrittenLists, EachThatIsReadOtherwiseHasItsFinding) {
        "120", "120", "100"},
       {"a fraction", kFacade, "PORCENTAJE-FACHADA = ( 0.25, 15, 20, 12 )", kPorcentajeFraccion, 24,
        4, "0.25", "0.25", "25"},
+      {"a fraction that is no float", kFacade, "PORCENTAJE-FACHADA = ( 0.15, 15, 20, 12 )",
+       kPorcentajeFraccion, 24, 4, "0.15", "0.15", "15"},
       {"nan", kFacade, "PORCENTAJE-FACHADA = ( 25, nan, 20, 12 )", kNumeroNoFinito, 28, 3, "nan",
        "nan", ""},
       {"a unit", kFacade, "PORCENTAJE-FACHADA = ( 25, 15%, 20, 12 )", kUnidadEnNumero, 28, 3, "15%",

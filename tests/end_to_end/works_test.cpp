@@ -53,6 +53,9 @@ TEST(Works, AWrongCommandLineIsTwoAndTellsTheUsage) {
       {{"plano", "a.tip", "--salida"}, "a la opción --salida le falta su valor"},
       {{"plano", "--salida", "a", "--salida", "b", "a.tip"}, "la opción --salida se repite"},
       {{"plano", "a.tip", "--salida", "./a.tip"}, "--salida sobrescribiría a.tip"},
+      {{"informe", "a.bdl", "a.tip", "--salida", "./a.tbl"}, "--salida sobrescribiría a.tbl"},
+      {{"comprobar", "c/a.bdl", "a.tip", "--salida", "c/defectos.inp"},
+       "--salida sobrescribiría c/defectos.inp"},
       {{"plano", "--help=1"}, "la opción --help no lleva valor"},
       {{"informe", "--formato", "pdf", "a.bdl", "a.tip"}, "admite: html, json"},
   };

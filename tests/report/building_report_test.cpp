@@ -278,6 +278,20 @@ TEST(BuildingReport, NamesTheKeywordsOfFrameShadeAndPlace) {
   EXPECT_EQ(20, last.line);
 }
 
+TEST(BuildingReport, WhatNoRunReadsHasTheLineWhereItIsWritten) {
+  const auto lineOf = [](std::string_view keyword, const std::string& lines) {
+    report::Report report;
+    std::vector<Fault> faults;
+    addTypology(report, TypologyRecord(SourceText("casa.tip", "\"C\" = VIVIENDA\n CUBIERTAS = C\n" +
+                                                                  lines + " ..\n"),
+                                       faults));
+    return std::ranges::find(report.data, keyword, &report::Datum::keyword)->line;
+  };
+  EXPECT_EQ(0, lineOf("CUBIERTA", " ATICO = NO\n"));
+  EXPECT_EQ(3, lineOf("ATICO", " ATICO = NO\n"));
+  EXPECT_EQ(4, lineOf("CUBIERTA", " ATICO = NO\n CUBIERTA = PLANA\n"));
+}
+
 TEST(BuildingReport, ARefusedTypologySaysWhichItIs) {
   report::Report report;
   report.fault = Fault{"No vale", std::nullopt};

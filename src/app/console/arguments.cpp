@@ -4,7 +4,7 @@
 
 const std::string_view kUsage =
     "Uso: tip2bdl-cli [--quiet] PLANTILLA.bdl TIPOLOGIA.tip SALIDA MARCA\n"
-    "     tip2bdl-cli [--quiet] '#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA'\n"
+    "     tip2bdl-cli [--quiet] \"#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA\"\n"
     "     tip2bdl-cli --help | --version\n";
 
 const std::string_view kRunExample = "casa.bdl casa.tip casa-generada.bdl fin.txt";
@@ -36,7 +36,7 @@ std::string helpOfRun() {
   return concat("Ejemplo:\n  tip2bdl-cli ", kRunExample, "\n\n", kRunDetail,
                 "\n\nUso:\n"
                 "  tip2bdl-cli [opciones] PLANTILLA.bdl TIPOLOGIA.tip SALIDA MARCA\n"
-                "  tip2bdl-cli [opciones] '#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA'\n"
+                "  tip2bdl-cli [opciones] \"#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA\"\n"
                 "\nOpciones:\n",
                 linesOf(kRunOptions), "\n", kRunExitCodes, "\n");
 }

@@ -49,25 +49,34 @@ constexpr EnglishWork kWorks[] = {
      "its unit, its values and what its absence means, and the measures of an ordinary building,\n"
      "which can be generated as it stands. The names are those of the sample templates; put\n"
      "those of your own in their places. The file is in Windows-1252; a terminal gets its own\n"
-     "encoding. A file that is there already is not overwritten."},
+     "encoding. A file that is there already is not overwritten.\n"
+     "\n"
+     "Exit status: 0 if it was written, 2 for a wrong command line or a file that is there, 3 if "
+     "it\n"
+     "could not be written."},
     {"comprobar", "find all faults of a typology and its template",
      "[TEMPLATE.bdl] TYPOLOGY.tip [TYPOLOGY.tip ...]",
      "Tells all errors at once, each with its place, and warns of what will be read in another\n"
      "way than it is written. Writes no building. With a template its table and its library are\n"
      "checked too; without one, only the typologies. The four paths of a run may come together:\n"
-     "'#casa.bdl,casa.tip,salida.bdl,fin.txt'.\n"
+     "\"#casa.bdl,casa.tip,salida.bdl,fin.txt\".\n"
      "\n"
      "Exit status: 0 without errors, 1 with warnings and --estricto, 3 with errors, 2 for a wrong\n"
      "command line."},
     {"plano", "draw the plan of a building (SVG)", "TYPOLOGY.tip",
      "Draws the plan of the typology: dwellings, stair, courtyards, bays, measures, areas and\n"
-     "north. The SVG is in millimetres and, printed at 100 %, to scale."},
+     "north. The SVG is in millimetres and, printed at 100 %, to scale.\n"
+     "\n"
+     "Exit status: 0 if it was drawn, 3 for an error of the typology or in writing, 2 for a wrong\n"
+     "command line."},
     {"informe", "report of a building: pictures, openings and measures (HTML, JSON)",
      "TEMPLATE.bdl TYPOLOGY.tip",
      "Generates the building without writing it and tells what it is: pictures, openings asked\n"
      "for and obtained, measures, data with their origin and what was rewritten. If the building\n"
-     "cannot be generated, the report shows what could be read and the error, and the exit\n"
-     "status is 3."},
+     "cannot be generated, the report shows what could be read and the error.\n"
+     "\n"
+     "Exit status: 0 if the building can be generated, 3 if not or if the report could not be\n"
+     "written, 2 for a wrong command line."},
     {"lote", "generate all dwellings of a list, on all cores", "LIST.csv --salida FOLDER",
      "Each row of the list is a dwelling: its ID, its PLANTILLA (template) and its TIPOLOGIA\n"
      "(paths from the list), or the data of VIVIENDA in columns. The buildings go into folders of\n"
@@ -75,7 +84,7 @@ constexpr EnglishWork kWorks[] = {
      "dwelling does not stop the others.\n"
      "\n"
      "Exit status: 0 all well, 1 some refused or failed, 2 for a wrong command line, 3 if the\n"
-     "list could not be worked on, 130 after Ctrl-C."},
+     "list could not be worked on, 130 after Ctrl-C, 143 after the signal to terminate."},
 };
 
 }  // namespace

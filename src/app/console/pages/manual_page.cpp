@@ -38,6 +38,8 @@ std::string escaped(std::string_view text) {
       roff += "\\-";
     } else if (c == '\'') {
       roff += "\\(aq";
+    } else if (c == '"') {
+      roff += "\\(dq";
     } else {
       roff += c;
     }
@@ -120,7 +122,7 @@ std::string pageOfRun(Language language) {
   page.section(page.words().synopsis);
   page.bold(concat("tip2bdl-cli [", page.words().option, "] ", files));
   page.lineBreak();
-  page.bold(concat("tip2bdl-cli [", page.words().option, "] '#", joined, "'"));
+  page.bold(concat("tip2bdl-cli [", page.words().option, "] \"#", joined, "\""));
   for (const Work& work : works()) {
     page.lineBreak();
     const std::string_view operands = spanish ? work.operands : englishOf(work.name)->operands;
@@ -162,8 +164,8 @@ std::string pageOfDesktop(Language language) {
   Page page("tip2bdl", language);
   page.name("tip2bdl", spanish ? "genera el modelo térmico de un edificio, con formulario"
                                : "generate the thermal model of a building, with a form");
-  const std::string_view argument = spanish ? "'#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA'"
-                                            : "'#TEMPLATE.bdl,TYPOLOGY.tip,OUTPUT,MARKER'";
+  const std::string_view argument = spanish ? "\"#PLANTILLA.bdl,TIPOLOGIA.tip,SALIDA,MARCA\""
+                                            : "\"#TEMPLATE.bdl,TYPOLOGY.tip,OUTPUT,MARKER\"";
   page.section(page.words().synopsis);
   page.bold(concat("tip2bdl ", argument));
   page.section(page.words().description);
@@ -178,7 +180,7 @@ std::string pageOfDesktop(Language language) {
                 "display it works without them, and its messages go to standard error.\n"
                 "\n"
                 "Exit status: 0 if the building was generated, 3 after an error.");
-  page.example("tip2bdl '#casa.bdl,casa.tip,casa-generada.bdl,fin.txt'");
+  page.example("tip2bdl \"#casa.bdl,casa.tip,casa-generada.bdl,fin.txt\"");
   page.seeAlso(std::vector<std::string>{"tip2bdl-cli"});
   return page.text();
 }

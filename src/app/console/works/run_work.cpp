@@ -11,6 +11,8 @@
 #include "check/suggestion.h"
 #include "core/concat.h"
 #include "core/paths.h"
+#include "core/run_ended.h"
+#include "generator/run_inputs.h"
 
 namespace {
 
@@ -44,6 +46,17 @@ std::string expectedOperands(const Work& work) {
              : concat("se esperaban ", more ? "al menos " : "", least, " ", noun, "s");
 }
 
+/// A file, and those that are read with it where it is a template.
+std::vector<std::string> filesOf(const std::string& operand) {
+  std::vector<std::string> files = {operand};
+  faultOf([&] {
+    const InputPaths paths = requireInputs(operand, operand, [](const Fault&) {});
+    files.push_back(paths.table);
+    files.push_back(paths.defaults);
+  });
+  return files;
+}
+
 /// What is wrong with arguments that were read, or nothing.
 std::string problemWith(const Work& work, const WorkArguments& arguments) {
   for (const Option* option : work.options) {
@@ -63,7 +76,9 @@ std::string problemWith(const Work& work, const WorkArguments& arguments) {
   const bool isFile = std::ranges::find(work.options, &kSalida) != work.options.end();
   if (!result || !isFile || work.operandNoun != kFileNoun) return {};
   for (const std::string& operand : arguments.operands) {
-    if (sameFile(*result, operand)) return concat("--salida sobrescribiría ", operand);
+    for (const std::string& file : filesOf(operand)) {
+      if (sameFile(*result, file)) return concat("--salida sobrescribiría ", file);
+    }
   }
   return {};
 }

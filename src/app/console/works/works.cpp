@@ -104,7 +104,11 @@ constexpr Work kWorks[] = {
      "es, su unidad, sus valores y qué pasa si falta, y las medidas de un edificio corriente, que\n"
      "se genera tal cual. Los nombres son los de las plantillas de muestra; cámbielos por los de\n"
      "la suya. El fichero está en Windows-1252; en un terminal se ve con los acentos de este.\n"
-     "Uno que ya existe no se sobrescribe.",
+     "Uno que ya existe no se sobrescribe.\n"
+     "\n"
+     "Código de salida: 0 si se ha escrito, 2 si la línea de órdenes es incorrecta o el fichero "
+     "ya\n"
+     "existe, 3 si no se ha podido escribir.",
      kNuevaOptions, 1, 1, nueva, "número"},
     {"comprobar", "busca todas las faltas de una tipología y su plantilla", "casa.bdl casa.tip",
      "[PLANTILLA.bdl] TIPOLOGIA.tip [TIPOLOGIA.tip ...]",
@@ -112,7 +116,7 @@ constexpr Work kWorks[] = {
      "otro modo que como está escrito. No escribe ningún edificio. Con una plantilla se "
      "comprueban\n"
      "también su tabla y su librería; sin ella, solo las tipologías. Las cuatro rutas de una\n"
-     "ejecución pueden darse juntas: '#casa.bdl,casa.tip,salida.bdl,fin.txt'.\n"
+     "ejecución pueden darse juntas: \"#casa.bdl,casa.tip,salida.bdl,fin.txt\".\n"
      "\n"
      "Código de salida: 0 sin errores, 1 con avisos y --estricto, 3 con errores, 2 si la línea de\n"
      "órdenes es incorrecta.",
@@ -120,13 +124,21 @@ constexpr Work kWorks[] = {
     {"plano", "dibuja la planta de un edificio (SVG)", "casa.tip --salida plano.svg",
      "TIPOLOGIA.tip",
      "Dibuja la planta de la tipología: viviendas, escalera, patios, paños, cotas, superficies y\n"
-     "norte. El SVG va en milímetros y, impreso al 100 %, está a escala.",
+     "norte. El SVG va en milímetros y, impreso al 100 %, está a escala.\n"
+     "\n"
+     "Código de salida: 0 si se ha dibujado, 3 con un error de la tipología o al escribir, 2 si "
+     "la\n"
+     "línea de órdenes es incorrecta.",
      kPlanoOptions, 1, 1, plano},
     {"informe", "informe de un edificio: imágenes, huecos y medidas (HTML, JSON)",
      "casa.bdl casa.tip --salida informe.html", "PLANTILLA.bdl TIPOLOGIA.tip",
      "Genera el edificio sin escribirlo y cuenta qué es: imágenes, huecos pedidos y obtenidos,\n"
      "medidas, datos con su origen y qué se ha reescrito. Si el edificio no se genera, el informe\n"
-     "muestra lo que se ha podido leer y el error, y el código de salida es 3.",
+     "muestra lo que se ha podido leer y el error.\n"
+     "\n"
+     "Código de salida: 0 si el edificio se genera, 3 si no o si no se ha podido escribir, 2 si "
+     "la\n"
+     "línea de órdenes es incorrecta.",
      kInformeOptions, 2, 2, informe},
     {"lote", "genera todas las viviendas de una lista, con todos los núcleos",
      "parque.csv --salida resultados", "LISTA.csv --salida CARPETA",
@@ -136,7 +148,9 @@ constexpr Work kWorks[] = {
      "rechazada no detiene a las demás.\n"
      "\n"
      "Código de salida: 0 todas correctas, 1 alguna rechazada o fallida, 2 si la línea de órdenes\n"
-     "es incorrecta, 3 si no se ha podido trabajar en la lista, 130 tras Ctrl-C.",
+     "es incorrecta, 3 si no se ha podido trabajar en la lista, 130 tras Ctrl-C, 143 tras la "
+     "señal\n"
+     "de terminar.",
      kLoteOptions, 0, 1, lote},
 };
 
