@@ -14,9 +14,12 @@ void addCodes(const Findings& findings, std::set<Code>& codes) {
 
 AlikeTypologies::AlikeTypologies(const CheckedTemplate& checked, const TypologyRecord& first)
     : checked_(&checked), readings_(first, checked.frames()) {
-  // Which name was misread can only be told by its place.
-  differInValues_ =
-      readings_.areAsWritten() && std::ranges::none_of(readings_.ofWriting(), isMisreadName);
+  // Which name was misread can only be told by its place, and of a number that is too large for all
+  // the others it cannot be told that they are not.
+  differInValues_ = readings_.areAsWritten() &&
+                    std::ranges::none_of(readings_.ofWriting(), [](const Finding& finding) {
+                      return isMisreadName(finding) || finding.code == Code::kNumeroNoFinito;
+                    });
   addCodes(readings_.ofWriting(), ofAll_);
   std::erase_if(ofAll_, isOfPercentage);
   addCodes(nameFindings(checked, first, Wanted::kCodes), ofAll_);

@@ -7,9 +7,9 @@
 #include "plan/plan.h"
 #include "typology/typology_record.h"
 
-/// Typologies of one template whose texts differ in nothing but the digits of numbers in VIVIENDA,
-/// all of them finite. What there is to say of their names, and of how they are written, is found
-/// out for the first of them. One thread.
+/// Typologies of one template whose texts differ in nothing but the digits of numbers in VIVIENDA;
+/// those that are asked about have finite ones. What there is to say of their names, and of how
+/// they are written, is found out for the first of them. One thread.
 class AlikeTypologies {
  public:
   /// `first`: one of them, which a run accepts. `checked` must outlive this object.

@@ -47,11 +47,13 @@ void dropNamesThatWereMisread(Findings& remarks) {
   });
 }
 
-std::set<Code> remarkCodes(const CheckedTemplate& checked, const TypologyRecord& typology) {
+std::set<Code> remarkCodes(const CheckedTemplate& checked, const TypologyRecord& typology,
+                           bool hasPlan) {
   Findings remarks = compareReadings(typology, checked.frames());
   // Which name was misread can only be told by its place.
   const bool misread = std::ranges::any_of(remarks, isMisreadName);
-  Findings fit = fitFindings(checked, typology, true, misread ? Wanted::kFindings : Wanted::kCodes);
+  Findings fit =
+      fitFindings(checked, typology, hasPlan, misread ? Wanted::kFindings : Wanted::kCodes);
   std::ranges::move(fit, std::back_inserter(remarks));
   dropNamesThatWereMisread(remarks);
   std::set<Code> codes;

@@ -57,5 +57,6 @@ bool isMisreadName(const Finding& finding);
 void dropNamesThatWereMisread(Findings& remarks);
 
 /// The codes of all that a check has to say of a typology with this template besides errors: how
-/// the file is written, and how the two fit. It is one that a run accepts.
-std::set<Code> remarkCodes(const CheckedTemplate& checked, const TypologyRecord& typology);
+/// the file is written, and how the two fit. `hasPlan`: see fitFindings.
+std::set<Code> remarkCodes(const CheckedTemplate& checked, const TypologyRecord& typology,
+                           bool hasPlan = true);

@@ -66,8 +66,7 @@ std::string_view blamedBy(const std::string& message, const TypologyRecord& typo
   return fault == failure->faults.end() ? "" : nameOf(fault->keywords.front());
 }
 
-/// Whether a typology with this fault lacks a number that a plan is drawn from: its limits would
-/// only be consequences.
+/// Whether a typology with this fault lacks a number that a plan is drawn from.
 bool leavesNoPlan(const Fault& fault) {
   const Code code = codeOfRunMessage(fault.message);
   if (code == Code::kFaltaVivienda) return true;
@@ -78,6 +77,10 @@ bool leavesNoPlan(const Fault& fault) {
 }
 
 }  // namespace
+
+bool hasPlanNumbers(const TypologyRecord& typology, const std::vector<Fault>& faults) {
+  return typology.longitudFachada > 0 && std::ranges::none_of(faults, leavesNoPlan);
+}
 
 Finding errorFinding(const Fault& fault) {
   Finding finding{
@@ -180,7 +183,7 @@ class Checker::Run {
     keep(faults);
     if (!record_) return;
     // Nothing is read of a command that has no close.
-    hasPlanNumbers_ = record_->longitudFachada > 0 && std::ranges::none_of(faults, leavesNoPlan);
+    hasPlanNumbers_ = hasPlanNumbers(*record_, faults);
     const Findings remarks = compareReadings(*record_, frames_);
     remarks_.insert(remarks_.end(), remarks.begin(), remarks.end());
   }

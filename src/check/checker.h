@@ -51,6 +51,10 @@ class Checker {
 /// The finding that an error of a run is.
 Finding errorFinding(const Fault& fault);
 
+/// Whether a typology of which this could be read, with these faults, has all numbers that a plan
+/// is drawn from: else the plan's limits would only be consequences.
+bool hasPlanNumbers(const TypologyRecord& typology, const std::vector<Fault>& faults);
+
 /// What the four paths of a run themselves tell: two that coincide, table, library and Error.log
 /// among them, a marker left over from an earlier run, a folder that is not there. Empty paths are
 /// not looked at.

@@ -65,11 +65,13 @@ class Readings {
 
   Findings take() { return findings_.take(); }
 
-  /// Whether what was read is the keywords of the command that is meant, each where it stands.
+  /// Whether what was read is the keywords of the command that is meant, each where it stands. What
+  /// no run reads may be met anywhere, as CUBIERTA in CUBIERTAS.
   bool isAsWritten() const {
     return wasRead_ && isShort() &&
            std::ranges::all_of(vivienda_.keywords, [](const KeywordInBoth& keyword) {
-             return keyword.same || (!keyword.hit && keyword.written == nullptr);
+             return keyword.same || (!keyword.hit && keyword.written == nullptr) ||
+                    std::holds_alternative<IgnoredText>(keyword.row->field);
            });
   }
 

@@ -103,7 +103,15 @@ std::shared_ptr<const BuildingForm> BuildingForms::generate(const TypologyRecord
   if (output.count() >= OutputLines::kCapacity) return nullptr;
   auto form = std::make_shared<const BuildingForm>(output, pieces);
   if (!form->write(typology, *plan, written)) return nullptr;
-  if (forms_.size() >= kMost) forms_.clear();
+  if (forms_.size() >= kMost || pieces_ + form->pieces().size() > kMostPieces) {
+    forms_.clear();
+    pieces_ = 0;
+  }
+  pieces_ += form->pieces().size();
   forms_.insert_or_assign(std::move(key), form);
   return form;
+}
+
+bool BuildingForms::keeps(const BuildingForm& form) const {
+  return std::ranges::any_of(forms_, [&](const auto& kept) { return kept.second.get() == &form; });
 }

@@ -72,8 +72,10 @@ class BuildingForm {
 /// put together of. One thread.
 class BuildingForms {
  public:
-  /// Forms that are kept; above it all are forgotten. Each takes some ten kilobytes.
+  /// Forms that are kept, and pieces that they have, of which each takes some hundred bytes; above
+  /// it all are forgotten.
   static constexpr std::size_t kMost = 32;
+  static constexpr std::size_t kMostPieces = 20000;
 
   /// `plantilla` must outlive this object, all forms and the outputs.
   explicit BuildingForms(const Template& plantilla) : template_(plantilla) {}
@@ -82,6 +84,8 @@ class BuildingForms {
   /// `written`; null where it has none: then it is in `output`.
   std::shared_ptr<const BuildingForm> generate(const TypologyRecord& typology,
                                                WrittenPieces& written, OutputLines& output);
+  /// Whether it is one of those that are kept.
+  bool keeps(const BuildingForm& form) const;
   /// That of the typology generated last; null where its numbers have none.
   const Plan* plan() const { return std::get_if<Plan>(&plan_); }
 
@@ -93,4 +97,5 @@ class BuildingForms {
   const Template& template_;
   PlanResult plan_;
   std::map<Key, std::shared_ptr<const BuildingForm>> forms_;
+  std::size_t pieces_ = 0;  // of all of them
 };

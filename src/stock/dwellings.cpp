@@ -3,7 +3,9 @@
 #include <tuple>
 #include <utility>
 
+#include "check/checker.h"
 #include "check/codes.h"
+#include "check/written_bytes.h"
 #include "core/concat.h"
 #include "core/paths.h"
 #include "core/run_ended.h"
@@ -68,11 +70,12 @@ NoteCodes notesOn(const SharedTemplate& shared, const PreparedDwelling& prepared
   }
   // The check never ends a run; a text that is too long for reading leaves nothing to check.
   faultOf([&] {
-    std::vector<Fault> ignored;
+    std::vector<Fault> faults;
     const auto read = [&] {
-      return TypologyRecord(SourceText(prepared.typologyName, prepared.typology.bytes), ignored);
+      return TypologyRecord(SourceText(prepared.typologyName, prepared.typology.bytes), faults);
     };
-    codes.merge(remarkCodes(*shared.checked, typology ? *typology : read()));
+    const TypologyRecord record = typology ? *typology : read();
+    codes.merge(remarkCodes(*shared.checked, record, hasPlanNumbers(record, faults)));
   });
   return codes;
 }
@@ -103,8 +106,13 @@ SharedTemplate Dwellings::readTemplate(const std::string& path) const {
   std::string prints;
   if (!shared.missing && !shared.missingLibrary) {
     shared.fault = faultOf([&] {
-      prints += report::fingerprint(readText(paths.defaults).bytes());
+      const SourceText defaults = readText(paths.defaults);
+      prints += report::fingerprint(defaults.bytes());
       TemplateTexts texts = readTemplateTexts(paths);
+      for (const SourceText* text :
+           {&std::as_const(texts).building, &std::as_const(texts).table, &defaults}) {
+        shared.notes.merge(codesOf(bytesFindings(*text)));
+      }
       prints += report::fingerprint(texts.building.bytes());
       prints += report::fingerprint(texts.table.bytes());
       shared.plantilla = std::make_unique<const Template>(
@@ -112,7 +120,7 @@ SharedTemplate Dwellings::readTemplate(const std::string& path) const {
       shared.original = std::make_unique<const report::OriginalBuilding>(
           shared.plantilla->copiedText(), shared.plantilla->table());
       shared.checked = std::make_unique<const CheckedTemplate>(*shared.plantilla);
-      shared.notes = codesOf(templateFindings(*shared.checked));
+      shared.notes.merge(codesOf(templateFindings(*shared.checked)));
     });
   }
   for (const auto* fault : {&shared.missing, &shared.missingLibrary, &shared.fault}) {
@@ -263,10 +271,11 @@ void Dwellings::make(const ListRow& row, const PreparedDwelling& prepared, Dwell
     }
     buildings.generate(*typology);
   });
-  outcome.notes = notesCell(prepared.typology.notes,
-                            notesOn(shared, prepared, typology, form, buildings.plan()));
+  outcome.notes = notesCell(
+      prepared.typology.notes,
+      notesOn(shared, prepared, typology, form, form == nullptr ? nullptr : buildings.plan()));
   if (fault) refuse(*fault, row, prepared);
-  if (form == nullptr && !prepared.ownFile) {
+  if (form == nullptr && !prepared.ownFile && room.forms.metBefore(prepared.typology)) {
     room.forms.add(prepared.typology, {prepared.plantilla, prepared.texts, *typology});
   }
   outcome.measures = buildings.measuresOf(*typology);

@@ -92,7 +92,8 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
   for (const Shard& shard : shards) {
     if (shard.count != count) {
       refuse(concat("Hay resultados de repartos distintos: en ", std::to_string(count), " y en ",
-                    std::to_string(shard.count), " partes"));
+                    std::to_string(shard.count),
+                    " partes. Quite los resultados-K-de-N.csv del que no valga"));
     }
   }
   for (long number = 1; number <= count; ++number) {

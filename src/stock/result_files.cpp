@@ -2,9 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <filesystem>
+#include <system_error>
 
 #include "core/concat.h"
+#include "core/paths.h"
 #include "stock/file_names.h"
+
+namespace fs = std::filesystem;
 
 namespace stock {
 
@@ -54,6 +59,15 @@ bool isResultFile(std::string_view name) {
 bool isOutputFolder(std::string_view name) {
   constexpr std::size_t kDigits = 6;  // at least
   return name.size() >= kDigits && name.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+bool hasOutputFolders(const std::string& folder) {
+  std::error_code failed;
+  for (fs::directory_iterator entry(filePath(folder), failed), end; !failed && entry != end;
+       entry.increment(failed)) {
+    if (isOutputFolder(nameOf(entry->path().filename()))) return true;
+  }
+  return false;
 }
 
 }  // namespace stock

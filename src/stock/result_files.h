@@ -27,4 +27,7 @@ bool isResultFile(std::string_view name);
 /// Whether a folder of this name there is one of outputs.
 bool isOutputFolder(std::string_view name);
 
+/// Whether a work has left folders of outputs there.
+bool hasOutputFolders(const std::string& folder);
+
 }  // namespace stock

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "stock/hash.h"
+
 namespace stock {
 
 RowForm::RowForm(std::shared_ptr<const SharedTemplate> plantilla,
@@ -31,9 +33,20 @@ RowForm* RowForms::find(const RowTypology& typology,
 }
 
 void RowForms::add(const RowTypology& typology, RowForm form) {
-  if (!form.tellsOfOthers()) return;
-  if (forms_.size() >= kMost) forms_.clear();
+  const std::size_t size = typology.bytes.size();
+  if (!form.tellsOfOthers() || size > kMostBytes) return;
+  if (forms_.size() >= kMost || bytes_ + size > kMostBytes) {
+    forms_.clear();
+    bytes_ = 0;
+  }
+  bytes_ += size;
   forms_.insert_or_assign(typology.form, std::move(form));
+}
+
+bool RowForms::metBefore(const RowTypology& typology) {
+  constexpr std::size_t kMostMet = 4096;
+  if (met_.size() >= kMostMet) met_.clear();
+  return !met_.insert(hashOf(typology.form)).second;
 }
 
 }  // namespace stock

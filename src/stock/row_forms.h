@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "check/alike_typologies.h"
 #include "stock/row_typology.h"
@@ -42,17 +45,23 @@ class RowForm {
 /// The forms of the rows that a worker has met lately.
 class RowForms {
  public:
-  /// Forms that are kept; above it all are forgotten. Each takes some kilobytes.
+  /// Forms that are kept, and bytes of the typologies that they were found in, of which each takes
+  /// some ten times as many; above it all are forgotten.
   static constexpr std::size_t kMost = 128;
+  static constexpr std::size_t kMostBytes = std::size_t{1} << 20;
 
   /// That of a row; null where none is known.
   RowForm* find(const RowTypology& typology, const std::shared_ptr<const SharedTemplate>& plantilla,
                 const std::shared_ptr<const SharedText>& texts);
+  /// Whether another row of that form has been met, so that finding out about it may be worth it.
+  bool metBefore(const RowTypology& typology);
   /// Keeps that of a row which a run has read, where it tells anything of others.
   void add(const RowTypology& typology, RowForm form);
 
  private:
   std::unordered_map<std::string, RowForm> forms_;
+  std::size_t bytes_ = 0;
+  std::unordered_set<std::uint64_t> met_;  // hashes; one that two forms share costs a little time
 };
 
 }  // namespace stock

@@ -92,7 +92,7 @@ class KeywordWriter {
     const std::optional<std::string> bytes = toCp1252(text);
     if (!bytes) refuseText("contiene caracteres que no existen en Windows-1252");
     line(concat("\"", *bytes, "\""));
-    out_.form += *bytes;
+    out_.form.append("\"").append(*bytes);  // an empty one is not one that is left out
     endForm();
   }
 

@@ -104,7 +104,7 @@ class StockRun {
                     .listFolder = folderOf(options.list),
                     .plantilla = options.plantilla,
                     .keepTypologies = options.keepTypologies,
-                    .usedFolder = results_.earlierLines() > 0,
+                    .usedFolder = hasOutputFolders(folder),
                     .version = options.version},
                    outputs_) {
     removeSummaryPage(folder, options.shard);
@@ -259,8 +259,10 @@ class StockRun {
     } catch (const DiskFault& fault) {
       fail(outcome, "disco", fault.message);
     } catch (const std::bad_alloc&) {
+      room = DwellingRoom();  // what it remembers may be half of something
       fail(outcome, "memoria", "No hay memoria suficiente");
     } catch (const std::exception& error) {
+      room = DwellingRoom();
       fail(outcome, "inesperado", concat("Error inesperado: ", error.what()));
     }
     return std::nullopt;

@@ -14,7 +14,9 @@ report::GeneratedBuilding TemplateBuildings::read(const TypologyRecord& typology
     return report::readBuilding(lines_, typology.textoTipologia(), *shared_->original, plan,
                                 report::Names::kLeftOut);
   }
-  if (readers_.size() >= BuildingForms::kMost && !readers_.contains(form_)) readers_.clear();
+  if (!readers_.contains(form_)) {
+    std::erase_if(readers_, [&](const auto& reader) { return !forms_.keeps(*reader.first); });
+  }
   return readers_.try_emplace(form_, form_, *shared_->original).first->second.read(pieces_, plan);
 }
 

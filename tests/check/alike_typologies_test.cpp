@@ -8,7 +8,9 @@
 
 namespace {
 
-TypologyRecord recordOf(std::string_view text) { return TypologyRecord(SourceText("a.tip", text)); }
+TypologyRecord recordOf(const std::string& text) {
+  return TypologyRecord(SourceText("a.tip", text));
+}
 
 class AlikeTypologiesTest : public testing::Test {
  protected:

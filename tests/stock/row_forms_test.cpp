@@ -6,6 +6,11 @@
 #include <map>
 #include <vector>
 
+#include "core/concat.h"
+#include "stock/dwellings.h"
+#include "stock/list_columns.h"
+#include "stock/list_reader.h"
+#include "stock/outputs.h"
 #include "stock/stock_run.h"
 #include "support/minimal_building.h"
 #include "support/recording_application.h"
@@ -40,6 +45,16 @@ const std::vector<std::string> kRows = {
     std::string("O;1;1;2,80;81;10;20,5;0;10;0;M 1;PV;ME;SU;PH;CU;VI;ALTURA-PLANTA;textos.inp"),
     std::string("P;1;1;;80;10;20,5;0;10;0;AREA-PATIO;PV;ME;SU;PH;CU;VI;;"),
     std::string("Q;1;1;;80;10;20,5;0;10;0;AREA-PATIO;PV;ME;SU;PH;CU;VI;;"),
+    std::string("A1;1;1;2,80;80;10;1e39;0;10;0;I;PV;ME;SU;PH;CU;VI;M;textos.inp"),
+    std::string("B1;1;1;2,80;80;10;3e01;0;10;0;I;PV;ME;SU;PH;CU;VI;M;textos.inp"),
+    std::string("C1;1;1;2,80;80;10;3e01;0;10;0;I;PV;ME;SU;PH;CU;VI;M;textos.inp"),
+    // A frame without a name, and none.
+    std::string("A2;1;1;2,80;80;10;20,5;0;10;0;E;PV;ME;SU;PH;CU;VI;;nadie.inp"),
+    std::string("B2;1;1;2,80;80;10;20,5;0;10;0;E;PV;ME;SU;PH;CU;VI;;nadie.inp"),
+    std::string("C2;1;1;2,80;80;10;20,5;0;10;0;E;PV;ME;SU;PH;CU;VI;\"\"\"\"\"\";nadie.inp"),
+    std::string("D2;1;1;2,80;80;10;20,5;0;10;0;E;PV;ME;SU;PH;CU;VI;\"\"\"\"\"\";nadie.inp"),
+    std::string("E2;1;1;2,80;80;10;20,5;0;10;0;E;PV;ME;SU;PH;CU;VI;\"\"\"\"\"\";nadie.inp"),
+    std::string("F2;1;1;2,80;80;10;20,5;0;10;0;E;PV;ME;SU;PH;CU;VI;;nadie.inp"),
     std::string("R;1;1;2,80;82;10;20,5;0;10;0;Muñoz;PV;ME;SU;PH;CU;VI;M;textos.inp"),
     std::string("S;1;1;2,80;83;10;20,5;0;10;0;Muñoz;PV;ME;SU;PH;CU;VI;M;otros.inp"),
 };
@@ -62,6 +77,7 @@ TEST(RowForms, ARowComesToWhatItComesToAlone) {
   const MinimalBuilding building(folder);
   folder.write("textos.inp", "\"M\" = NAME-FRAME\n  FRAME-WIDTH = 0.1\n  ..\n");
   folder.write("otros.inp", "\"M\" = NAME-FRAME\n  FRAME-WIDTH = 0,2\n  ..\n");
+  folder.write("nadie.inp", "\"\" = NAME-FRAME\n  FRAME-WIDTH = 0.7\n  ..\n");
   const auto run = [&](const std::string& list, const std::string& results) {
     folder.write("lista.csv", list);
     stock::StockOptions options;
@@ -94,4 +110,65 @@ TEST(RowForms, ARowComesToWhatItComesToAlone) {
   }
   EXPECT_EQ(together.size() - 1, outputs);
   EXPECT_LT(20U, outputs);  // buildings and their typologies
+}
+
+namespace {
+
+/// The rows of a list that lies beside its template, made one after the other by one worker.
+class MadeRows {
+ public:
+  explicit MadeRows(std::string list) : list_(std::move(list)) {
+    folder_.write("textos.inp", "\"M\" = NAME-FRAME\n  FRAME-WIDTH = 0.1\n  ..\n");
+    stock::ListReader reader("lista.csv", [this](char* buffer, std::size_t size) {
+      const std::size_t count = list_.copy(buffer, size, read_);
+      read_ += count;
+      return count;
+    });
+    const stock::ListColumns columns = readHeader(reader, false);
+    stock::Record record;
+    for (long number = 1; reader.next(record); ++number) {
+      const stock::ListRow row(columns, record, reader.name());
+      const stock::PreparedDwelling prepared = dwellings_.prepare(row, number, false);
+      ofForm_ +=
+          room_.forms.find(prepared.typology, prepared.plantilla, prepared.texts) ? "f" : "-";
+      stock::Outcome outcome;
+      dwellings_.make(row, prepared, room_, outcome);
+    }
+  }
+
+  /// "f" for each row whose form was known, and "-" for the others.
+  const std::string& ofForm() const { return ofForm_; }
+
+ private:
+  TemporaryFolder folder_;
+  MinimalBuilding building_{folder_};
+  std::string list_;
+  std::size_t read_ = 0;
+  stock::Outputs outputs_{folder_ / "", {}};
+  stock::Dwellings dwellings_{{.listName = "lista.csv",
+                               .listFolder = folder_ / "",
+                               .plantilla = folder_ / "casa.bdl",
+                               .keepTypologies = false,
+                               .usedFolder = false,
+                               .version = "1"},
+                              outputs_};
+  stock::DwellingRoom room_;
+  std::string ofForm_;
+};
+
+}  // namespace
+
+TEST(RowForms, AreKnownFromTheThirdRowOn) {
+  const std::string row = std::string(";1;1;2,80;80;10;20,5;0;10;0") + kNames + "\n";
+  EXPECT_EQ("--ff",
+            MadeRows(kColumns + ("A" + row) + ("B" + row) + ("C" + row) + ("D" + row)).ofForm());
+}
+
+TEST(RowForms, NoneIsMadeOfARowWithAnInfiniteNumber) {
+  const auto row = [](const char* id, const char* south) {
+    return concat(id, ";1;1;2,80;80;10;", south, ";0;10;0", kNames, "\n");
+  };
+  EXPECT_EQ("---f", MadeRows(kColumns + row("A", "1e39") + row("B", "1e39") + row("C", "1e01") +
+                             row("D", "1e01"))
+                        .ofForm());
 }

@@ -1,7 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
+#include <iterator>
+#include <set>
+#include <sstream>
 
+#include "check/checker.h"
 #include "house_list.h"
 #include "stock/outcome.h"
 #include "stock/result_files.h"
@@ -155,6 +159,56 @@ TEST(StockFolder, ACorrectDwellingsResultDoesNotDependOnWhereItsFilesLie) {
   options.list = list.folder() / "./lista.csv";
   options.mode = StockOptions::Mode::kResume;
   EXPECT_EQ(6, runStock(options).counts.skipped);
+}
+
+TEST(StockFolder, ATypologyKeptByAShardIsNoneOfAnotherBuilding) {
+  HouseList list(5);
+  StockOptions shard = list.options();
+  shard.keepTypologies = true;
+  shard.shard = {.number = 1, .count = 2, .part = true};
+  runStock(shard);
+  ASSERT_TRUE(fs::exists(list.folder() / "r/000000/V1.tip"));
+  runStock(list.options());
+  EXPECT_TRUE(fs::exists(list.folder() / "r/000000/V1.bdl"));
+  EXPECT_FALSE(fs::exists(list.folder() / "r/000000/V1.tip"));
+}
+
+TEST(StockFolder, NotesAreThoseOfACheckOfTheSameFiles) {
+  HouseList list(1);
+  const auto notesOf = [&](const std::string& typology) {
+    list.folder().write("uno.tip", typology);
+    list.folder().write("otra.csv", HouseList::kHeading + std::string("U;casa.bdl;uno.tip") +
+                                        std::string(17, ';') + "\n");
+    StockOptions options = list.options();
+    options.list = list.folder() / "otra.csv";
+    runStock(options);
+    std::set<std::string> codes;
+    for (const Finding& finding :
+         Checker(list.folder() / "casa.bdl").check(list.folder() / "uno.tip")) {
+      if (severityOf(finding) != Severity::kError)
+        codes.insert(std::string(rowOf(finding.code).word));
+    }
+    const std::string cell = resultOf(list, "U").at(stock::kResultNotes);
+    std::istringstream words(cell);
+    const std::set<std::string> told(std::istream_iterator<std::string>(words), {});
+    EXPECT_EQ(codes, told) << typology;
+    return told;
+  };
+  const std::string typology = readBytes(list.folder() / "casa.tip");
+  notesOf(typology);
+  // A refused one without the numbers that a plan needs.
+  std::string without = typology;
+  without.replace(without.find("TIPO "), 5, "TIPA ");
+  notesOf(without);
+  // What the bytes of the template's files show.
+  for (const char* const file : {"casa.bdl", "casa.tbl", "defectos.inp"}) {
+    const std::string bytes = readBytes(list.folder() / file);
+    std::string mixed = bytes + "$\n";  // one has a single line
+    mixed.insert(mixed.find('\n'), "\r");
+    list.folder().write(file, mixed);
+    EXPECT_TRUE(notesOf(typology).contains("fines-de-linea")) << file;
+    list.folder().write(file, bytes);
+  }
 }
 
 TEST(StockFolder, PlacesAreCellsOfTheList) {
