@@ -19,6 +19,10 @@ export -f shard
 print=$(sha256sum <"$list")$shards
 if [ "$(cat "$folder/partes.lista" 2>/dev/null)" != "$print" ]; then
   rm -f "$folder/partes.log"
+  # Results of another number of shards could not be joined with these.
+  for file in "$folder"/{resultados,diario}-*-de-*.csv; do
+    [[ $file == *"-de-$shards.csv" ]] || rm -f "$file"
+  done
   echo "$print" >"$folder/partes.lista"
 fi
 

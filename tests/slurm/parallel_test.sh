@@ -36,4 +36,9 @@ mv otra.csv lista.csv
 "$sources/examples/parallel/lote.sh" lista.csv resultados 4 -j2
 [ "$(wc -l <resultados/resultados.csv)" -eq "$(wc -l <otra/resultados.csv)" ]
 [ "$(wc -l <otra/resultados.csv)" -eq 101 ]
+
+# And with another number of shards.
+"$sources/examples/parallel/lote.sh" lista.csv resultados 3 -j2
+"$program" lote lista.csv --salida corta --trabajos 1 --quiet 2>/dev/null || [ $? -eq 1 ]
+cmp corta/resultados.csv resultados/resultados.csv
 echo "the same bytes: 4000 rows, four shards, one killed"
