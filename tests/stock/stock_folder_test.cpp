@@ -203,10 +203,8 @@ TEST(StockFolder, NotesAreThoseOfACheckOfTheSameFiles) {
   // What the bytes of the template's files show.
   for (const char* const file : {"casa.bdl", "casa.tbl", "defectos.inp"}) {
     const std::string bytes = readBytes(list.folder() / file);
-    std::string mixed = bytes + "$\n";  // one has a single line
-    mixed.insert(mixed.find('\n'), "\r");
-    list.folder().write(file, mixed);
-    EXPECT_TRUE(notesOf(typology).contains("fines-de-linea")) << file;
+    list.folder().write(file, "\xEF\xBB\xBF" + bytes);
+    EXPECT_TRUE(notesOf(typology).contains("marca-de-orden")) << file;
     list.folder().write(file, bytes);
   }
 }
