@@ -88,7 +88,7 @@ function(discover_tests target)
     add_test(NAME ${target} COMMAND ${target} --gtest_filter=-${left_out})
     # A fraction of the random cases: files are slow under wine, and the other presets try them all.
     set_tests_properties(${target} PROPERTIES
-      TIMEOUT 120 FIXTURES_REQUIRED windows ENVIRONMENT TIP2BDL_CHECKS=10)
+      TIMEOUT 600 FIXTURES_REQUIRED windows ENVIRONMENT TIP2BDL_CHECKS=10)
     return()
   endif()
   gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60)
