@@ -4,7 +4,9 @@
 #include <algorithm>
 #include <cmath>
 #include <filesystem>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <tuple>
 #include <variant>
@@ -135,15 +137,21 @@ std::string buildingTable() {
   return table;
 }
 
+std::optional<int> firstTipoWhere(const std::function<bool(int)>& holds) {
+  for (int tipo = 1; tipo <= kLastTipo; ++tipo) {
+    if (holds(tipo)) return tipo;
+  }
+  return std::nullopt;
+}
+
 std::string measureTable() {
   std::string table =
       "| `TIPO` | medida | corriente | desde | hasta | unidad |\n|---|---|---|---|---|---|\n";
   for (const FamilyNeeds& needs : kFamilyNeeds) {
     const auto isOfFamily = [&](int tipo) { return tipoRow(tipo).family == needs.family; };
-    int tipo = 1;
-    while (tipo <= kLastTipo && !isOfFamily(tipo)) ++tipo;
-    if (tipo > kLastTipo) continue;  // of no number
-    const PlanData data = ordinaryPlan(tipo);
+    const std::optional<int> tipo = firstTipoWhere(isOfFamily);
+    if (!tipo) continue;  // of no number
+    const PlanData data = ordinaryPlan(*tipo);
     for (const Measure& measure : kMeasures) {
       if (!isUsed(measure, needs.family)) continue;
       const PlanRange range = rangeIn(data, measure.number);
@@ -186,10 +194,9 @@ std::string limitTable() {
       "patio | `AREA-ESCALERA` | lados de la escalera |\n|---|---|---|---|---|---|---|---|\n";
   for (const FamilyNeeds& needs : kFamilyNeeds) {
     const auto isOfFamily = [&](int tipo) { return tipoRow(tipo).family == needs.family; };
-    int tipo = 1;
-    while (tipo <= kLastTipo && !isOfFamily(tipo)) ++tipo;
-    if (tipo > kLastTipo) continue;  // of no number
-    const PlanData data = ordinaryPlan(tipo);
+    const std::optional<int> tipo = firstTipoWhere(isOfFamily);
+    if (!tipo) continue;  // of no number
+    const PlanData data = ordinaryPlan(*tipo);
     const auto least = [&](float PlanData::*number) { return limitOf(data, number, 1); };
     const auto cell = [&](bool used, double value) {
       return concat(used ? shortest(static_cast<float>(value)) : "—", " | ");
