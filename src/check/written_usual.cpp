@@ -9,6 +9,7 @@
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "plan/families.h"
+#include "plan/needed_measures.h"
 #include "plan/plan.h"
 #include "typology/tipo.h"
 
@@ -112,21 +113,20 @@ class Use {
 
   struct Measure {
     std::string_view name;
-    bool FamilyNeeds::*used;
     float TypologyRecord::*value;
   };
   static constexpr Measure kMeasures[] = {
-      {"AREA-PATIO", &FamilyNeeds::areaPatio, &TypologyRecord::areaPatio},
-      {"AREA-ESCALERA", &FamilyNeeds::areaEscalera, &TypologyRecord::areaEscalera},
-      {"PROFUNDIDAD-PATIO", &FamilyNeeds::profundidadPatio, &TypologyRecord::profundidadPatio},
-      {"PROFUNDIDAD-ESCALERA", &FamilyNeeds::profundidadEscalera,
-       &TypologyRecord::profundidadEscalera},
+      {"AREA-PATIO", &TypologyRecord::areaPatio},
+      {"AREA-ESCALERA", &TypologyRecord::areaEscalera},
+      {"PROFUNDIDAD-PATIO", &TypologyRecord::profundidadPatio},
+      {"PROFUNDIDAD-ESCALERA", &TypologyRecord::profundidadEscalera},
   };
 
   void measures() {
     for (const Measure& measure : kMeasures) {
       // One that is needed and not there breaks its limits, which are errors.
-      if (!(needs_.*measure.used) && given(measure.name) && r_.*measure.value != 0) {
+      if (r_.*measure.value == 0 || needsMeasure(r_.tipo, measure.name)) continue;
+      if (given(measure.name)) {
         findings_.add(Code::kMedidaSinUso, placeOf(measure.name),
                       concat("El TIPO ", std::to_string(r_.tipo), " no usa ", measure.name),
                       {.found = {}, .used = {}, .allowed = {}, .suggestion = {}});
