@@ -41,7 +41,8 @@ source_date() {
   else stat -c %Y CHANGELOG.md; fi
 }
 
-# build PRESET [TARGET ...]: configures and builds everything, or the targets. On a build server (CI) every warning is an error.
+# build PRESET [TARGET ...]: configures and builds everything, or the targets. On a build server (CI)
+# every warning is an error.
 build() {
   echo "== Building the preset '$1'"
   cmake --preset "$1" ${CI:+-DWARNINGS_ARE_ERRORS=ON} >/dev/null
