@@ -137,7 +137,7 @@ void checkWritingFiles(std::string_view bytes) {
   const Ending ending = endingOf([&] {
     fichero file(path, "escritura");
     expected = writeLines(file.lines(), bytes);
-    file.guardar();
+    file.save();
   });
   expect(!ending.stopped, "writing was stopped");
   expect(readFile(path) == expected, "the file differs from what was written");

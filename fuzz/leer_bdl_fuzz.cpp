@@ -130,7 +130,9 @@ void askPlaces(LeerBDL& model, std::string_view keyword, bool onePiece) {
   expect(value.has_value() == (model.leerReal(keyword, real) != -1), "a place of no value");
   if (!value) return;
   expectWithin(source.placeOf(*value), source);
-  if (!onePiece) return;
+  // For a value that is missing a getter takes what comes next.
+  const bool missing = standsAt(*value, "=", source) || value->begin < key->end;
+  if (!onePiece || missing) return;
   endingOf([&] {
     std::string text;
     if (model.leerCadena(keyword, text) == -1) return;

@@ -4,7 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/concat.h"
+#include "core/file_faults.h"
 #include "core/open_file.h"
 #include "core/paths.h"
 #include "core/report_error.h"
@@ -17,5 +17,5 @@ void createCompletionMarker(const std::string& path) {
   if (marker != nullptr && std::filesystem::is_regular_file(filePath(path), ignored)) {
     std::filesystem::remove(filePath(path), ignored);
   }
-  ReportFailure(ErrorLog, concat("Error al abrir fichero de escritura: ", path));
+  ReportFailure(ErrorLog, cannotOpenForWriting(path));
 }

@@ -71,6 +71,6 @@ int RunGeneration(TProgressBar& progressBar, const RunPaths& paths) {
   plantilla.emplace(std::move(texts.building), std::move(texts.table));
   const TypologyRecord typology(readText(inputs.typology));
   generate(*plantilla, typology, output.lines(), progressBar);
-  output.guardar();
+  output.save();
   return 1;
 }

@@ -10,6 +10,7 @@
 #include "app/failing_writes.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
+#include "core/fault.h"
 #include "core/report_error.h"
 
 namespace {

@@ -4,9 +4,6 @@
 #include <initializer_list>
 #include <string_view>
 
-inline constexpr std::string_view kNoMemory = "No hay memoria suficiente";
-inline constexpr std::string_view kUnexpected = "Error inesperado: ";
-
 /// Runs a program's body and gives its exit status. An exception that the body throws (out of
 /// memory, or the unexpected) ends the process as every error does: a message and exit code 3. An
 /// exception that no catch can see, because it is thrown in a destructor or another function that

@@ -31,6 +31,19 @@ std::size_t largoDeValor(std::string_view resto) {
   return std::min(resto.find(' '), resto.size());
 }
 
+constexpr std::string_view kBlancos = " \r";
+
+/// Whether `texto` begins with a word that stands in front of an "=", or with a comment: neither is
+/// the value that a keyword of an earlier line lacks.
+bool esOtroDato(std::string_view texto) {
+  if (texto.starts_with('$')) return true;
+  const std::size_t largo = largoDeValor(texto);
+  const bool palabra = !texto.starts_with('"') && !texto.starts_with('(');
+  if (palabra && texto.substr(0, largo).find('=') != std::string_view::npos) return true;
+  const std::size_t detras = texto.find_first_not_of(kBlancos, largo);
+  return detras != std::string_view::npos && texto[detras] == '=';
+}
+
 }  // namespace
 
 LeerBDL::LeerBDL(const SourceText& fuente) : fuente_(&fuente) {
@@ -83,18 +96,36 @@ std::optional<Span> LeerBDL::lugarDe(std::string_view patron) {
   return tramo(posicion, patron.size());
 }
 
-/// Position of the value that begins at `posicion`, behind the "=", or later; of the "=" itself
-/// where there is none.
-std::size_t LeerBDL::inicioDeValor(std::size_t posicion) const {
-  const std::size_t blancos = texto().substr(posicion).find_first_not_of(" \r");
-  return blancos == std::string_view::npos ? posicion - 1 : posicion + blancos;
+/// Whether a line of the file ends between two positions.
+bool LeerBDL::acabaLinea(std::size_t desde, std::size_t hasta) const {
+  const std::size_t inicio = tramo(desde, 0).begin;
+  const std::size_t fin = tramo(hasta, 0).begin;
+  return fin < inicio ||  // the defaults of a command may stand before it
+         fuente_->bytes().substr(inicio, fin - inicio).find('\n') != std::string_view::npos;
+}
+
+/// Position of what `lugarDeValor` shows; 0 when the keyword is absent. A getter reads on in the
+/// next lines; a person who has forgotten a value looks for the place where it should stand.
+std::size_t LeerBDL::inicioDeValor(std::string_view clave) {
+  const std::size_t detras = buscarValor(clave);
+  if (detras == kNoEncontrado) return kNoEncontrado;
+  const std::size_t igual = detras - 1;
+  const std::size_t blancos = clave.find_first_not_of(' ');
+  const std::size_t inicio = buscar(clave, 0) + (blancos == std::string_view::npos ? 0 : blancos);
+  const std::string_view delante = texto().substr(inicio, igual - inicio);
+  const std::size_t finPalabra = std::min(delante.find_first_of(kBlancos), delante.size());
+  const bool ajeno = delante.find_first_not_of(kBlancos, finPalabra) != std::string_view::npos;
+  if (ajeno && acabaLinea(inicio, igual)) return inicio;
+
+  const std::size_t valor = texto().find_first_not_of(kBlancos, detras);
+  if (valor == std::string_view::npos) return igual;
+  return esOtroDato(texto().substr(valor)) && acabaLinea(igual, valor) ? igual : valor;
 }
 
 std::optional<Span> LeerBDL::lugarDeValor(std::string_view clave) {
-  const std::size_t posicion = buscarValor(clave);
+  const std::size_t posicion = inicioDeValor(clave);
   if (posicion == kNoEncontrado) return std::nullopt;
-  const std::size_t valor = inicioDeValor(posicion);
-  return tramo(valor, valor < posicion ? 1 : largoDeValor(texto().substr(valor)));
+  return tramo(posicion, largoDeValor(texto().substr(posicion)));
 }
 
 int LeerBDL::leerEntero(std::string_view clave, int& valor) {
@@ -115,9 +146,9 @@ LeerBDL::Lectura LeerBDL::consultarEntero(std::string_view clave, int& valor) {
 LeerBDL::Lectura LeerBDL::consultarReal(std::string_view clave, float& valor) {
   const std::size_t posicion = buscarValor(clave);
   if (posicion == kNoEncontrado) return Lectura::kAusente;
-  std::string_view resto = texto().substr(posicion);
-  if (!scanReal(resto, valor)) return Lectura::kSinNumero;
-  valor = pasarPorConversionRegional(valor);
+  const std::optional<float> leido = texto_->real(inicio_ + posicion);
+  if (!leido) return Lectura::kSinNumero;
+  valor = pasarPorConversionRegional(*leido);
   return Lectura::kLeida;
 }
 
@@ -131,7 +162,7 @@ int LeerBDL::leerCadena(std::string_view clave, std::string& valor, std::size_t 
   }
   posicion += blancos;
   resto.remove_prefix(blancos);
-  if (resto.empty()) fallar(clave, posicion - 1, "falta el valor");
+  if (resto.empty()) fallar(clave, inicioDeValor(clave), "falta el valor");
 
   std::size_t largo = std::min(resto.find(' '), resto.size());
   if (resto.front() == '"') {
@@ -148,11 +179,10 @@ int LeerBDL::leerCadena(std::string_view clave, std::string& valor, std::size_t 
 
 /// Position of the "(" of `clave`; 0 when the keyword is absent.
 std::size_t LeerBDL::buscarLista(std::string_view clave) {
-  const std::size_t valor = buscarValor(clave);
-  if (valor == kNoEncontrado) return kNoEncontrado;
+  if (buscarValor(clave) == kNoEncontrado) return kNoEncontrado;
   const std::size_t abre = buscar("(", buscar(clave, 0) + 1);
   if (abre == kNoEncontrado) {
-    fallar(clave, inicioDeValor(valor), "falta la lista de valores entre paréntesis"_cp1252);
+    fallar(clave, inicioDeValor(clave), "falta la lista de valores entre paréntesis"_cp1252);
   }
   return abre;
 }

@@ -62,8 +62,9 @@ class LeerBDL {
 
   // Places in the file, for messages. Nothing is kept for them: they are searched for anew.
 
-  /// Where the value of `clave` stands, as the getters find it: the first word behind the "=", or
-  /// the whole of a quoted text or of a list. None when it is absent.
+  /// Where the value of `clave` stands: the first word behind the "=", or the whole of a quoted
+  /// text or of a list. Where it is missing, because another keyword's line or a comment comes
+  /// next, the "=", and where that is missing too, the keyword. None when it is absent.
   std::optional<Span> lugarDeValor(std::string_view clave);
   /// Where the first occurrence of `patron` stands.
   std::optional<Span> lugarDe(std::string_view patron);
@@ -112,6 +113,12 @@ class LeerBDL {
     std::size_t corte = std::string::npos;  // from here on, in the text, the defaults
     std::size_t defectos = 0;               // where those begin
   };
+  /// A text that was cut out. Commands may share a "..": each of them is an end of the text between
+  /// the ".." before and that one, so that it is copied once for all of them.
+  struct Corte {
+    std::shared_ptr<SearchedText> texto;
+    std::size_t inicio = 0;  // where it begins in the model
+  };
   LeerBDL(LeerBDL& origen, std::string_view tipo, Etiqueta etiqueta);
 
   std::string_view texto() const {
@@ -120,16 +127,19 @@ class LeerBDL {
   std::size_t enFichero(std::size_t posicion) const;
   Span tramo(std::size_t posicion, std::size_t largo) const;
   std::size_t buscarValor(std::string_view clave);
-  std::size_t inicioDeValor(std::size_t posicion) const;
+  std::size_t inicioDeValor(std::string_view clave);
+  bool acabaLinea(std::size_t desde, std::size_t hasta) const;
   std::size_t buscarLista(std::string_view clave);
 
   // Commands (leer_bdl_commands.cpp).
   Comandos& comandosDe(std::string_view tipo);
   std::size_t buscarComando(std::string_view tipo, std::size_t desde);
+  Etiqueta etiquetaDe(const std::string& nombre, std::string_view tipo);
   std::size_t buscarEtiqueta(const std::string& nombre, std::string_view tipo);
   std::size_t buscarNombreLargo(const std::string& nombre, std::string_view tipo);
   void verCandidato(Comandos& comandos);
-  void cortar(Comandos& comandos, std::size_t etiqueta, std::size_t cierre);
+  const Corte& corteDe(Comandos& comandos, std::size_t etiqueta, std::size_t cierre);
+  Corte cortar(const Comandos& comandos, std::size_t etiqueta, std::size_t cierre);
   std::size_t buscarCierreDeComando(std::string_view tipo, std::size_t etiqueta);
   std::size_t buscarCierre(std::size_t posicion, std::string_view que);
 

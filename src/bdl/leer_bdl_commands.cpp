@@ -33,39 +33,37 @@ struct LeerBDL::Comandos {
         defectos(modelo.buscar(concat(kCabeceraDefectos, tipoPedido), 0)),
         numero(modelo.contarComandos(tipoPedido)) {}
 
+  /// The search by long name, as far as it has come.
+  struct NombresLargos {
+    int vistos = 0;                                             // commands
+    std::size_t cursor = 0;                                     // behind the last of them
+    std::unordered_map<std::string, std::size_t> etiquetaDe{};  // of a long name, the first
+  };
+
   std::string tipo;
   CommandLabels etiquetas;
   std::size_t defectos;  // where SET-DEFAULT FOR the type begins; 0: there is none
   int numero;            // as contarComandos counts them
-
-  // The search by long name, as far as it has come.
-  int vistos = 0;                                              // commands
-  std::size_t cursor = 0;                                      // behind the last of them
-  std::unordered_map<std::string, std::size_t> nombresLargos;  // long name: its first label
-
-  // What was cut out last. Commands may share a "..": each of them is an end of the text between
-  // the ".." before and that one, so that it is copied once for all of them.
-  std::shared_ptr<SearchedText> corte;
-  std::size_t inicio = 0;  // where it begins in the model
-  std::size_t cierre = 0;  // where its ".." stands there
+  NombresLargos nombresLargos;
+  Corte corte;                                          // the last one,
+  std::size_t cierre = 0;                               // and where its ".." stands in the model
+  std::unordered_map<std::size_t, Corte> cortesLargos;  // all that are, by their ".."
 };
 
 LeerBDL::LeerBDL(LeerBDL& origen, std::string_view tipo, const std::string& nombre)
-    : LeerBDL(origen, tipo, Etiqueta{origen.buscarEtiqueta(nombre, tipo)}) {
-  if (!texto_) *this = LeerBDL(origen, tipo, Etiqueta{origen.buscarNombreLargo(nombre, tipo)});
-}
+    : LeerBDL(origen, tipo, origen.etiquetaDe(nombre, tipo)) {}
 
 LeerBDL::LeerBDL(LeerBDL& origen, std::string_view tipo, Etiqueta etiqueta)
     : fuente_(origen.fuente_) {
   if (etiqueta.posicion == kNoEncontrado) return;
   const std::size_t cierre = origen.buscarCierreDeComando(tipo, etiqueta.posicion);
   Comandos& comandos = origen.comandosDe(tipo);
-  if (comandos.cierre != cierre) origen.cortar(comandos, etiqueta.posicion, cierre);
-  texto_ = comandos.corte;
-  inicio_ = etiqueta.posicion - comandos.inicio;
-  procedencia_.inicio = origen.enFichero(comandos.inicio);
+  const Corte& corte = origen.corteDe(comandos, etiqueta.posicion, cierre);
+  texto_ = corte.texto;
+  inicio_ = etiqueta.posicion - corte.inicio;
+  procedencia_.inicio = origen.enFichero(corte.inicio);
   if (comandos.defectos == kNoEncontrado) return;
-  procedencia_.corte = cierre - comandos.inicio;
+  procedencia_.corte = cierre - corte.inicio;
   procedencia_.defectos = origen.enFichero(comandos.defectos);
 }
 
@@ -124,6 +122,11 @@ LeerBDL::Comandos& LeerBDL::comandosDe(std::string_view tipo) {
   return *comandos_;
 }
 
+LeerBDL::Etiqueta LeerBDL::etiquetaDe(const std::string& nombre, std::string_view tipo) {
+  const std::size_t propia = buscarEtiqueta(nombre, tipo);
+  return {propia != kNoEncontrado ? propia : buscarNombreLargo(nombre, tipo)};
+}
+
 /// Position of the label `nombre` of a command of `tipo`; 0 when there is none.
 std::size_t LeerBDL::buscarEtiqueta(const std::string& nombre, std::string_view tipo) {
   // What stands at the very start of the text is not found.
@@ -137,14 +140,15 @@ std::size_t LeerBDL::buscarEtiqueta(const std::string& nombre, std::string_view 
 std::size_t LeerBDL::buscarNombreLargo(const std::string& nombre, std::string_view tipo) {
   if (!texto_) return kNoEncontrado;
   Comandos& comandos = comandosDe(tipo);
-  situarCursor(comandos.cursor);
-  auto hallado = comandos.nombresLargos.find(nombre);
-  while (hallado == comandos.nombresLargos.end() && comandos.vistos < comandos.numero) {
+  const Comandos::NombresLargos& largos = comandos.nombresLargos;
+  situarCursor(largos.cursor);
+  auto hallado = largos.etiquetaDe.find(nombre);
+  while (hallado == largos.etiquetaDe.end() && largos.vistos < comandos.numero) {
     verCandidato(comandos);
-    hallado = comandos.nombresLargos.find(nombre);
+    hallado = largos.etiquetaDe.find(nombre);
   }
   rebobinar();
-  return hallado == comandos.nombresLargos.end() ? kNoEncontrado : hallado->second;
+  return hallado == largos.etiquetaDe.end() ? kNoEncontrado : hallado->second;
 }
 
 /// Enters the next command's long name. Candidates are looked up by label alone, so the search
@@ -161,15 +165,31 @@ void LeerBDL::verCandidato(Comandos& comandos) {
   std::string valor;
   // "NAME " with its blank, or it would be found inside LONG-NAME.
   if (comando.leerCadena("LONG-NAME", valor) == 0 || comando.leerCadena("NAME ", valor) == 0) {
-    comandos.nombresLargos.try_emplace(valor, etiqueta);
+    comandos.nombresLargos.etiquetaDe.try_emplace(valor, etiqueta);
   }
-  ++comandos.vistos;
-  comandos.cursor = cursor_;
+  ++comandos.nombresLargos.vistos;
+  comandos.nombresLargos.cursor = cursor_;
 }
 
-/// Cuts out the text that ends at the ".." at `cierre` and holds the command whose label stands at
-/// `etiqueta`: from the ".." before on, and behind it the type's defaults block, if there is one.
-void LeerBDL::cortar(Comandos& comandos, std::size_t etiqueta, std::size_t cierre) {
+/// The text that ends at the ".." at `cierre` and holds the command whose label stands at
+/// `etiqueta`. Names may lead to and fro between two "..", so that more than the last one is kept;
+/// a short one is soon cut out again, and costs more memory than it has bytes.
+const LeerBDL::Corte& LeerBDL::corteDe(Comandos& comandos, std::size_t etiqueta,
+                                       std::size_t cierre) {
+  constexpr std::size_t kLargo = 4096;  // bytes
+  if (comandos.cierre == cierre) return comandos.corte;
+  const auto largo = comandos.cortesLargos.find(cierre);
+  comandos.corte =
+      largo != comandos.cortesLargos.end() ? largo->second : cortar(comandos, etiqueta, cierre);
+  comandos.cierre = cierre;
+  if (cierre - comandos.corte.inicio > kLargo) {
+    comandos.cortesLargos.try_emplace(cierre, comandos.corte);
+  }
+  return comandos.corte;
+}
+
+/// Cuts it out: from the ".." before on, and behind it the type's defaults block, if there is one.
+LeerBDL::Corte LeerBDL::cortar(const Comandos& comandos, std::size_t etiqueta, std::size_t cierre) {
   const std::size_t anterior = texto().rfind(kCierre, etiqueta);
   const std::size_t inicio = anterior == std::string_view::npos ? 0 : anterior;
   std::string corte(texto().substr(inicio, cierre - inicio));
@@ -181,9 +201,7 @@ void LeerBDL::cortar(Comandos& comandos, std::size_t etiqueta, std::size_t cierr
     }
     corte.append(texto(), defectos, finDefectos - defectos);
   }
-  comandos.corte = std::make_shared<SearchedText>(std::move(corte));
-  comandos.inicio = inicio;
-  comandos.cierre = cierre;
+  return {std::make_shared<SearchedText>(std::move(corte)), inicio};
 }
 
 /// Position of the ".." of the command whose label stands at `etiqueta`; the error without one

@@ -3,14 +3,16 @@
 #include <cstddef>
 #include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 
-/// A text that is searched over and over for the same patterns, mostly ever further on. It keeps
-/// the last far search of each pattern, so that many searches which end at the same place, or
+/// A text that is searched over and over for the same patterns. It keeps the far searches of each
+/// pattern and the numbers that were read, so that many look-ups which end at the same place, or
 /// nowhere, cost one walk: a library's thousands of commands may share one "..", or lack one
-/// keyword. What is near is found sooner than remembered.
+/// keyword, or have one number of a million digits. What is near is found sooner than remembered.
 class SearchedText {
  public:
   explicit SearchedText(std::string bytes) : bytes_(std::move(bytes)) {}
@@ -18,30 +20,19 @@ class SearchedText {
   std::string_view bytes() const { return bytes_; }
 
   /// Position of the first `pattern` at or after `from`; npos when there is none.
-  std::size_t find(std::string_view pattern, std::size_t from) {
-    constexpr std::size_t kNearBytes = 1024;
-    constexpr std::size_t kSmallText = 4096;  // not worth remembering anything
-    if (bytes_.size() <= kSmallText) return bytes().find(pattern, from);
-    if (from > bytes_.size()) return std::string_view::npos;  // not even an empty pattern
-    const std::string_view rest = bytes().substr(from);
-    const std::size_t near = rest.substr(0, kNearBytes).find(pattern);
-    if (near != std::string_view::npos) return from + near;
-    if (rest.size() <= kNearBytes) return std::string_view::npos;
-    auto last = searches_.find(pattern);
-    if (last == searches_.end()) last = searches_.try_emplace(std::string(pattern)).first;
-    Search& search = last->second;
-    if (from < search.from || from > search.position) {
-      search = {from, bytes().find(pattern, from)};
-    }
-    return search.position;
-  }
+  std::size_t find(std::string_view pattern, std::size_t from);
+
+  /// The number at `from`, as scanReal reads it.
+  std::optional<float> real(std::size_t from);
 
  private:
-  struct Search {
-    std::size_t from = 1;
-    std::size_t position = 0;
-  };
+  /// Of a pattern: each first occurrence that was found (npos: none), with the first place from
+  /// which on it is that.
+  using Searches = std::map<std::size_t, std::size_t>;
+
+  static constexpr std::size_t kSmallText = 4096;  // bytes; not worth remembering anything
 
   std::string bytes_;
-  std::map<std::string, Search, std::less<>> searches_;
+  std::map<std::string, Searches, std::less<>> searches_;
+  std::unordered_map<std::size_t, std::optional<float>> reals_;  // by where they stand
 };

@@ -1,5 +1,6 @@
 #include "bdl/valores_por_defecto.h"
 
+#include <span>
 #include <string_view>
 #include <variant>
 
@@ -120,8 +121,10 @@ constexpr Numero kPersianas[] = {
     {"SHUTTER-TRANSMITTANCE-MULTIPLIER-SUMMER", &V::SHUTTER_TRANSMITTANCE_MULTIPLIER_SUMMER},
 };
 
-template <std::size_t N>
-void leerNumeros(LeerBDL& modelo, const Numero (&numeros)[N], V& valores) {
+constexpr std::span<const Numero> kTablas[] = {kGenerales,   kTerreno,         kDiferenciasFinitas,
+                                               kParticiones, kPuentesTermicos, kPersianas};
+
+void leerNumeros(LeerBDL& modelo, std::span<const Numero> numeros, V& valores) {
   for (const Numero& numero : numeros) {
     if (const auto* real = std::get_if<float V::*>(&numero.campo)) {
       modelo.leerReal(numero.clave, valores.**real);
@@ -142,6 +145,14 @@ ValoresPorDefecto::ValoresPorDefecto(const SourceText& fuente) {
   leerPuentesTermicos(modelo);
   leerNoHabitables(modelo);
   leerPersianas(modelo);
+}
+
+std::vector<std::string_view> ValoresPorDefecto::clavesDeNumeros() {
+  std::vector<std::string_view> claves;
+  for (const std::span<const Numero> tabla : kTablas) {
+    for (const Numero& numero : tabla) claves.push_back(numero.clave);
+  }
+  return claves;
 }
 
 void ValoresPorDefecto::leerGenerales(LeerBDL& modelo) {
@@ -188,6 +199,7 @@ void ValoresPorDefecto::leerPuentesTermicos(LeerBDL& modelo) {
 void ValoresPorDefecto::leerNoHabitables(LeerBDL& modelo) {
   numNoHabitables =
       modelo.leerListaCadenas("NO-HABITABLES", NO_HABITABLES, maxNoHabitables, largoNoHabitable);
+  // Never fails: a list that is there has one value at least, an absent one leaves -1.
   ReportError(ErrorLog, numNoHabitables != 0,
               "Error en el fichero defectos.inp: Error leyendo NO-HABITABLES");
   for (const std::string& nombre : NO_HABITABLES) Global2::traza(nombre);

@@ -1,16 +1,17 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 class LeerBDL;
 class SourceText;
 
 /// The defaults library `defectos.inp`: the physical and numerical parameters that the typology
-/// file does not give. Read and checked at the beginning of every run, which uses none of them:
-/// they are for later stages of the chain. Read once, at construction, into plain fields named as
-/// their keywords ("-" as "_"). The whole file is one text: keywords belong to no command, but for
-/// the thermal bridges.
+/// file does not give. Read and checked at the beginning of every run, which uses none of them
+/// (state that nothing reads): they are for later stages of the chain. Read once, at construction,
+/// into plain fields named as their keywords ("-" as "_"). The whole file is one text: keywords
+/// belong to no command, but for the thermal bridges.
 ///
 /// A keyword that is absent leaves its field at the value given here. Units and meaning belong to
 /// the stages that consume the fields.
@@ -35,6 +36,9 @@ class ValoresPorDefecto {
   /// Reads the whole of `fuente`.
   explicit ValoresPorDefecto(const SourceText& fuente);
   virtual ~ValoresPorDefecto() = default;
+
+  /// The keywords that hold one number each and stand in a table, as they are searched for.
+  static std::vector<std::string_view> clavesDeNumeros();
 
   float LONGITUD_DE_REFERENCIA = 15.0F;
 

@@ -6,6 +6,7 @@
 
 #include "check/checked_template.h"
 #include "core/concat.h"
+#include "core/counted.h"
 #include "core/cp1252.h"
 #include "core/line_reader.h"
 #include "generator/name_list.h"
@@ -24,20 +25,21 @@ Span nameSpan(const SourceText& table, const Surface& surface) {
   return {begin, begin + name.size()};
 }
 
-Place dataPlace(const SourceText& table, const Surface& surface) {
+Place dataPlace(const LineIndex& lines, const Surface& surface) {
+  const SourceText& table = lines.text();
   const Span name = table.lineAround(nameSpan(table, surface).begin);
   const std::size_t next = table.bytes().find('\n', name.end);
-  return table.placeOf(table.lineAround(next + 1));
+  return lines.placeOf(table.lineAround(next + 1));
 }
 
 /// A name whatever the encoding in which its accents are written.
 std::string asPeopleSee(std::string_view name) { return cp1252::toUtf8(name); }
 
-Finding missingCommand(const SourceText& table, const Surface& surface, bool otherEncoding) {
+Finding missingCommand(const LineIndex& table, const Surface& surface, bool otherEncoding) {
   const std::string name(trimBlanks(surface.name));
   Finding finding{.code = otherEncoding ? Code::kSuperficieConAcentos : Code::kSuperficieSinComando,
                   .message = {},
-                  .place = table.placeOf(nameSpan(table, surface)),
+                  .place = table.placeOf(nameSpan(table.text(), surface)),
                   .found = name};
   if (otherEncoding) {
     finding.message = concat("La superficie ", name,
@@ -66,14 +68,15 @@ void compareNames(const Template& plantilla, const TemplateCommands& commands, F
   for (const TemplateCommands::Command& command : commands.all()) {
     seen.insert(asPeopleSee(command.name));
   }
+  const LineIndex table(plantilla.tableText());
   std::unordered_set<std::string_view> listed;
   for (const Surface& surface : plantilla.table().surfaces) {
     const std::string_view name = trimBlanks(surface.name);
     listed.insert(name);
     if (lineTexts.contains(name)) continue;
-    findings.push_back(
-        missingCommand(plantilla.tableText(), surface, seen.contains(asPeopleSee(name))));
+    findings.push_back(missingCommand(table, surface, seen.contains(asPeopleSee(name))));
   }
+  const LineIndex building(plantilla.building());
   std::unordered_set<std::string> listedAsSeen;
   for (const std::string_view name : listed) listedAsSeen.insert(asPeopleSee(name));
   for (const TemplateCommands::Command& command : commands.all()) {
@@ -83,15 +86,11 @@ void compareNames(const Template& plantilla, const TemplateCommands& commands, F
     findings.push_back(
         {.code = Code::kComandoSinSuperficie,
          .message = concat("El comando ", command.name, " no está en la tabla"_cp1252),
-         .place = plantilla.building().placeOf(command.header),
+         .place = building.placeOf(command.header),
          .found = std::string(command.name),
          .used = "el comando de la plantilla, sin cambios",
          .suggestion = std::string("añada la superficie a la tabla"_cp1252)});
   }
-}
-
-std::string counted(std::size_t count, std::string_view noun) {
-  return concat(std::to_string(count), " ", noun, count == 1 ? "" : "s");
 }
 
 /// What a table holds behind the surfaces and zones that it announces.
@@ -106,8 +105,9 @@ void noteLinesBehind(const Template& plantilla, Findings& findings) {
     if (lines.lineNumber() <= announced || trimBlanks(line).empty()) continue;
     findings.push_back(
         {.code = Code::kLineasSobrantes,
-         .message = concat("La tabla anuncia ", counted(surfaces, "superficie"), " y ",
-                           counted(zones, "zona"), ": lo que sigue desde aquí no se lee"_cp1252),
+         .message =
+             concat("La tabla anuncia ", counted(surfaces, "superficie", "superficies"), " y ",
+                    counted(zones, "zona", "zonas"), ": lo que sigue desde aquí no se lee"_cp1252),
          .place = table.placeOf(lines.span()),
          .used = concat("las ", std::to_string(announced), " primeras líneas"_cp1252),
          .suggestion = std::string("corrija los números de la línea 3"_cp1252)});
@@ -125,13 +125,14 @@ std::string reduced(float azimuth) {
 }
 
 void noteAzimuths(const Template& plantilla, Findings& findings) {
+  const LineIndex table(plantilla.tableText());
   for (const Surface& surface : plantilla.table().surfaces) {
     if (surface.azimuth >= -360 && surface.azimuth <= 360) continue;
     findings.push_back(
         {.code = Code::kAzimutSinReducir,
          .message = concat("El azimut de ", trimBlanks(surface.name),
                            " no está entre -360 y 360 "_cp1252, "grados, y no se reduce"),
-         .place = dataPlace(plantilla.tableText(), surface),
+         .place = dataPlace(table, surface),
          .found = std::to_string(surface.azimuth),
          .used = std::string(kOrientationNames[static_cast<std::size_t>(
              std::max(classifyOrientation(surface.azimuth, 90), 0))]),

@@ -30,11 +30,11 @@ class WrittenFindings {
   static constexpr std::size_t kMostOfACode = 100;
 
   /// `text` must outlive this object.
-  explicit WrittenFindings(const SourceText& text);
+  explicit WrittenFindings(const SourceText& text) : lines_(text) {}
 
-  const SourceText& text() const { return *text_; }
+  const SourceText& text() const { return lines_.text(); }
   std::string_view at(Span span) const {
-    return text_->bytes().substr(span.begin, span.end - span.begin);
+    return text().bytes().substr(span.begin, span.end - span.begin);
   }
 
   /// `found` is the text of the span where the details give none.
@@ -52,9 +52,6 @@ class WrittenFindings {
     return count != counts_.end() && count->second >= kMostOfACode;
   }
 
-  /// As SourceText::placeOf, but of a text with thousands of findings it looks at no line twice.
-  Place placeOf(Span span) const;
-
   /// In the order of their places; those of one place as they were added. Empties this.
   Findings take();
 
@@ -65,8 +62,7 @@ class WrittenFindings {
 
  private:
   Wanted wanted_ = Wanted::kFindings;
-  const SourceText* text_;
-  std::vector<std::size_t> lines_;  // where each begins
+  LineIndex lines_;
   std::map<Code, std::size_t> counts_;
   std::vector<std::pair<std::size_t, Finding>> findings_;  // with the offset of the span
 };

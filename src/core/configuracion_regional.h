@@ -16,6 +16,7 @@ bool AjustarSeparadorDecimal(std::string& text);
 /// The same for a given separator.
 bool AjustarSeparadorDecimal(std::string& text, char separator);
 
-/// Passes a real through its text in the regional settings. The value that comes back is the value
-/// that went in, under any settings.
+/// Passes a real through its text in the regional settings, as every real that is read has been.
+/// The value that comes back is the value that went in, under any settings: a file means the same
+/// to all users.
 float pasarPorConversionRegional(float value);

@@ -9,6 +9,10 @@
 /// The caption of every message that ends a run.
 inline constexpr std::string_view kErrorCaption = "Se ha producido un error";
 
+/// The messages of what no check foresees: the second is followed by what was thrown.
+inline constexpr std::string_view kNoMemory = "No hay memoria suficiente";
+inline constexpr std::string_view kUnexpected = "Error inesperado: ";
+
 /// Where in an input something is wrong: a file, and in it a span of one line.
 struct Place {
   std::string file;        // its path as given

@@ -5,9 +5,8 @@
 #include <system_error>
 #include <utility>
 
-#include "core/concat.h"
 #include "core/cp1252.h"
-#include "core/open_file.h"
+#include "core/file_faults.h"
 #include "core/paths.h"
 #include "core/platform.h"
 #include "core/report_error.h"
@@ -16,13 +15,9 @@
 namespace {
 
 /// The one fatal path beside ReportError: it leaves Error.log alone.
-[[noreturn]] void failReading(std::string_view message, const std::string& name) {
-  Application->ShowFault({concat(message, name), wholeFile(name)});
+[[noreturn]] void failReading(const Fault& fault) {
+  Application->ShowFault(fault);
   Application->Terminate(kExitError);
-}
-
-[[noreturn]] void failWriting(std::string_view message, const std::string& name) {
-  ReportFailure(ErrorLog, {concat(message, name), wholeFile(name)});
 }
 
 /// Ends the run where `text`, all that has been read so far, has a NUL behind `from`.
@@ -39,14 +34,14 @@ void rejectNul(const std::string& name, std::string_view text, std::size_t from)
 fichero::fichero(std::string name, std::string_view mode) : name_(std::move(name)) {
   if (mode == "escritura") {
     stream_.reset(openFile(name_, "w"));
-    if (!stream_) failWriting("Error al abrir fichero de escritura: ", name_);
+    if (!stream_) ReportFailure(ErrorLog, cannotOpenForWriting(name_));
     lines_.emplace();
   } else if (mode == "lectura") {
     // A pipe may keep its reader waiting for ever, and gives its text once where some read twice.
     std::error_code unknown;
     const bool isPipe = std::filesystem::is_fifo(filePath(name_), unknown);
-    const Stream stream(isPipe ? nullptr : openFile(name_, "rb"));
-    if (!stream) failReading("Error al abrir fichero de lectura: ", name_);
+    const OpenedFile stream(isPipe ? nullptr : openFile(name_, "rb"));
+    if (!stream) failReading(cannotOpenForReading(name_));
     text_ = readWhole(name_, stream.get());
     reader_.emplace(text_->bytes());
   } else {
@@ -75,7 +70,7 @@ SourceText fichero::readWhole(const std::string& name, std::FILE* stream) {
     size += got;
     rejectNul(name, {buffer.get(), size}, size - got);  // block by block: /dev/zero has no end
   } while (got > 0);
-  if (std::ferror(stream) != 0) failReading("Error al leer fichero: ", name);
+  if (std::ferror(stream) != 0) failReading(cannotRead(name));
   size = asTextMode(buffer.get(), size);
   return {name, std::move(buffer), size};
 }
@@ -96,7 +91,7 @@ OutputLines& fichero::lines() {
   return *lines_;
 }
 
-void fichero::guardar() {
+void fichero::save() {
   const bool written = lines().writeTo(stream_.get());
   const bool closed = std::fclose(stream_.release()) == 0;
   lines_.reset();
@@ -104,5 +99,5 @@ void fichero::guardar() {
   // Half an output must not pass for a whole one.
   std::error_code ignored;
   std::filesystem::resize_file(filePath(name_), 0, ignored);
-  failWriting("Error al escribir fichero: ", name_);
+  ReportFailure(ErrorLog, cannotWrite(name_));
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include <cstdio>
-#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "core/line_reader.h"
+#include "core/open_file.h"
 #include "core/output_lines.h"
 #include "core/source_text.h"
 
@@ -38,18 +38,13 @@ class fichero {
   /// The lines that will be written.
   OutputLines& lines();
   /// Writes all lines and closes the file: the last thing that is done with it.
-  void guardar();
+  void save();
 
  private:
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
-  using Stream = std::unique_ptr<std::FILE, CloseFile>;
-
   static SourceText readWhole(const std::string& name, std::FILE* stream);
 
   std::string name_;
-  Stream stream_;                     // of an output
+  OpenedFile stream_;                 // of an output
   std::optional<SourceText> text_;    // of an input
   std::optional<LineReader> reader_;  // of its lines
   std::optional<OutputLines> lines_;  // of an output

@@ -27,21 +27,20 @@ void Global2::reemplazarCaracter(std::string& cadena, char de, char por) {
 }
 
 void Global2::cambiarExtension(std::string& ruta, std::string_view extension) {
-  constexpr std::size_t kCounted = 3;  // characters that the rule takes the old extension to have
-  const std::size_t dot = ruta.rfind('.');
-  const bool withoutDot = extension.size() == kCounted;  // "tbl"; any other brings its own: ".dat"
-  if (dot == std::string::npos) {
-    if (withoutDot) ruta += '.';
+  constexpr std::size_t kContados = 3;  // characters that the rule takes the old extension to have
+  const bool sinPunto = extension.size() == kContados;  // "tbl"; any other brings its own: ".dat"
+  const std::size_t punto = ruta.rfind('.');
+  if (punto == std::string::npos) {
+    if (sinPunto) ruta += '.';
     ruta += extension;
     return;
   }
-  // The new characters go over the old ones; then the path is cut where it would end if the old
-  // extension had had its three.
-  const std::size_t length = ruta.size();
-  ruta.replace(withoutDot ? dot + 1 : dot, extension.size(), extension);
-  const std::size_t grown = length + extension.size();
-  const std::size_t end = grown > kCounted + 1 ? grown - (kCounted + 1) : 0;
-  ruta.resize(std::min(ruta.size(), withoutDot ? length : end));
+  // The new characters go over the old ones, of which those behind the counted ones stay.
+  const std::size_t largo = ruta.size();
+  ruta.replace(sinPunto ? punto + 1 : punto, extension.size(), extension);
+  const std::size_t cubiertos = sinPunto ? kContados : kContados + 1;
+  const std::size_t fin = std::max(largo + extension.size(), cubiertos) - cubiertos;
+  ruta.resize(std::min(ruta.size(), fin));
 }
 
 void Global2::traza(std::string_view /*cadena*/) {}

@@ -32,7 +32,8 @@ bool startsWithWord(std::string_view text, std::string_view lowerCaseWord) {
 struct RealToken {
   std::size_t length = 0;  // characters taken
   std::size_t prefix = 0;  // of these, "0x" in front of the digits
-  long magnitude = 0;      // digits before the point, or minus the zeros behind it: 0.001 has -2
+  /// Digits before the point, or minus the zeros behind it: 0.001 has -2.
+  std::int64_t magnitude = 0;
 };
 
 /// Takes the characters as the C library does: once an "e" (or "p") has been taken, a sign right
@@ -71,10 +72,11 @@ RealToken takeNumber(std::string_view text) {
 /// Whether a number that no 32-bit real holds is too large (else it is too small).
 bool isTooLarge(std::string_view digits, const RealToken& token, bool hex) {
   const std::size_t mark = digits.find_first_of(hex ? "pP" : "eE");
-  long exponent = 0;
+  // An exponent of 32 bits and the digits of any text in memory: their sum needs more than 32.
+  std::int64_t exponent = 0;
   if (mark != std::string_view::npos) {
     std::string_view text = digits.substr(mark + 1);
-    int value = 0;
+    std::int32_t value = 0;
     const bool negative = text.starts_with('-');
     if (text.starts_with('+')) text.remove_prefix(1);
     const auto read = std::from_chars(text.data(), text.data() + text.size(), value);

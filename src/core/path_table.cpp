@@ -5,20 +5,6 @@
 
 #include "core/paths.h"
 
-namespace {
-constinit thread_local PathTable* thePathTable = nullptr;
-}
-
-PathTable& PathTable::Instance() {
-  if (thePathTable == nullptr) thePathTable = new PathTable;
-  return *thePathTable;
-}
-
-void PathTable::Release() {
-  delete thePathTable;
-  thePathTable = nullptr;
-}
-
 const std::string* PathTable::Set(std::string_view key, std::string_view value) {
   const auto* found = std::find(std::begin(kKeys), std::end(kKeys), key);
   if (found == std::end(kKeys)) return nullptr;

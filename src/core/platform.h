@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdlib>
 #include <string_view>
 
@@ -8,10 +9,13 @@
 /// The seam to the desktop: what the generation needs of a screen and of the process, and nothing
 /// more. Each program brings its own implementation (widgets, a terminal), and so do the tests.
 
-/// The bar of the progress form. Positions run from 0 to 100; a position outside is bounded by
+/// The bar of the progress form. Positions run from 0 to kMaximum; a position outside is bounded by
 /// the bar itself.
 class TProgressBar {
  public:
+  static constexpr int kMaximum = 100;
+  static constexpr int bounded(int position) { return std::clamp(position, 0, kMaximum); }
+
   virtual ~TProgressBar() = default;
   virtual int GetPosition() const = 0;
   virtual void SetPosition(int position) = 0;

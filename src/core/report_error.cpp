@@ -25,17 +25,3 @@ std::string errorInFile(std::string_view name, long line, std::string_view what)
   if (line > 0) where += concat(", línea "_cp1252, std::to_string(line));
   return concat("Error en el fichero ", where, ": ", what);
 }
-
-namespace {
-constinit thread_local ErrorObject* theErrorObject = nullptr;
-}
-
-ErrorObject& ErrorObject::Instance() {
-  if (theErrorObject == nullptr) theErrorObject = new ErrorObject;
-  return *theErrorObject;
-}
-
-void ErrorObject::Release() {
-  delete theErrorObject;
-  theErrorObject = nullptr;
-}

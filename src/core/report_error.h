@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "core/fault.h"
+#include "core/one_a_thread.h"
 
 class Global2;
 
@@ -40,13 +41,12 @@ using FaultSink = std::function<void(const Fault&)>;
 std::string errorInFile(std::string_view name, long line, std::string_view what);
 
 /// The `Error` unit's singleton. State that nothing reads: its value is 0 and stays so; the run
-/// driver creates and releases it because the unit's life is part of a run. One a thread.
-class ErrorObject {
+/// driver creates and releases it because the unit's life is part of a run.
+class ErrorObject : public OneAThread<ErrorObject> {
  public:
-  static ErrorObject& Instance();
-  static void Release();
   int value = 0;
 
  private:
+  friend OneAThread<ErrorObject>;
   ErrorObject() = default;
 };

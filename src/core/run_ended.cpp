@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "core/path_table.h"
 #include "core/report_error.h"
 
 void SilentApplication::MessageBox(std::string_view text, std::string_view /*caption*/) {
@@ -10,7 +11,8 @@ void SilentApplication::MessageBox(std::string_view text, std::string_view /*cap
 
 namespace {
 
-/// Gives the thread an application and no log for a while, and then what it had before.
+/// Gives the thread an application for a while, and nothing else of a run's; and then what it had
+/// before.
 class ThreadOfARun {
  public:
   explicit ThreadOfARun(TApplication& application)
@@ -26,6 +28,8 @@ class ThreadOfARun {
  private:
   TApplication* application_;
   Global2* log_;
+  PathTable::Aside folders_;
+  ErrorObject::Aside error_;
 };
 
 }  // namespace

@@ -30,6 +30,6 @@ class SilentApplication : public TApplication {
 };
 
 /// Carries `body` out as a run of its own in this thread and gives the fault that ended it, or
-/// nothing when it came to its end. What else it throws (no memory, say) goes through to the
-/// caller.
+/// nothing when it came to its end. It may stand within another run, whose log and tables it
+/// neither sees nor releases. What else it throws (no memory, say) goes through to the caller.
 std::optional<Fault> faultOf(const std::function<void()>& body);

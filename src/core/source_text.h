@@ -1,6 +1,5 @@
 #pragma once
 
-#include <atomic>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -14,27 +13,6 @@
 struct Span {
   std::size_t begin = 0;
   std::size_t end = 0;
-};
-
-/// Where the lines of a text begin, made when somebody first asks for a place: a text of which
-/// nobody asks pays nothing, and one with thousands of faults is looked through once. Threads that
-/// ask at the same time may each make it; one is kept.
-class LineBegins {
- public:
-  LineBegins() = default;
-  LineBegins(LineBegins&& other) noexcept : made_(other.made_.exchange(nullptr)) {}
-  LineBegins& operator=(LineBegins&& other) noexcept {
-    const std::unique_ptr<const Offsets> old(made_.exchange(other.made_.exchange(nullptr)));
-    return *this;
-  }
-  ~LineBegins() { const std::unique_ptr<const Offsets> last(made_.load()); }
-
-  /// The number of the line, from 1, that begins at the offset. Always of the same text.
-  long numberOf(std::size_t begin, std::string_view text) const;
-
- private:
-  using Offsets = std::vector<std::size_t>;
-  mutable std::atomic<const Offsets*> made_ = nullptr;  // owned
 };
 
 /// The bytes of an input and the name under which messages speak of it. Readers take one of these,
@@ -51,13 +29,11 @@ class SourceText {
   SourceText(SourceText&& other) noexcept
       : name_(std::move(other.name_)),
         buffer_(std::move(other.buffer_)),
-        size_(std::exchange(other.size_, 0)),
-        lines_(std::move(other.lines_)) {}
+        size_(std::exchange(other.size_, 0)) {}
   SourceText& operator=(SourceText&& other) noexcept {
     name_ = std::move(other.name_);
     buffer_ = std::move(other.buffer_);
     size_ = std::exchange(other.size_, 0);
-    lines_ = std::move(other.lines_);
     return *this;
   }
 
@@ -68,6 +44,7 @@ class SourceText {
   /// text's end is a place too. A line ends at a line feed, or at the two of CR LF; a lone CR is a
   /// character like any other. (A LineReader counts the pieces of a line of 20000 bytes and the
   /// repeat of the last one as lines of their own, and so do messages with a line number.)
+  /// Counts the lines before it each time: who asks for many places has a LineIndex.
   Place placeOf(Span span) const;
   /// The line that holds the offset, its line end left out.
   Span lineAround(std::size_t offset) const;
@@ -78,5 +55,18 @@ class SourceText {
   std::string name_;
   std::unique_ptr<char[]> buffer_;
   std::size_t size_;
-  LineBegins lines_;
+};
+
+/// The lines of a text, counted once for all the places that are asked of it. The text outlives it.
+class LineIndex {
+ public:
+  explicit LineIndex(const SourceText& text);
+
+  const SourceText& text() const { return *text_; }
+  /// As SourceText::placeOf.
+  Place placeOf(Span span) const;
+
+ private:
+  const SourceText* text_;
+  std::vector<std::size_t> begins_;
 };

@@ -2,10 +2,9 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <memory>
 #include <system_error>
 
-#include "core/concat.h"
+#include "core/file_faults.h"
 #include "core/open_file.h"
 #include "core/paths.h"
 #include "core/report_error.h"
@@ -13,11 +12,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-struct CloseFile {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using Stream = std::unique_ptr<std::FILE, CloseFile>;
 
 /// Where the result really goes: behind links, so that a link stays one.
 fs::path targetOf(const std::string& name) {
@@ -29,31 +23,29 @@ fs::path targetOf(const std::string& name) {
 }
 
 /// Creates a file beside `target` that was not there, and gives its path.
-Stream createBeside(const fs::path& target, fs::path& created) {
+OpenedFile createBeside(const fs::path& target, fs::path& created) {
   for (int attempt = 0; attempt < 1000; ++attempt) {
     created = target;
     created += ".parcial" + (attempt == 0 ? std::string() : std::to_string(attempt));
-    Stream stream(createNewFile(nameOf(created)));
+    OpenedFile stream(createNewFile(nameOf(created)));
     std::error_code error;
     if (stream || !fs::exists(created, error)) return stream;
   }
   return nullptr;
 }
 
-bool writeAll(Stream& stream, std::string_view bytes) {
+bool writeAll(OpenedFile& stream, std::string_view bytes) {
   const bool written = std::fwrite(bytes.data(), 1, bytes.size(), stream.get()) == bytes.size();
   const bool flushed = std::fflush(stream.get()) == 0;
   return std::fclose(stream.release()) == 0 && written && flushed;
 }
 
-void requireOpen(const Stream& stream, const std::string& name) {
-  if (!stream)
-    ReportFailure(ErrorLog,
-                  {concat("Error al abrir fichero de escritura: ", name), wholeFile(name)});
+void requireOpen(const OpenedFile& stream, const std::string& name) {
+  if (!stream) ReportFailure(ErrorLog, cannotOpenForWriting(name));
 }
 
 [[noreturn]] void failToWrite(const std::string& name) {
-  ReportFailure(ErrorLog, {concat("Error al escribir fichero: ", name), wholeFile(name)});
+  ReportFailure(ErrorLog, cannotWrite(name));
 }
 
 }  // namespace
@@ -62,13 +54,13 @@ void writeWholeFile(const std::string& path, std::string_view bytes) {
   std::error_code error;
   const fs::path target = targetOf(path);
   if (fs::exists(target, error) && !fs::is_regular_file(target, error)) {
-    Stream stream(openFile(path, "wb"));
+    OpenedFile stream(openFile(path, "wb"));
     requireOpen(stream, path);
     if (!writeAll(stream, bytes)) failToWrite(path);
     return;
   }
   fs::path partial;
-  Stream stream = createBeside(target, partial);
+  OpenedFile stream = createBeside(target, partial);
   requireOpen(stream, path);
   bool whole = writeAll(stream, bytes);
   if (whole) {

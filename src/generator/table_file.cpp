@@ -1,5 +1,7 @@
 #include "generator/table_file.h"
 
+#include <algorithm>
+#include <optional>
 #include <string_view>
 
 #include "core/cp1252.h"
@@ -23,27 +25,50 @@ class TableLines {
     return line;
   }
   /// Unless `ok`, reports what is wrong with the line last handed out.
-  bool require(bool ok, std::string_view what) const {
-    if (!ok) report(reader_.lineNumber(), text_.placeOf(reader_.span()), what);
+  bool require(bool ok, std::string_view what) {
+    if (!ok) report(reader_.lineNumber(), reader_.span(), what);
+    return ok;
+  }
+  /// The same with what is left of that line, whose first word is wrong.
+  bool require(bool ok, std::string_view left, std::string_view what) {
+    if (!ok) report(reader_.lineNumber(), firstWordOf(left), what);
     return ok;
   }
   /// The same for a file that does not have as many lines.
   bool requireLines(long long announced) const {
     const bool ok = announced <= count();
     constexpr auto kWhat = "el fichero tiene menos líneas de las anunciadas"_cp1252;
-    if (!ok) report(count(), text_.lastLine(), kWhat);
+    if (!ok) faults_({errorInFile(text_.name(), count(), kWhat), text_.lastLine()});
     return ok;
   }
 
  private:
-  void report(long line, const Place& place, std::string_view what) const {
-    faults_({errorInFile(text_.name(), line, what), place});
+  void report(long line, Span span, std::string_view what) {
+    if (!lines_) lines_.emplace(text_);  // each line of a table may be wrong
+    faults_({errorInFile(text_.name(), line, what), lines_->placeOf(span)});
+  }
+
+  /// A point at the line's end where no word is left.
+  Span firstWordOf(std::string_view left) const {
+    constexpr std::string_view kBlanks = " \t\r\v\f";
+    left.remove_prefix(std::min(left.find_first_not_of(kBlanks), left.size()));
+    const auto begin = static_cast<std::size_t>(left.data() - text_.bytes().data());
+    return {begin, begin + std::min(left.find_first_of(kBlanks), left.size())};
   }
 
   const SourceText& text_;
   const FaultSink& faults_;
   LineReader reader_;
+  std::optional<LineIndex> lines_;
 };
+
+/// Reads a count from the start of `line`; one that is missing or negative stays there.
+bool readCount(std::string_view& line, int& count) {
+  std::string_view behind = line;
+  if (!scanInteger(behind, count) || count < 0) return false;
+  line = behind;
+  return true;
+}
 
 std::string_view readName(TableLines& lines) {
   const std::string_view line = lines.next();
@@ -59,7 +84,7 @@ Surface readSurface(TableLines& lines) {
                         scanReal(line, surface.value) && scanReal(line, surface.column4) &&
                         scanReal(line, surface.column5) && scanReal(line, surface.azimuth) &&
                         scanReal(line, surface.tilt) && scanInteger(line, surface.kind);
-  lines.require(complete,
+  lines.require(complete, line,
                 "los datos de una superficie deben ser siete números reales y su clase"_cp1252);
   if (scanInteger(line, surface.pair[0])) scanInteger(line, surface.pair[1]);
   return surface;
@@ -82,10 +107,10 @@ TableFile readTableFile(const SourceText& text, const FaultSink& faults) {
   if (!lines.requireLines(kTableHeaderLines)) return {};
   std::string_view line;
   for (int i = 0; i < kTableHeaderLines; ++i) line = lines.next();
-  int surfaceCount = -1;
-  int zoneCount = -1;
-  const bool counted = scanInteger(line, surfaceCount) && scanInteger(line, zoneCount);
-  if (!lines.require(counted && surfaceCount >= 0 && zoneCount >= 0,
+  int surfaceCount = 0;
+  int zoneCount = 0;
+  const bool counted = readCount(line, surfaceCount) && readCount(line, zoneCount);
+  if (!lines.require(counted, line,
                      "debe contener el número de superficies y el de zonas"_cp1252) ||
       !lines.requireLines(kTableHeaderLines + 2LL * surfaceCount + 2LL * zoneCount)) {
     return {};

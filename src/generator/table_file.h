@@ -8,6 +8,11 @@
 #include "core/report_error.h"
 #include "core/source_text.h"
 
+// The template's makers write more than a building is made of. State that nothing reads: of a
+// surface columns 2, 4 and 5 and the pair, of a zone its number, of the file the zones' mean and
+// how many have no flag. A surface's area and value, and the zones, are for the sums of a Template,
+// which nothing reads either.
+
 /// One surface of the template. The name is the whole line of the file, double quotes and blanks
 /// included, a view into it; it is trimmed when template lines are compared with it.
 struct Surface {

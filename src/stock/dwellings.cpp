@@ -7,6 +7,7 @@
 #include "check/codes.h"
 #include "check/written_bytes.h"
 #include "core/concat.h"
+#include "core/counted.h"
 #include "core/paths.h"
 #include "core/run_ended.h"
 #include "generator/run_inputs.h"
@@ -172,8 +173,8 @@ PreparedDwelling Dwellings::prepare(const ListRow& row, long number, bool repeat
   }
   if (cells != row.columns().count) {
     throw Refusal{kBadRow,
-                  concat("La fila tiene ", std::to_string(cells), " celdas y la lista, ",
-                         std::to_string(row.columns().count), " columnas"),
+                  concat("La fila tiene ", counted(cells, "celda", "celdas"), " y la lista, ",
+                         counted(row.columns().count, "columna", "columnas")),
                   row.place()};
   }
   const std::string_view named = row.text(row.columns().plantilla);

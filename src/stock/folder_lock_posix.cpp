@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "core/concat.h"
+#include "core/file_faults.h"
 #include "core/report_error.h"
 #include "stock/folder_lock.h"
 
@@ -29,8 +30,7 @@ FolderLock::FolderLock(std::string path) : path_(std::move(path)) {
   while (true) {
     const int file = ::open(path_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kMode);
     if (file < 0) {
-      ReportFailure(ErrorLog,
-                    {concat("Error al abrir fichero de escritura: ", path_), wholeFile(path_)});
+      ReportFailure(ErrorLog, cannotOpenForWriting(path_));
     }
     if (::flock(file, LOCK_EX | LOCK_NB) != 0) {
       ::close(file);

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "core/concat.h"
+#include "core/file_faults.h"
 #include "core/report_error.h"
 #include "core/wide_text.h"
 #include "stock/folder_lock.h"
@@ -23,8 +24,7 @@ FolderLock::FolderLock(std::string path) : path_(std::move(path)) {
     ReportFailure(ErrorLog,
                   {concat("Otro proceso está trabajando en esta carpeta: ", path_), std::nullopt});
   }
-  ReportFailure(ErrorLog,
-                {concat("Error al abrir fichero de escritura: ", path_), wholeFile(path_)});
+  ReportFailure(ErrorLog, cannotOpenForWriting(path_));
 }
 
 FolderLock::~FolderLock() { CloseHandle(reinterpret_cast<HANDLE>(file_)); }

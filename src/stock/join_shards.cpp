@@ -4,6 +4,8 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/counted.h"
+#include "core/file_faults.h"
 #include "core/paths.h"
 #include "core/report_error.h"
 #include "core/run_ended.h"
@@ -92,8 +94,8 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
   for (const Shard& shard : shards) {
     if (shard.count != count) {
       refuse(concat("Hay resultados de repartos distintos: en ", std::to_string(count), " y en ",
-                    std::to_string(shard.count),
-                    " partes. Quite los resultados-K-de-N.csv del que no valga"));
+                    counted(shard.count, "parte", "partes"),
+                    ". Quite los resultados-K-de-N.csv del que no valga"));
     }
   }
   for (long number = 1; number <= count; ++number) {
@@ -119,16 +121,21 @@ ShardEnd requireAll(const std::string& folder, const std::vector<Shard>& shards)
     }
   }
   std::string problem;
-  if (!missing.empty()) problem += concat("Faltan los resultados de las partes ", joined(missing));
+  if (!missing.empty()) {
+    problem = concat("Faltan los resultados de ",
+                     numbered(missing.size(), "la parte ", "las partes "), joined(missing));
+  }
   if (!unfinished.empty()) {
-    problem +=
-        concat(problem.empty() ? "" : ". ", "No están acabadas las partes ", joined(unfinished));
+    problem += concat(
+        problem.empty() ? "" : ". ",
+        numbered(unfinished.size(), "No está acabada la parte ", "No están acabadas las partes "),
+        joined(unfinished));
   }
-  if (!problem.empty()) {
-    refuse(concat(problem, ". Ejecute cada una con --fragmento K/", std::to_string(count),
-                  " --reanudar"));
-  }
-  return *list;
+  if (problem.empty()) return *list;
+  const bool single = missing.size() + unfinished.size() == 1;
+  refuse(concat(problem, single ? ". Ejecútela" : ". Ejecute cada una", " con --fragmento ",
+                single ? joined(missing) + joined(unfinished) : concat("K/", std::to_string(count)),
+                " --reanudar"));
 }
 
 /// An output that a line of results names and that is not there; empty when nothing is wrong.
@@ -163,7 +170,7 @@ void writeJoined(const std::string& folder, const std::vector<Shard>& shards, lo
     out << *line;
   }
   out.close();
-  if (!out) refuse(concat("Error al escribir fichero: ", path));
+  if (!out) refuse(cannotWrite(path).message);
 }
 
 }  // namespace
@@ -184,7 +191,7 @@ JoinedShards joinShards(const std::string& folderName, bool summaryPage) {
   }
   removeStaleOutputs(folder, path, beside);
   fs::rename(filePath(beside), filePath(path), failed);
-  if (failed) refuse(concat("Error al escribir fichero: ", path));
+  if (failed) refuse(cannotWrite(path).message);
   if (summaryPage) writeSummaryPage(folder);
   return {static_cast<long>(shards.size()), list.listRows};
 }

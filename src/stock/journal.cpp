@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "core/concat.h"
+#include "core/file_faults.h"
 #include "core/numbers.h"
-#include "core/open_file.h"
 #include "core/paths.h"
 #include "stock/disk_fault.h"
 
@@ -28,10 +28,10 @@ bool takeNumber(std::string_view& text, long& number) {
 
 Journal::Journal(const std::string& path, bool goOn)
     : path_(path), file_(openFile(path, goOn ? "ab" : "wb")) {
-  if (file_ == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", path)};
+  if (file_ == nullptr) throw DiskFault{cannotOpenForWriting(path).message};
   // A piece of a line may be there; and what was finished is not any more.
   put(concat(goOn ? "\r\n" : "", kBegin, "\r\n"));
-  if (std::fflush(file_.get()) != 0) throw DiskFault{concat("Error al escribir fichero: ", path)};
+  if (std::fflush(file_.get()) != 0) throw DiskFault{cannotWrite(path).message};
 }
 
 void Journal::put(const std::string& line) {
@@ -50,7 +50,7 @@ void Journal::finish(const ShardEnd& end) {
   put(concat(kEnd, ";", std::to_string(end.listRows), ";", std::to_string(end.rows), ";",
              end.inputs, "\r\n"));
   if (std::fflush(file_.get()) != 0 || std::ferror(file_.get()) != 0) {
-    throw DiskFault{concat("Error al escribir fichero: ", path_)};
+    throw DiskFault{cannotWrite(path_).message};
   }
 }
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include <cstdio>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <string>
+
+#include "core/open_file.h"
 
 namespace stock {
 
@@ -30,14 +30,11 @@ class Journal {
   static std::optional<ShardEnd> endOf(const std::string& path);
 
  private:
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
   void put(const std::string& line);
 
   std::string path_;
   std::mutex mutex_;
-  std::unique_ptr<std::FILE, CloseFile> file_;
+  OpenedFile file_;
 };
 
 }  // namespace stock

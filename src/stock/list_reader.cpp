@@ -10,6 +10,7 @@
 
 #include "core/concat.h"
 #include "core/cp1252.h"
+#include "core/file_faults.h"
 #include "core/open_file.h"
 #include "core/paths.h"
 #include "core/report_error.h"
@@ -55,16 +56,14 @@ ListReader::Source ListReader::sourceOf(const std::string& path) {
                   {concat("La lista debe ser un fichero y no un tubo ni un dispositivo: ", path),
                    wholeFile(path)});
   }
-  const std::shared_ptr<std::FILE> file(openFile(path, "rb"), [](std::FILE* stream) {
-    if (stream != nullptr) std::fclose(stream);
-  });
+  const std::shared_ptr<std::FILE> file = OpenedFile(openFile(path, "rb"));
   if (file == nullptr) {
-    ReportFailure(ErrorLog, {concat("Error al abrir fichero de lectura: ", path), wholeFile(path)});
+    ReportFailure(ErrorLog, cannotOpenForReading(path));
   }
   return [file, path](char* buffer, std::size_t size) {
     const std::size_t got = std::fread(buffer, 1, size, file.get());
     if (got == 0 && std::ferror(file.get()) != 0) {
-      ReportFailure(ErrorLog, {concat("Error al leer fichero: ", path), wholeFile(path)});
+      ReportFailure(ErrorLog, cannotRead(path));
     }
     return got;
   };

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "core/concat.h"
+#include "core/file_faults.h"
 #include "core/open_file.h"
 #include "core/paths.h"
 #include "stock/disk_fault.h"
@@ -54,7 +55,7 @@ void Outputs::put(const std::string& name, std::string_view bytes, const char* m
     }
     fs::remove(filePath(beside), failed);
   }
-  throw DiskFault{concat("Error al escribir fichero: ", path)};
+  throw DiskFault{cannotWrite(path).message};
 }
 
 bool Outputs::has(const std::string& name) const {

@@ -4,8 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "core/concat.h"
-#include "core/open_file.h"
+#include "core/file_faults.h"
 #include "core/paths.h"
 #include "stock/disk_fault.h"
 #include "stock/hash.h"
@@ -45,12 +44,12 @@ ResultsFile::ResultsFile(std::string path, bool search) : path_(std::move(path))
 
 void ResultsFile::openToAppend() {
   file_.reset(openFile(path_, "ab"));
-  if (file_ == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", path_)};
+  if (file_ == nullptr) throw DiskFault{cannotOpenForWriting(path_).message};
   // In one piece: a line is one call of the system.
   std::setvbuf(file_.get(), nullptr, _IONBF, 0);
 }
 
-void ResultsFile::fail() const { throw DiskFault{concat("Error al escribir fichero: ", path_)}; }
+void ResultsFile::fail() const { throw DiskFault{cannotWrite(path_).message}; }
 
 /// Finds the lines that are there, up to the first that is not whole. They are counted first: what
 /// grows is for a while there twice.
@@ -144,8 +143,8 @@ void ResultsFile::arrange(std::span<const std::uint64_t> offsets, const Dropped&
   const std::string beside = path_ + std::string(kUnfinished);
   std::error_code failed;
   {
-    std::unique_ptr<std::FILE, CloseFile> out(openFile(beside, "wb"));
-    if (out == nullptr) throw DiskFault{concat("Error al abrir fichero de escritura: ", beside)};
+    OpenedFile out(openFile(beside, "wb"));
+    if (out == nullptr) throw DiskFault{cannotOpenForWriting(beside).message};
     const auto put = [&](const std::string& text) {
       if (std::fwrite(text.data(), 1, text.size(), out.get()) == text.size()) return;
       fs::remove(filePath(beside), failed);

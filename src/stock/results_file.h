@@ -1,10 +1,8 @@
 #pragma once
 
 #include <cstdint>
-#include <cstdio>
 #include <fstream>
 #include <functional>
-#include <memory>
 #include <mutex>
 #include <optional>
 #include <span>
@@ -12,6 +10,8 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "core/open_file.h"
 
 namespace stock {
 
@@ -57,9 +57,6 @@ class ResultsFile {
   static long countRows(const std::string& path);
 
  private:
-  struct CloseFile {
-    void operator()(std::FILE* file) const { std::fclose(file); }
-  };
   struct Line {
     std::uint64_t id;  // its hash
     std::uint64_t offset;
@@ -75,7 +72,7 @@ class ResultsFile {
 
   std::string path_;
   std::mutex mutex_;
-  std::unique_ptr<std::FILE, CloseFile> file_;
+  OpenedFile file_;
   std::ifstream reader_;
   std::string window_;  // a piece of the file, from windowBegin_ on
   std::uint64_t windowBegin_ = 0;

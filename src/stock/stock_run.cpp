@@ -12,7 +12,6 @@
 #include "core/concat.h"
 #include "core/paths.h"
 #include "core/report_error.h"
-#include "core/run_ended.h"
 #include "stock/disk_fault.h"
 #include "stock/dwellings.h"
 #include "stock/folder_lock.h"
@@ -23,6 +22,7 @@
 #include "stock/refusal.h"
 #include "stock/result_files.h"
 #include "stock/results_file.h"
+#include "stock/row_queue.h"
 #include "stock/stale_outputs.h"
 #include "stock/summary_page.h"
 
@@ -37,55 +37,6 @@ using Clock = std::chrono::steady_clock;
 double secondsSince(Clock::time_point start) {
   return std::chrono::duration<double>(Clock::now() - start).count();
 }
-
-/// A row handed to a worker.
-struct Ticket {
-  Record record;
-  long number = 0;  // in the list, from 1
-  bool repeated = false;
-};
-
-/// Hands out the rows of a shard, one at a time.
-class RowQueue {
- public:
-  RowQueue(const std::string& path, const ListOverview& overview, const Shard& shard)
-      : overview_(overview),
-        shard_(shard),
-        list_(ListReader::open(path)),
-        repeated_(overview.repeated) {
-    Record header;
-    list_.next(header);
-  }
-
-  /// False when no row is left, or the list can no longer be read.
-  bool next(Ticket& ticket) {
-    const std::lock_guard lock(mutex_);
-    if (fault_) return false;
-    bool found = false;
-    fault_ = faultOf([&] { found = read(ticket); });
-    return found && !fault_;
-  }
-  const std::optional<Fault>& fault() const { return fault_; }
-
- private:
-  bool read(Ticket& ticket) {
-    while (number_ < overview_.rows && list_.next(ticket.record)) {
-      ticket.number = ++number_;
-      const ListRow row(overview_.columns, ticket.record, list_.name());
-      ticket.repeated = repeated_.seenBefore(row.id());
-      if (shard_.has(ticket.number)) return true;
-    }
-    return false;
-  }
-
-  const ListOverview& overview_;
-  Shard shard_;
-  std::mutex mutex_;
-  ListReader list_;
-  RepeatedIds repeated_;
-  std::optional<Fault> fault_;
-  long number_ = 0;
-};
 
 class StockRun {
  public:
@@ -120,7 +71,7 @@ class StockRun {
       watchWorkers();
     }
     if (!end_.fault) end_.fault = queue_.fault();
-    if (!end_.fault && outOfMemory_) end_.fault = Fault{"No hay memoria suficiente", std::nullopt};
+    if (!end_.fault && outOfMemory_) end_.fault = Fault{std::string(kNoMemory), std::nullopt};
     if (end_.complete()) finish();
     end_.interrupted = isInterrupted() && !end_.complete();
     end_.seconds = secondsSince(start_);
@@ -260,10 +211,10 @@ class StockRun {
       fail(outcome, "disco", fault.message);
     } catch (const std::bad_alloc&) {
       room = DwellingRoom();  // what it remembers may be half of something
-      fail(outcome, "memoria", "No hay memoria suficiente");
+      fail(outcome, "memoria", std::string(kNoMemory));
     } catch (const std::exception& error) {
       room = DwellingRoom();
-      fail(outcome, "inesperado", concat("Error inesperado: ", error.what()));
+      fail(outcome, "inesperado", concat(kUnexpected, error.what()));
     }
     return std::nullopt;
   }

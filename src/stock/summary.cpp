@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/concat.h"
+#include "core/counted.h"
 #include "stock/code_titles.h"
 
 namespace stock {
@@ -30,10 +31,6 @@ std::string duration(double seconds) {
   }
   return concat(std::to_string(whole / kHour), " h ", std::to_string(whole % kHour / kMinute),
                 " min");
-}
-
-std::string counted(long count, std::string_view one, std::string_view many) {
-  return concat(std::to_string(count), " ", count == 1 ? one : many);
 }
 
 std::string byCode(std::string_view heading, const std::map<std::string, long>& counts) {
@@ -91,7 +88,7 @@ std::string summaryText(const StockEnd& end) {
   if (end.tooManyFaults) text += "Se ha alcanzado el número de errores de --max-errores.\n";
   if (!end.complete()) {
     const long left = counts.rows - counts.done();
-    text += concat(left == 1 ? "Queda " : "Quedan ", counted(left, "vivienda", "viviendas"),
+    text += concat(numbered(left, "Queda ", "Quedan "), counted(left, "vivienda", "viviendas"),
                    " por hacer: repita la orden con --reanudar para seguir.\n");
   } else if (end.fault) {
     text += "Los resultados no están acabados: repita la orden con --reanudar para acabarlos.\n";

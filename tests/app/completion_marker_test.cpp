@@ -22,3 +22,9 @@ TEST(CompletionMarker, ThatCannotBeCreatedIsAnError) {
   EXPECT_EQ("Error al abrir fichero de escritura: ",
             stopMessage([] { createCompletionMarker(""); }));
 }
+
+TEST(CompletionMarker, ThatCannotBeCreatedIsThePlaceOfItsFault) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "no/existe/fin.txt";
+  EXPECT_EQ(path, stopPlace([&] { createCompletionMarker(path); }));
+}

@@ -47,6 +47,8 @@ TEST(LeerEntero, ReadsAsTheCLibraryDoes) {
       {"no hexadecimal", "\nKEY = 0x10", 0},
       {"the greatest", "\nKEY = 2147483647", 2147483647},
       {"the least", "\nKEY = -2147483648", std::numeric_limits<int>::min()},
+      {"what does not fit loses its upper half", "\nKEY = 4294967297", 1},
+      {"and may change its sign", "\nKEY = 2147483648", std::numeric_limits<int>::min()},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);

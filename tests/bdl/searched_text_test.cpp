@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <optional>
+#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,6 +23,38 @@ TEST(SearchedText, FindsWhatAPlainSearchFinds) {
         ASSERT_EQ(text.find(pattern, from), plain.find(pattern, from))
             << '"' << pattern << "\" from " << from;
       }
+    }
+  }
+}
+
+// Whatever was sought before, and in whatever order.
+TEST(SearchedText, FindsTheSameWhicheverSearchesCameBefore) {
+  constexpr std::string_view kPatterns[] = {"ab", "aab", "b", "zz"};
+  std::mt19937 random(7);
+  for (int round = 0; round < 200; ++round) {
+    std::string bytes(12'000, '-');
+    for (std::size_t left = random() % 8; left > 0; --left) {
+      bytes.replace(random() % (bytes.size() - 4), 3, "aab");
+    }
+    SearchedText text(bytes);
+    for (int search = 0; search < 50; ++search) {
+      const std::string_view pattern = kPatterns[random() % std::size(kPatterns)];
+      const std::size_t from = random() % bytes.size();
+      ASSERT_EQ(bytes.find(pattern, from), text.find(pattern, from))
+          << "round " << round << ": \"" << pattern << "\" from " << from;
+    }
+  }
+}
+
+TEST(SearchedText, ReadsANumberAsItIsHoweverOften) {
+  for (const std::size_t far : {3000U, 6000U}) {  // a small text, and a large one
+    SearchedText text(std::string(far, '-') + " 7.5 x");
+    for (int time = 0; time < 2; ++time) {
+      EXPECT_EQ(7.5F, text.real(far));
+      EXPECT_EQ(7.5F, text.real(far + 1));
+      EXPECT_EQ(5.0F, text.real(far + 3));
+      EXPECT_EQ(std::nullopt, text.real(far + 4));
+      EXPECT_EQ(std::nullopt, text.real(far + 6));
     }
   }
 }

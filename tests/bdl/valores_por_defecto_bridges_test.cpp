@@ -63,6 +63,30 @@ TEST(ThermalBridges, ThousandsMayShareOneEndAndTheValuesThatFollow) {
   }
 }
 
+// What grew with the square would take hours and meet the time limit of every test.
+
+// The first labels of the two names lie in front of two different "..", far away each.
+TEST(ThermalBridges, ThousandsMayLeadToAndFroBetweenTwoEnds) {
+  constexpr int kMany = 200'000;
+  const std::string far(16'000'000, 'z');
+  std::string text = "\n..\n\"X\" = THERMAL-BRIDGE TTL = 1\n" + far + "\n..\n";
+  for (int i = 0; i < kMany; ++i) text += "\"Y\" = THERMAL-BRIDGE\n\"X\" = THERMAL-BRIDGE\n";
+  text += "TTL = 2\n..\n";
+  const std::vector<Puente> all = bridges(text);
+  ASSERT_EQ(2U * kMany + 1, all.size());
+  for (std::size_t i = 0; i < all.size(); ++i) ASSERT_EQ(i % 2 == 0 ? 1 : 2, all[i].TTL) << i;
+}
+
+TEST(ThermalBridges, ThousandsMayShareANumberOfMillionsOfDigits) {
+  constexpr int kMany = 100'000;
+  std::string text = "\n..\n";
+  for (int i = 0; i < kMany; ++i) text += "\"Y" + std::to_string(i) + "\" = THERMAL-BRIDGE\n";
+  text += "TTL = " + std::string(10'000'000, '0') + "7\n..\n";
+  const std::vector<Puente> all = bridges(text);
+  ASSERT_EQ(std::size_t{kMany}, all.size());
+  for (const Puente& puente : all) ASSERT_EQ(7, puente.TTL);
+}
+
 TEST(ThermalBridges, AreListedInFileOrderWithTheirNamesInQuotes) {
   const V values = library(
       "\n\"Pilar\" = THERMAL-BRIDGE ..\n\"M\" = WALL .."

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -108,6 +109,13 @@ constexpr Keyword kKeywords[] = {
     {"H-CR", &V::H_CR, 0},
 };
 
+/// Those that are read only with AUTOMATIC-SHUTTER, whose tests try them.
+constexpr std::string_view kOfShutters[] = {
+    "SHUTTER-CONDUCTANCE-MULTIPLIER-WINTER",
+    "SHUTTER-CONDUCTANCE-MULTIPLIER-SUMMER",
+    "SHUTTER-TRANSMITTANCE-MULTIPLIER-SUMMER",
+};
+
 V library(std::string_view text) { return V(SourceText("defectos.inp", text)); }
 
 float valueOf(const V& values, const Keyword& keyword) {
@@ -148,6 +156,16 @@ void expectAllRead(const V& values) {
 
 TEST(ValoresPorDefecto, EveryKeywordFillsItsField) {
   expectAllRead(library(wholeLibrary("\n", " = ")));
+}
+
+TEST(ValoresPorDefecto, EveryKeywordIsInTheTablesOfTheseTests) {
+  EXPECT_FALSE(V::clavesDeNumeros().empty());
+  for (const std::string_view search : V::clavesDeNumeros()) {
+    EXPECT_EQ(1, std::ranges::count(kKeywords, search, &Keyword::search) +
+                     std::ranges::count(kOfShutters, search))
+        << "\"" << search << "\" is in no row of kKeywords, with the field and what it holds "
+        << "without it";
+  }
 }
 
 TEST(ValoresPorDefecto, ReadsALibraryWithCrLf) {

@@ -101,7 +101,7 @@ TEST_F(FicheroErrors, AFileForReadingIsNotWritten) {
   fichero file(folder_.write("casa.bdl", "A\n"), "lectura");
   EXPECT_EQ("El fichero debe ser de tipo escritura", stopMessage([&] { file.WriteLine("B"); }));
   EXPECT_EQ("El fichero debe ser de tipo escritura", stopMessage([&] { file.lines(); }));
-  EXPECT_EQ("El fichero debe ser de tipo escritura", stopMessage([&] { file.guardar(); }));
+  EXPECT_EQ("El fichero debe ser de tipo escritura", stopMessage([&] { file.save(); }));
   EXPECT_EQ("A\n", folder_.read("casa.bdl"));
 }
 

@@ -18,7 +18,7 @@ namespace {
 void save(const std::string& path, std::string_view line) {
   fichero file(path, "escritura");
   file.WriteLine(line);
-  file.guardar();
+  file.save();
 }
 
 }  // namespace
@@ -29,7 +29,7 @@ TEST(FicheroWriting, EachLineGetsALineFeed) {
     fichero file(folder / "salida.bdl", "escritura");
     EXPECT_TRUE(file.WriteLine("a"));
     EXPECT_TRUE(file.WriteLine("b"));
-    file.guardar();
+    file.save();
   }
   EXPECT_EQ("a\nb\n", folder.read("salida.bdl"));
 }
@@ -39,13 +39,13 @@ TEST(FicheroWriting, NothingReachesTheDiskBeforeItIsSaved) {
   fichero file(folder / "salida.bdl", "escritura");
   for (int line = 0; line < 10000; ++line) file.WriteLine("una línea de la salida");
   EXPECT_EQ("", folder.read("salida.bdl"));
-  file.guardar();
+  file.save();
   EXPECT_NE("", folder.read("salida.bdl")) << "with the file still there";
 }
 
 TEST(FicheroWriting, AFileWithoutLinesIsCreatedEmpty) {
   const TemporaryFolder folder;
-  fichero(folder / "salida.bdl", "escritura").guardar();
+  fichero(folder / "salida.bdl", "escritura").save();
   EXPECT_EQ("", folder.read("salida.bdl"));
 }
 
@@ -72,7 +72,7 @@ TEST(FicheroWriting, AFullCapacityIsNoError) {
   fichero file(folder / "salida.bdl", "escritura");
   for (int line = 0; line < OutputLines::kCapacity; ++line) ASSERT_TRUE(file.WriteLine("a"));
   EXPECT_FALSE(file.WriteLine("b"));
-  EXPECT_EQ(kNotStopped, stopMessage([&] { file.guardar(); }));
+  EXPECT_EQ(kNotStopped, stopMessage([&] { file.save(); }));
   const std::string written = folder.read("salida.bdl");
   EXPECT_EQ(2U * OutputLines::kCapacity, written.size());
   EXPECT_TRUE(written.ends_with("a\na\n"));
@@ -86,7 +86,7 @@ TEST(FicheroWriting, LinesMayBeCopiedOntoTheFileTheyCameFrom) {
   output.WriteLine("own");
   LineReader reader(source.bytes());
   for (std::string_view line; reader.ReadLine(line);) output.lines().CopyLine(reader);
-  output.guardar();
+  output.save();
   EXPECT_EQ("own\na\nb\nc\n", readFile(path));
 }
 
@@ -145,7 +145,7 @@ TEST(FicheroWriting, AWriteThatFailsHalfwayLeavesTheOutputEmpty) {
         setrlimit(RLIMIT_FSIZE, &fewBytes);
         fichero output(folder / "salida.bdl", "escritura");
         for (int line = 0; line < 20000; ++line) output.WriteLine("una línea");
-        output.guardar();
+        output.save();
       },
       testing::ExitedWithCode(3), "Error al escribir fichero: .*/salida\\.bdl\n$");
   EXPECT_EQ("", folder.read("salida.bdl"));
@@ -169,7 +169,7 @@ TEST(FicheroWriting, AWriteThatFailsIsAboutTheFileAsAWhole) {
 
 TEST(FicheroWriting, AFullDeviceIsNoErrorWithoutALineToWrite) {
   if (!std::filesystem::exists("/dev/full")) SKIP_FOR_LACK_OF("/dev/full");
-  EXPECT_EQ(kNotStopped, stopMessage([] { fichero("/dev/full", "escritura").guardar(); }));
+  EXPECT_EQ(kNotStopped, stopMessage([] { fichero("/dev/full", "escritura").save(); }));
 }
 
 // A destructor that reports would end the process while another fault is on its way.

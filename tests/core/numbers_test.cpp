@@ -114,6 +114,48 @@ TEST(Numbers, AreReadAsSscanfReadsThem) {
   }
 }
 
+// What the system's sscanf makes of these is not the measure: it may have the fault itself.
+TEST(Numbers, ExponentsAtTheLimitsOf32BitsAreAsLargeAsTheyAre) {
+  constexpr float kInfinity = std::numeric_limits<float>::infinity();
+  const std::string manyDigits(1000, '9');
+  const std::string manyZeros(1000, '0');
+  const struct {
+    const char* why;
+    std::string text;
+    float number;
+  } cases[] = {
+      {"one digit and the largest exponent", "1e2147483647", kInfinity},
+      {"more than the largest", "1e2147483648", kInfinity},
+      {"twice as many bits", "1e9223372036854775807", kInfinity},
+      {"more than 64 bits", "1e18446744073709551616", kInfinity},
+      {"many digits in front", manyDigits + "e2147483647", kInfinity},
+      {"many digits in front, with a sign", "-" + manyDigits + "e+2147483647", -kInfinity},
+      {"many digits bring the least one no nearer", manyDigits + "e-2147483648", 0},
+      {"the least exponent", "1e-2147483648", 0},
+      {"less than the least", "1e-2147483649", 0},
+      {"zeros behind the point", "0.001e-2147483648", 0},
+      {"one zero fewer than would tell", "0.01e-2147483647", 0},
+      {"many zeros behind the point", "0." + manyZeros + "1e-2147483648", 0},
+      {"many zeros and the largest", "0." + manyZeros + "1e2147483647", kInfinity},
+      {"hexadecimal", "0x1p2147483647", kInfinity},
+      {"hexadecimal, more than the largest", "0x1p2147483648", kInfinity},
+      {"hexadecimal, many digits in front", "0x" + manyDigits + "p2147483647", kInfinity},
+      {"hexadecimal, the least", "0x1p-2147483648", 0},
+      {"hexadecimal, zeros behind the point", "0x0.001p-2147483648", 0},
+      {"hexadecimal, many zeros", "0x0." + manyZeros + "1p-2147483648", 0},
+      {"nothing times the largest", "0e2147483647", 0},
+      {"hexadecimal, nothing times the largest", "0x0p2147483647", 0},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.why);
+    std::string_view rest = c.text;
+    float number = -7;
+    EXPECT_TRUE(scanReal(rest, number));
+    EXPECT_EQ(c.number, number);
+    EXPECT_EQ("", rest);
+  }
+}
+
 TEST(Numbers, AreReadAsSscanfReadsThemInRandomTexts) {
   std::mt19937 random(20240607);
   const std::string alphabets[] = {"0123456789+-.eExXpPinfatyINFNAN( ,a\t", "0123456789.e-+",

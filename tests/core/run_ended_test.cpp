@@ -151,6 +151,29 @@ TEST(FaultOf, RestoresWhatWasThereBefore) {
   }
 }
 
+TEST(FaultOf, ARunWithinARunReleasesItsOwnAlone) {
+  PathTable& folders = PathTable::Instance();
+  ErrorObject& error = ErrorObject::Instance();
+  folders.Set("Dat", "/de fuera/");
+  for (const bool releases : {true, false}) {
+    SCOPED_TRACE(releases);
+    faultOf([&] {
+      EXPECT_EQ("", PathTable::Instance().Get("Dat")) << "begins without any";
+      EXPECT_NE(&error, &ErrorObject::Instance());
+      if (releases) {
+        PathTable::Release();
+        ErrorObject::Release();
+      }
+      ReportFailure(ErrorLog, "de dentro");
+    });
+    EXPECT_EQ(&folders, &PathTable::Instance());
+    EXPECT_EQ("/de fuera/", folders.Get("Dat"));
+    EXPECT_EQ(&error, &ErrorObject::Instance());
+  }
+  PathTable::Release();
+  ErrorObject::Release();
+}
+
 TEST(FaultOf, Nests) {
   std::optional<Fault> inner;
   const std::optional<Fault> outer = faultOf([&] {

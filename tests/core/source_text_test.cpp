@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <latch>
 #include <memory>
 #include <random>
 #include <string>
 #include <string_view>
+#include <thread>
 #include <utility>
+#include <vector>
 
 #include "support/recording_application.h"
 
@@ -14,8 +17,12 @@ namespace {
 
 SourceText textOf(std::string_view bytes) { return {"casa.tip", bytes}; }
 
+/// That of the text, which its index gives too.
 std::string placeIn(std::string_view bytes, Span span) {
-  return marked(textOf(bytes).placeOf(span));
+  const SourceText text = textOf(bytes);
+  std::string place = marked(text.placeOf(span));
+  EXPECT_EQ(place, marked(LineIndex(text).placeOf(span)));
+  return place;
 }
 
 std::string lineIn(std::string_view bytes, std::size_t offset) {
@@ -188,5 +195,33 @@ TEST(PlaceOf, IsInTheTextForAnySpanOfAnyText) {
         }
       }
     }
+  }
+}
+
+// A template's text is shared by many runs, and more than one may end in a fault of it.
+TEST(SourceText, ThreadsAskItForPlacesAtTheSameTime) {
+  constexpr std::size_t kThreads = 4;
+  constexpr std::string_view kLine = "A = 1\n";
+  std::string bytes;
+  std::vector<long> expected;
+  for (long number = 1; number <= 200; ++number) {
+    bytes += kLine;
+    expected.push_back(number);
+  }
+  for (int round = 0; round < 50; ++round) {
+    const SourceText text = textOf(bytes);
+    std::latch ready(kThreads);
+    std::vector<std::vector<long>> lines(kThreads);
+    std::vector<std::thread> threads;
+    for (std::vector<long>& mine : lines) {
+      threads.emplace_back([&] {
+        ready.arrive_and_wait();
+        for (std::size_t at = 4; at < bytes.size(); at += kLine.size()) {
+          mine.push_back(text.placeOf({at, at + 1}).line);
+        }
+      });
+    }
+    for (std::thread& thread : threads) thread.join();
+    for (const std::vector<long>& each : lines) ASSERT_EQ(expected, each);
   }
 }

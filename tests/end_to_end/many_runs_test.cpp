@@ -138,7 +138,7 @@ class Worker {
           fichero output("/dev/full", "escritura");
           Bar bar;
           generate(*work.plantilla, typology, output.lines(), bar);
-          output.guardar();
+          output.save();
         });
         break;
       case 3: {

@@ -196,13 +196,15 @@ TEST(PlaceOfATableFault, IsTheLineThatIsWrong) {
     std::string table;
     std::string place;
   } cases[] = {
-      {"no counts", "a\nb\nuno dos\n", "casa.tbl:3:1 [uno dos]"},
-      {"negative counts", "a\nb\n-1 0\n", "casa.tbl:3:1 [-1 0]"},
-      {"a surface without its kind", "a\nb\n1 0\n\"M\"\n1 2 3 4 5 6 7\n",
-       "casa.tbl:5:1 [1 2 3 4 5 6 7]"},
+      {"no counts", "a\nb\nuno dos\n", "casa.tbl:3:1 [uno]"},
+      {"a negative count", "a\nb\n-1 0\n", "casa.tbl:3:1 [-1]"},
+      {"another", "a\nb\n1 -2\n", "casa.tbl:3:3 [-2]"},
+      {"one count", "a\nb\n1\n", "casa.tbl:3:2 []"},
+      {"blanks in front", "a\nb\n \tx 15\n", "casa.tbl:3:3 [x]"},
+      {"a surface without its kind", "a\nb\n1 0\n\"M\"\n1 2 3 4 5 6 7\n", "casa.tbl:5:14 []"},
       {"the second one", "a\nb\n2 0\n\"M\"\n1 2 3 4 5 6 7 0\n\"N\"\n  falta \n",
-       "casa.tbl:7:1 [  falta ]"},
-      {"its line end is no part", "a\r\nb\r\n1 0\r\n\"M\"\r\n1,5\r\n", "casa.tbl:5:1 [1,5]"},
+       "casa.tbl:7:3 [falta]"},
+      {"a comma in a number", "a\r\nb\r\n1 0\r\n\"M\"\r\n1,5\r\n", "casa.tbl:5:2 [,5]"},
       {"an overlong name", "a\nb\n1 0\n" + std::string(200, 'n') + "\n1 2 3 4 5 6 7 0\n",
        "casa.tbl:4:1 [" + std::string(200, 'n') + "]"},
       {"too few lines: the last one", "a\nb\n9 0\n\"M\"\n", "casa.tbl:4:1 [\"M\"]"},

@@ -235,6 +235,20 @@ TEST(StockFolder, ARowNeedsATypologyWhereTheListDescribesNone) {
   EXPECT_EQ("correcta", resultOf(list, "B")[stock::kResultState]);
 }
 
+TEST(StockFolder, ARowHasAsManyCellsAsTheList) {
+  const HouseList list;
+  StockOptions options = list.options();
+  options.list = list.folder().write(
+      "otra.csv", "ID;PLANTILLA;TIPOLOGIA\nA\nB;casa.bdl\nC;casa.bdl;casa.tip;\n");
+  runStock(options);
+  EXPECT_EQ("La fila tiene 1 celda y la lista, 3 columnas",
+            resultOf(list, "A")[stock::kResultMessage]);
+  EXPECT_EQ("La fila tiene 2 celdas y la lista, 3 columnas",
+            resultOf(list, "B")[stock::kResultMessage]);
+  EXPECT_EQ("La fila tiene 4 celdas y la lista, 3 columnas",
+            resultOf(list, "C")[stock::kResultMessage]);
+}
+
 TEST(StockFolder, CellsThatATypologyFileStandsForAreNoted) {
   const HouseList list;
   StockOptions options = list.options();

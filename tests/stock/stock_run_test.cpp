@@ -215,7 +215,7 @@ TEST(StockRun, ShardsThatAreNotAllThereAreNotJoined) {
   options.maxFaults = 1;
   EXPECT_FALSE(runStock(options).complete());
   EXPECT_EQ(
-      "Faltan los resultados de las partes 2/3. No están acabadas las partes 3/3. Ejecute "
+      "Faltan los resultados de la parte 2/3. No está acabada la parte 3/3. Ejecute "
       "cada una con --fragmento K/3 --reanudar",
       join());
   options.maxFaults = 0;
@@ -228,6 +228,38 @@ TEST(StockRun, ShardsThatAreNotAllThereAreNotJoined) {
   EXPECT_FALSE(list.folder().has("r/resultados.csv"));
   list.folder().write("r/resultados-1-de-2.csv", "");
   EXPECT_TRUE(join().starts_with("Hay resultados de repartos distintos"));
+}
+
+TEST(StockRun, ShardsToBeDoneAreToldByTheirNumber) {
+  const HouseList list;
+  StockOptions options = list.options();
+  const auto join = [&] { return stopMessage([&] { stock::joinShards(options.folder); }); };
+  const auto work = [&](long number, long maxFaults) {
+    options.shard = {number, 4, true};
+    options.maxFaults = maxFaults;
+    runStock(options);
+  };
+  work(1, 0);
+  EXPECT_EQ(
+      "Faltan los resultados de las partes 2/4, 3/4, 4/4. Ejecute cada una con --fragmento "
+      "K/4 --reanudar",
+      join());
+  work(2, 1);
+  work(3, 1);
+  EXPECT_EQ(
+      "Faltan los resultados de la parte 4/4. No están acabadas las partes 2/4, 3/4. Ejecute "
+      "cada una con --fragmento K/4 --reanudar",
+      join());
+  work(4, 0);
+  options.mode = StockOptions::Mode::kResume;
+  work(2, 0);
+  EXPECT_EQ("No está acabada la parte 3/4. Ejecútela con --fragmento 3/4 --reanudar", join());
+  work(3, 0);
+  fs::remove(list.folder() / "r/resultados-2-de-4.csv");
+  EXPECT_EQ("Faltan los resultados de la parte 2/4. Ejecútela con --fragmento 2/4 --reanudar",
+            join());
+  work(2, 0);
+  EXPECT_EQ(4, stock::joinShards(options.folder).shards);
 }
 
 TEST(StockRun, StopsAfterSoManyFaults) {

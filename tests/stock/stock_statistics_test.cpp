@@ -9,6 +9,7 @@
 #include "stock/summary_page.h"
 #include "support/recording_application.h"
 #include "support/temporary_folder.h"
+#include "typology/tipo.h"
 
 using stock::BuildingSample;
 using stock::Outcome;
@@ -202,7 +203,7 @@ TEST(SummaryPage, ShowsTheRefusedInABarOfTheirOwn) {
 
 TEST(SummaryPage, StaysSmallAndWithoutMarkupOfTheList) {
   std::vector<Outcome> outcomes;
-  for (int tipo = 1; tipo <= 23; ++tipo) {
+  for (int tipo = 1; tipo <= kLastTipo; ++tipo) {
     outcomes.push_back(correct("v" + std::to_string(tipo), tipo, 12345.67, 55, 1.234));
   }
   const std::string bad = "<script>alert('" + std::string(5000, 'x') + "')</script>";

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "app/run_safely.h"
+#include "core/fault.h"
 
 namespace {
 
