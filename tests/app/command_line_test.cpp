@@ -34,6 +34,10 @@ TEST(CommandLine, OnlyBlanksAtTheStartOfAnItemAreSkipped) {
   EXPECT_EQ((Items{"un nombre", "\tb", "", ""}), items("   un nombre,\tb"));
 }
 
+TEST(CommandLine, QuotesDoNotKeepACommaInItsItem) {
+  EXPECT_EQ((Items{"\"a", "b.bdl\"", "c", ""}), items("\"a,b.bdl\",c"));
+}
+
 TEST(CommandLine, MissingItemsAreEmpty) {
   EXPECT_EQ((Items{"", "", "", ""}), items(""));
   EXPECT_EQ((Items{"a", "", "c", ""}), items("#a,,c"));

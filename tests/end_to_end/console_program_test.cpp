@@ -97,7 +97,7 @@ TEST_F(ConsoleProgram, WrongArgumentsEndWithTwoAndTheUsage) {
   EXPECT_EQ(2, result.status);
   EXPECT_EQ("", result.out);
   EXPECT_TRUE(result.err.starts_with(
-      "tip2bdl-cli: se esperaban cuatro rutas y se han dado 1\nUso: tip2bdl-cli "));
+      "tip2bdl-cli: se esperaban cuatro rutas y se ha dado 1\nUso: tip2bdl-cli "));
   EXPECT_FALSE(folder_.has("Error.log"));
 }
 

@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <optional>
+#include <set>
 
 #include "support/temporary_folder.h"
 
 namespace fs = std::filesystem;
 
 // core <- bdl <- typology <- plan <- generator <- check <- report <- stock <- app: a folder
-// includes from itself and from those to its left, and only app/qt knows Qt.
+// includes from itself and from those to its left, and only app/qt knows Qt. Within app: what all
+// programs share <- desktop <- a folder each front end, which knows no other.
 
 namespace {
 
@@ -31,6 +34,15 @@ std::map<std::string, std::vector<std::string>> includesOfSources() {
   return found;
 }
 
+/// The folder of app that a file is in ("qt"), empty for app's own; nothing for other folders'.
+std::optional<std::string> folderOfApp(const std::string& file) {
+  constexpr std::string_view kApp = "app/";
+  if (!file.starts_with(kApp)) return std::nullopt;
+  const std::string rest = file.substr(kApp.size());
+  const std::size_t slash = rest.find('/');
+  return slash == std::string::npos ? "" : rest.substr(0, slash);
+}
+
 }  // namespace
 
 TEST(FolderArrows, NoFileIncludesFromAFolderAboveItsOwn) {
@@ -48,6 +60,24 @@ TEST(FolderArrows, NoFileIncludesFromAFolderAboveItsOwn) {
     }
   }
   EXPECT_GT(checked, 50);
+}
+
+TEST(FolderArrows, AFrontEndStandsOnAppAndDesktopAlone) {
+  const std::vector<std::string> shared = {"", "desktop"};  // everything else is a front end's
+  std::set<std::string> frontEnds;
+  for (const auto& [file, includes] : includesOfSources()) {
+    const std::optional<std::string> own = folderOfApp(file);
+    if (!own) continue;
+    const auto standsOn = std::find(shared.begin(), shared.end(), *own);
+    if (standsOn == shared.end()) frontEnds.insert(*own);
+    for (const std::string& include : includes) {
+      const auto folder = folderOfApp(include.substr(1));
+      if (!folder || *folder == *own) continue;
+      EXPECT_LT(std::find(shared.begin(), standsOn, *folder), standsOn)
+          << file << " includes " << include;
+    }
+  }
+  EXPECT_EQ(std::set<std::string>({"console", "qt", "win32"}), frontEnds);
 }
 
 TEST(FolderArrows, OnlyTheWindowKnowsQt) {

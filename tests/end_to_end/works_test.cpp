@@ -47,7 +47,7 @@ TEST(Works, AWrongCommandLineIsTwoAndTellsTheUsage) {
     const char* says;
   } cases[] = {
       {{"plano"}, "se esperaba 1 fichero y se han dado 0"},
-      {{"informe", "a.bdl"}, "se esperaban 2 ficheros y se han dado 1"},
+      {{"informe", "a.bdl"}, "se esperaban 2 ficheros y se ha dado 1"},
       {{"plano", "--nada", "a.tip"}, "opción desconocida: --nada\n"},
       {{"plano", "--sailda", "a.tip"}, "opción desconocida: --sailda; ¿quería decir --salida?\n"},
       {{"plano", "a.tip", "--salida"}, "a la opción --salida le falta su valor"},
@@ -75,9 +75,9 @@ TEST(Works, ANameThatIsNearlyOneIsAskedFor) {
   } cases[] = {
       {{"comprobr", "a.bdl", "a.tip"},
        "se esperaban cuatro rutas y se han dado 3; ¿quería decir comprobar?\n"},
-      {{"comprobr"}, "se esperaban cuatro rutas y se han dado 1; ¿quería decir comprobar?\n"},
+      {{"comprobr"}, "se esperaban cuatro rutas y se ha dado 1; ¿quería decir comprobar?\n"},
       {{"lotes", "a.csv", "--salida", "b"}, "opción desconocida: --salida; ¿quería decir lote?\n"},
-      {{"a.tip"}, "se esperaban cuatro rutas y se han dado 1\n"},
+      {{"a.tip"}, "se esperaban cuatro rutas y se ha dado 1\n"},
       {{}, "se esperaban cuatro rutas y se han dado 0\n"},
   };
   for (const auto& c : cases) {

@@ -102,9 +102,12 @@ PATHS_AND_ARGUMENTS = {
         Limit(250, lambda n: arguments("#a," + "x" * n), lambda n: arguments("#a," + "x" * (n - 1)),
               ("2", "x" * 250))],
     "tip2bdl-cli: se esperaban cuatro rutas y se han dado ‹n›": [
-        Case(arguments("a.bdl"), ("1",)), Case(arguments(*"abcde"), ("5",))],
+        Case(arguments("a.bdl", "a.tip"), ("2",)), Case(arguments(*"abcde"), ("5",))],
+    "tip2bdl-cli: se esperaban cuatro rutas y se ha dado 1": [Case(arguments("a.bdl"))],
     "tip2bdl-cli: se esperaban cuatro rutas y se han dado ‹n›; ¿quería decir ‹trabajo›?": [
         Case(arguments("comprobr", "a.tip"), ("2", "comprobar"))],
+    "tip2bdl-cli: se esperaban cuatro rutas y se ha dado 1; ¿quería decir ‹trabajo›?": [
+        Case(arguments("comprobr"), ("comprobar",))],
     "tip2bdl-cli: opción desconocida: ‹opción›": [
         Case(arguments(*"abcd", "--rapido"), ("--rapido",))],
 }

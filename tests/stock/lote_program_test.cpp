@@ -254,7 +254,7 @@ TEST(LoteProgram, SaysThatItBeginsAgain) {
                    "La carpeta ya tiene resultados de 8 viviendas: se hacen todas de nuevo."));
 }
 
-TEST(LoteProgram, WorksWithTheThreadsThatTheSystemHasRoomFor) {
+TEST(LoteProgram, WorksWithTheWorkersThatTheSystemHasRoomFor) {
 #ifdef SANITIZED
   GTEST_SKIP() << "a sanitizer reserves terabytes of addresses";
 #endif
@@ -358,6 +358,25 @@ TEST(LoteProgram, FinishesWhatIsBegunOnCtrlC) {
     EXPECT_TRUE(list.folder().has("r/00000" + thousand + "/" + id + ".bdl")) << id;
   }
   EXPECT_LT(lines.size(), 4001U);
+}
+
+TEST(LoteProgram, JoiningSaysHowManyShardsAndDwellingsThereAre) {
+  const struct {
+    long rows;
+    std::vector<const char*> shards;
+    const char* words;
+  } cases[] = {
+      {1, {"1/1"}, "Unida 1 parte: 1 vivienda\n"},
+      {3, {"1/2", "2/2"}, "Unidas 2 partes: 3 viviendas\n"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.words);
+    const SampleList list(c.rows, 0);
+    for (const char* shard : c.shards) {
+      EXPECT_EQ(0, list.lote({"lista.csv", "--salida", "r", "--fragmento", shard}).status);
+    }
+    EXPECT_EQ(c.words, list.lote({"--unir", "--salida", "r"}).err);
+  }
 }
 
 TEST(LoteProgram, ASlurmArrayChoosesTheShard) {

@@ -68,5 +68,6 @@ Request parseArguments(const std::vector<std::string>& arguments) {
     run.paths = splitCommandLine(paths[0]);
     return run;
   }
+  if (paths.size() == 1) return WrongArguments{"se esperaban cuatro rutas y se ha dado 1"};
   return WrongArguments{"se esperaban cuatro rutas y se han dado " + std::to_string(paths.size())};
 }

@@ -24,7 +24,7 @@ using Request = std::variant<RunRequest, HelpRequest, VersionRequest, WrongArgum
 
 /// Reads the arguments behind the program's name: four paths, or one argument in the form of the
 /// desktop program ("#a.bdl,b.tip,out.bdl,fin.txt"), and options. "--" ends the options.
-/// Errors: an overlong command line in the desktop form ends the process.
+/// Errors: an overlong command line in the desktop form ends the run.
 Request parseArguments(const std::vector<std::string>& arguments);
 
 /// The options of a run.

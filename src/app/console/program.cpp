@@ -9,11 +9,11 @@
 #include "app/completion_marker.h"
 #include "app/console/arguments.h"
 #include "app/console/console_application.h"
-#include "app/console/standard_streams.h"
-#include "app/console/terminal_text.h"
 #include "app/console/works/work.h"
 #include "app/run_generation.h"
 #include "app/run_safely.h"
+#include "app/standard_streams.h"
+#include "app/terminal_text.h"
 #include "app/version.h"
 #include "check/suggestion.h"
 #include "core/concat.h"
@@ -37,17 +37,6 @@ int say(std::string_view utf8) {
   return 0;
 }
 
-int answer(const HelpRequest&) { return say(helpOfRun() + listOfWorks()); }
-
-int answer(const VersionRequest&) {
-  return say(concat("tip2bdl-cli ", kVersion, "\ncommit ", kCommit, ", ", kCompiler, "\n"));
-}
-
-int answer(const WrongArguments& wrong) {
-  print(stderr, concat("tip2bdl-cli: ", wrong.problem, "\n", kUsage));
-  return kExitWrongArguments;
-}
-
 /// What a command line that makes no sense as a run may have meant by its first word.
 std::string workMeantBy(const std::vector<std::string>& arguments) {
   std::vector<std::string_view> names;
@@ -56,13 +45,39 @@ std::string workMeantBy(const std::vector<std::string>& arguments) {
   return meant.empty() ? std::string() : concat("; ¿quería decir ", meant, "?");
 }
 
-int answer(const RunRequest& run) {
-  ConsoleProgressBar bar(!run.quiet && standardErrorIsTerminal());
-  RunGeneration(bar, run.paths);
-  bar.clear();
-  createCompletionMarker(run.paths.markerFile);
-  return 0;
-}
+/// What the program does for each thing that it may be asked for.
+class Answer {
+ public:
+  explicit Answer(ConsoleApplication& application) : application_(application) {}
+
+  int operator()(const HelpRequest&) const { return say(helpOfRun() + listOfWorks()); }
+
+  int operator()(const VersionRequest&) const {
+    return say(concat("tip2bdl-cli ", kVersion, "\ncommit ", kCommit, ", ", kCompiler, "\n"));
+  }
+
+  int operator()(const WrongArguments& wrong) const {
+    print(stderr, concat("tip2bdl-cli: ", wrong.problem, "\n", kUsage));
+    return kExitWrongArguments;
+  }
+
+  int operator()(const RunRequest& run) const {
+    const bool shown = !run.quiet && standardErrorIsTerminal();
+    ConsoleProgressBar bar(shown ? &application_ : nullptr);
+    try {
+      RunGeneration(bar, run.paths);
+    } catch (...) {  // its message may be last words, which know of no progress
+      application_.wipeProgress();
+      throw;
+    }
+    application_.wipeProgress();
+    createCompletionMarker(run.paths.markerFile);
+    return 0;
+  }
+
+ private:
+  ConsoleApplication& application_;
+};
 
 }  // namespace
 
@@ -80,6 +95,6 @@ int consoleProgram(const std::function<std::vector<std::string>()>& argumentsOfP
     if (auto* const wrong = std::get_if<WrongArguments>(&request)) {
       wrong->problem += workMeantBy(arguments);
     }
-    return std::visit([](const auto& asked) { return answer(asked); }, request);
+    return std::visit(Answer(application), request);
   });
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <iterator>
 #include <string_view>
 
 /// What the forms and the message box show, as data without a framework's type in it. A front end
@@ -53,6 +55,15 @@ inline constexpr FormFont kFont = {{"MS Sans Serif", "Microsoft Sans Serif", "Li
 
 inline constexpr Colour kPanel = kWhite;
 inline constexpr FormPlace kLogo = {23, 21, 492, 159};
+/// The logo's rasters (pictures/logo-100.bmp ...), each by the scale of a screen, in per cent,
+/// whose pixels it has.
+inline constexpr int kLogoScales[] = {100, 150, 200};
+/// The scale of the raster to show on a screen: the screen's own or, where there is none, the next
+/// larger; beyond all, the largest.
+constexpr int logoScale(int dpi) {
+  const auto* const last = std::end(kLogoScales) - 1;
+  return *std::find_if(kLogoScales, last, [&](int scale) { return scale * 96 >= 100 * dpi; });
+}
 inline constexpr FormPlace kBar = {23, 385, 492, 23};
 inline constexpr Colour kBarFilled = {0, 164, 219};
 inline constexpr Colour kBarEmpty = kWhite;
@@ -88,7 +99,6 @@ constexpr FormPlace stagePlace(std::size_t index, int dpi) {
 
 inline constexpr int kTimerInterval = 1000;  // ms
 inline constexpr int kIdleTicks = 2;         // that pass before the run, so that the form is seen
-inline constexpr int kBarMaximum = 100;
 
 }  // namespace progress_form
 

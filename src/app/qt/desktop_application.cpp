@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "app/message_lines.h"
 #include "app/qt/framework_faults.h"
 #include "app/qt/message_box.h"
 #include "app/qt/screen.h"
@@ -14,7 +15,7 @@ void DesktopApplication::MessageBox(std::string_view text, std::string_view capt
   if (hasScreen()) {
     showMessageBox(text, caption);
   } else {
-    ConsoleApplication::MessageBox(text, caption);
+    sayMessage(text, caption);
   }
 }
 
@@ -22,7 +23,7 @@ void DesktopApplication::ShowFault(const Fault& fault) {
   if (hasScreen()) {
     MessageBox(fault.message, kErrorCaption);
   } else {
-    ConsoleApplication::ShowFault(fault);
+    sayFault(fault);
   }
 }
 

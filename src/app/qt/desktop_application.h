@@ -1,11 +1,11 @@
 #pragma once
 
-#include "app/console/console_application.h"
+#include "core/platform.h"
 
 /// The desktop of the program with forms: pending events run through the framework and messages
-/// are boxes. Where there is no screen (see hasScreen) messages are the console program's lines on
-/// standard error, so that nothing waits for a person who is not there.
-class DesktopApplication : public ConsoleApplication {
+/// are boxes. Where there is no screen (see hasScreen) messages are lines on standard error
+/// (message_lines.h), so that nothing waits for a person who is not there.
+class DesktopApplication : public TApplication {
  public:
   void ProcessMessages() override;
   void MessageBox(std::string_view text, std::string_view caption) override;

@@ -59,8 +59,7 @@ void paintInPixelsOfTheScreen(QPainter& painter, const QWidget& widget) {
 }
 
 void PlacedLabel::setPlace(const FormPlace& place) {
-  place_ = place;
-  cover(*this, place);
+  Placed::setPlace(place);
   setFont(fitted(font(), text(), width()));
 }
 
@@ -69,19 +68,14 @@ void PlacedLabel::paintEvent(QPaintEvent*) {
   paintInPixelsOfTheScreen(painter, *this);
   QFont inPixels = font();
   inPixels.setPixelSize(qRound(fontInfo().pixelSize() * devicePixelRatioF()));
-  painter.setFont(fitted(inPixels, text(), place_.width));
+  painter.setFont(fitted(inPixels, text(), place().width));
   painter.setPen(palette().color(QPalette::WindowText));
-  painter.drawText(place_.left, place_.top + painter.fontMetrics().ascent(), text());
-}
-
-void PlacedPicture::setPlace(const FormPlace& place) {
-  place_ = place;
-  cover(*this, place);
+  painter.drawText(place().left, place().top + painter.fontMetrics().ascent(), text());
 }
 
 void PlacedPicture::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   paintInPixelsOfTheScreen(painter, *this);
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
-  painter.drawPixmap(toQt(place_), pixmap());
+  painter.drawPixmap(toQt(place()), pixmap());
 }

@@ -36,30 +36,36 @@ class QPainter;
 /// the window's client area.
 void paintInPixelsOfTheScreen(QPainter& painter, const QWidget& widget);
 
-/// A label of one line at a place in pixels of the screen, in its own font, fitted, and colour.
-class PlacedLabel : public QLabel {
+/// A widget of the framework's at a place in pixels of the screen.
+template <typename Widget>
+class Placed : public Widget {
  public:
-  using QLabel::QLabel;
-  void setPlace(const FormPlace& place);
+  using Widget::Widget;
+  void setPlace(const FormPlace& place) {
+    place_ = place;
+    cover(*this, place);
+  }
   const FormPlace& place() const { return place_; }
-
- protected:
-  void paintEvent(QPaintEvent* event) override;
 
  private:
   FormPlace place_ = {};
 };
 
-/// A picture at a place in pixels of the screen, stretched to it.
-class PlacedPicture : public QLabel {
+/// A label of one line, in its own font, fitted, and colour.
+class PlacedLabel : public Placed<QLabel> {
  public:
-  using QLabel::QLabel;
+  using Placed::Placed;
   void setPlace(const FormPlace& place);
-  const FormPlace& place() const { return place_; }
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+};
 
- private:
-  FormPlace place_ = {};
+/// A picture, stretched to its place.
+class PlacedPicture : public Placed<QLabel> {
+ public:
+  using Placed::Placed;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
 };

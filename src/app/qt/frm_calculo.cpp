@@ -5,11 +5,11 @@
 #include <QPushButton>
 #include <algorithm>
 
+#include "app/desktop/calculate.h"
 #include "app/desktop/forms.h"
 #include "app/qt/drawn_form.h"
 #include "app/qt/principal.h"
 #include "app/qt/window_place.h"
-#include "core/platform.h"
 
 TfrmCalculo* frmCalculo = nullptr;
 
@@ -50,12 +50,10 @@ TfrmCalculo::TfrmCalculo(QWidget* owner) : QDialog(owner) {
 }
 
 void TfrmCalculo::btnCalcularClick() {
-  if (edDatos->text().isEmpty()) {
-    Application->MessageBox(kNoFile, kNoFileCaption);
-    return;
-  }
-  TPrincipal progress(nullptr, edDatos->text().toLocal8Bit().toStdString(), "", "", "");
-  progress.exec();
+  calculate(edDatos->text().toLocal8Bit().toStdString(), [](const RunPaths& paths) {
+    TPrincipal(nullptr, paths.dataFile, paths.typologyFile, paths.outputFile, paths.markerFile)
+        .exec();
+  });
 }
 
 void TfrmCalculo::btnCerrarClick() { close(); }

@@ -2,7 +2,6 @@
 #include <clocale>
 #include <optional>
 
-#include "app/console/standard_streams.h"
 #include "app/desktop/platform_command_line.h"
 #include "app/desktop/start_up.h"
 #include "app/qt/desktop_application.h"
@@ -12,6 +11,25 @@
 #include "app/qt/principal.h"
 #include "app/qt/screen.h"
 #include "app/run_safely.h"
+#include "app/standard_streams.h"
+
+namespace {
+
+class Forms : public DesktopForms {
+  void createMainForm(const RunPaths& paths) override {
+    Principal = &mainForm_.emplace(nullptr, paths.dataFile, paths.typologyFile, paths.outputFile,
+                                   paths.markerFile);
+    QObject::connect(Principal, &QDialog::finished, [] { QCoreApplication::exit(); });
+  }
+  void createInputForm() override { frmCalculo = &inputForm_.emplace(nullptr); }
+  void showMainForm() override { Principal->show(); }
+  void loop() override { QApplication::exec(); }
+
+  std::optional<TPrincipal> mainForm_;
+  std::optional<TfrmCalculo> inputForm_;
+};
+
+}  // namespace
 
 int main(int argc, char* argv[]) {
   openStandardStreams();
@@ -35,15 +53,7 @@ int main(int argc, char* argv[]) {
     QApplication::setWindowIcon(programIcon());
     QApplication::setQuitOnLastWindowClosed(false);  // a message box is a window too
 
-    std::optional<TPrincipal> mainForm;  // the forms too are there for as long as the process
-    std::optional<TfrmCalculo> inputForm;
-    startUp(platformCommandLine(argc, argv), [&](const RunPaths& paths) {
-      Principal = &mainForm.emplace(nullptr, paths.dataFile, paths.typologyFile, paths.outputFile,
-                                    paths.markerFile);
-      frmCalculo = &inputForm.emplace(nullptr);
-      QObject::connect(Principal, &QDialog::finished, [] { QCoreApplication::exit(); });
-      Principal->show();
-      QApplication::exec();
-    });
+    Forms forms;
+    startUp(platformCommandLine(argc, argv), forms);
   });
 }

@@ -66,7 +66,7 @@ void TPrincipal::layOut() {
   const int dpi = dpiOf(*this);
   Panel1->setGeometry(rect().adjusted(0, 0, 1, 1));  // a screen's last pixel may be half of one
   Image1->setPlace(at(kLogo, kDpi, dpi));
-  Image1->setPixmap(logoPicture(Image1->place().width));
+  Image1->setPixmap(logoPicture(logoScale(dpi)));
   PlacedLabel* const labels[] = {Label1, Label2, Label3, Label4};
   for (std::size_t i = 0; i < std::size(labels); ++i) labels[i]->setPlace(stagePlace(i, dpi));
   pbBarra->setPlace(at(kBar, kDpi, dpi));

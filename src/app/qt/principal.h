@@ -16,7 +16,7 @@ class QTimer;
 /// that fails ends the process instead. The user cannot close it before.
 class TPrincipal : public QDialog {
  public:
-  /// The items of the command line: template, typology, output, marker. `owner` may be null.
+  /// `owner` may be null.
   TPrincipal(QWidget* owner, const std::string& item0, const std::string& item1,
              const std::string& item2, const std::string& item3);
 

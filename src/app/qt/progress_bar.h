@@ -2,16 +2,13 @@
 
 #include <QProgressBar>
 
-#include "app/desktop/forms.h"
+#include "app/qt/drawn_form.h"
 #include "core/platform.h"
 
-/// The bar of the progress form: 0 to 100, drawn flat in its own colours under every style, at a
-/// place in pixels of the screen.
-class ProgressBar : public QProgressBar, public TProgressBar {
+/// The bar of the progress form: 0 to 100, drawn flat in its own colours under every style.
+class ProgressBar : public Placed<QProgressBar>, public TProgressBar {
  public:
   explicit ProgressBar(QWidget* parent);
-  void setPlace(const FormPlace& place);
-  const FormPlace& place() const { return place_; }
 
   int GetPosition() const override { return value(); }
   /// Positions beyond the ends stop at them.
@@ -19,7 +16,4 @@ class ProgressBar : public QProgressBar, public TProgressBar {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
-
- private:
-  FormPlace place_ = {};
 };

@@ -15,7 +15,7 @@
 #include <QtGlobal>
 #include <cstdlib>
 
-#include "app/console/console_application.h"
+#include "app/message_lines.h"
 #include "app/qt/framework_faults.h"
 #include "app/qt/message_box.h"
 #include "core/cp1252.h"
@@ -114,9 +114,8 @@ void endAsAnErrorIfScreenIsLost() {
   std::atexit([] {
     // The box that was on it has not been read, or not to its end.
     const std::string_view boxText = textOfOpenBox();
-    ConsoleApplication().MessageBox(
-        boxText.empty() ? "Se ha perdido la conexión con la pantalla"_cp1252 : boxText,
-        kErrorCaption);
+    sayMessage(boxText.empty() ? "Se ha perdido la conexión con la pantalla"_cp1252 : boxText,
+               kErrorCaption);
     writeKeptRemarks();
     std::_Exit(kExitError);
   });

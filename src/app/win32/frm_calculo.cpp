@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "app/desktop/calculate.h"
 #include "app/win32/principal.h"
 #include "core/platform.h"
 #include "core/wide_text.h"
@@ -42,19 +43,18 @@ void TfrmCalculo::layOut() {
 void TfrmCalculo::btnCalcularClick() {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(edDatos_)), L'\0');
   GetWindowTextW(edDatos_, text.data(), static_cast<int>(text.size()) + 1);
-  if (text.empty()) {
-    Application->MessageBox(kNoFile, kNoFileCaption);
-    return;
-  }
-  bool open = true;
-  TPrincipal progress(handle(), {toUtf8(text), "", "", ""}, [&] { open = false; });
-  EnableWindow(handle(), FALSE);  // modal
-  progress.show();
-  while (open) {
-    WaitMessage();
-    Application->ProcessMessages();
-  }
-  EnableWindow(handle(), TRUE);
+  calculate(toUtf8(text), [&](const RunPaths& paths) {
+    bool open = true;
+    TPrincipal progress(handle(), paths.dataFile, paths.typologyFile, paths.outputFile,
+                        paths.markerFile, [&] { open = false; });
+    EnableWindow(handle(), FALSE);  // modal
+    progress.show();
+    while (open) {
+      WaitMessage();
+      Application->ProcessMessages();
+    }
+    EnableWindow(handle(), TRUE);
+  });
 }
 
 void TfrmCalculo::btnCerrarClick() { ShowWindow(handle(), SW_HIDE); }

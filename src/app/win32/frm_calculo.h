@@ -8,9 +8,7 @@ class TfrmCalculo : public FormWindow {
  public:
   explicit TfrmCalculo(HWND owner);
 
-  /// Runs the template of `edDatos` in a modal progress form, without any other path, so that the
-  /// run fails where it looks for the typology file. An empty text is only remarked upon.
-  void btnCalcularClick();
+  void btnCalcularClick();  // see calculate, with the text of `edDatos`
   void btnCerrarClick();
 
  private:

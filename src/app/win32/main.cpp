@@ -1,4 +1,3 @@
-
 #include <optional>
 
 #include "app/desktop/platform_command_line.h"
@@ -8,6 +7,23 @@
 #include "app/win32/frm_calculo.h"
 #include "app/win32/principal.h"
 
+namespace {
+
+class Forms : public DesktopForms {
+  void createMainForm(const RunPaths& paths) override {
+    Principal = &mainForm_.emplace(nullptr, paths.dataFile, paths.typologyFile, paths.outputFile,
+                                   paths.markerFile, [] { PostQuitMessage(0); });
+  }
+  void createInputForm() override { frmCalculo = &inputForm_.emplace(nullptr); }
+  void showMainForm() override { Principal->show(); }
+  void loop() override { runMessageLoop(); }
+
+  std::optional<TPrincipal> mainForm_;
+  std::optional<TfrmCalculo> inputForm_;
+};
+
+}  // namespace
+
 int main(int argc, char* argv[]) {
   DesktopApplication application;
   Application = &application;
@@ -15,13 +31,7 @@ int main(int argc, char* argv[]) {
     const INITCOMMONCONTROLSEX controls = {sizeof controls,
                                            ICC_PROGRESS_CLASS | ICC_STANDARD_CLASSES};
     InitCommonControlsEx(&controls);
-    std::optional<TPrincipal> mainForm;  // the forms are there for as long as the process
-    std::optional<TfrmCalculo> inputForm;
-    startUp(platformCommandLine(argc, argv), [&](const RunPaths& paths) {
-      Principal = &mainForm.emplace(nullptr, paths, [] { PostQuitMessage(0); });
-      frmCalculo = &inputForm.emplace(nullptr);
-      Principal->show();
-      runMessageLoop();
-    });
+    Forms forms;
+    startUp(platformCommandLine(argc, argv), forms);
   });
 }

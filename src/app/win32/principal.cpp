@@ -1,9 +1,6 @@
 #include "app/win32/principal.h"
 
-#include <algorithm>
 #include <utility>
-
-#include "app/win32/resources.h"
 
 using namespace progress_form;
 
@@ -15,18 +12,10 @@ constexpr UINT_PTR kTimer1 = 1;
 
 constexpr COLORREF toWindows(Colour colour) { return RGB(colour.red, colour.green, colour.blue); }
 
-/// The logo's raster for a place that is so wide or, where there is none, the next larger.
-Bitmap loadLogo(int pixels) {
-  Bitmap logo;
-  for (const int resource : {kLogo100, kLogo150, kLogo200}) {
-    logo.reset(
-        static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(resource),
-                                        IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
-    BITMAP measures = {};
-    GetObjectW(logo.get(), sizeof measures, &measures);
-    if (measures.bmWidth >= pixels) break;
-  }
-  return logo;
+/// The logo's rasters are resources whose numbers are their scales.
+Bitmap loadLogo(int scale) {
+  return Bitmap(static_cast<HBITMAP>(LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(scale),
+                                                IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION)));
 }
 
 }  // namespace
@@ -36,15 +25,16 @@ int ProgressBar::GetPosition() const {
 }
 
 void ProgressBar::SetPosition(int position) {
-  const int bounded = std::clamp(position, 0, kBarMaximum);
-  SendMessageW(control_, PBM_SETPOS, static_cast<WPARAM>(bounded), 0);
+  SendMessageW(control_, PBM_SETPOS, static_cast<WPARAM>(bounded(position)), 0);
 }
 
-TPrincipal::TPrincipal(HWND owner, const RunPaths& paths, std::function<void()> closed)
+TPrincipal::TPrincipal(HWND owner, const std::string& item0, const std::string& item1,
+                       const std::string& item2, const std::string& item3,
+                       std::function<void()> closed)
     // A title and nothing to click on it.
     : FormWindow({kTitle, kClient, kDpi, WS_POPUP | WS_CAPTION | WS_CLIPCHILDREN, COLOR_WINDOW},
                  owner),
-      run_(paths),
+      run_({item0, item1, item2, item3}),
       closed_(std::move(closed)),
       labels_(),
       pbBarra_(addChild(PROGRESS_CLASSW, {}, PBS_SMOOTH)) {
@@ -55,7 +45,7 @@ TPrincipal::TPrincipal(HWND owner, const RunPaths& paths, std::function<void()> 
   // The edge of one without is of two colours, one of them lost on white: the form draws another.
   SetWindowTheme(pbBarra_.handle(), L" ", L" ");
   SetWindowLongPtrW(pbBarra_.handle(), GWL_EXSTYLE, 0);
-  SendMessageW(pbBarra_.handle(), PBM_SETRANGE32, 0, kBarMaximum);
+  SendMessageW(pbBarra_.handle(), PBM_SETRANGE32, 0, TProgressBar::kMaximum);
   SendMessageW(pbBarra_.handle(), PBM_SETBARCOLOR, 0, static_cast<LPARAM>(toWindows(kBarFilled)));
   SendMessageW(pbBarra_.handle(), PBM_SETBKCOLOR, 0, static_cast<LPARAM>(toWindows(kBarEmpty)));
   placeAll();
@@ -69,7 +59,7 @@ void TPrincipal::layOut() {
     place(labels_[i], stagePlace(i, dpi()));
   }
   layOutBar();
-  logo_ = loadLogo(at(kLogo, kDpi, dpi()).width);
+  logo_ = loadLogo(logoScale(dpi()));
 }
 
 /// The control leaves a pixel free around what it fills. That is cut off, and the form's edge is

@@ -27,7 +27,8 @@ class ProgressBar : public TProgressBar {
 class TPrincipal : public FormWindow {
  public:
   /// `closed` is called when the form has closed. `owner` may be null.
-  TPrincipal(HWND owner, const RunPaths& paths, std::function<void()> closed);
+  TPrincipal(HWND owner, const std::string& item0, const std::string& item1,
+             const std::string& item2, const std::string& item3, std::function<void()> closed);
 
   void show() override;
   void FormShow();

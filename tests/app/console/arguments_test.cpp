@@ -57,7 +57,7 @@ TEST(Arguments, EverythingElseIsWrong) {
     const char* problem;
   } cases[] = {
       {"nothing", {}, "se esperaban cuatro rutas y se han dado 0"},
-      {"one path in no form", {"a.bdl"}, "se esperaban cuatro rutas y se han dado 1"},
+      {"one path in no form", {"a.bdl"}, "se esperaban cuatro rutas y se ha dado 1"},
       {"three paths", {"a", "b", "c"}, "se esperaban cuatro rutas y se han dado 3"},
       {"five paths", {"a", "b", "c", "d", "e"}, "se esperaban cuatro rutas y se han dado 5"},
       {"unknown option", {"a", "b", "c", "d", "--rapido"}, "opción desconocida: --rapido"},

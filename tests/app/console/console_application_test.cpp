@@ -2,10 +2,26 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
+namespace {
+
+/// What `act` writes to standard error.
+template <typename Act>
+std::string shownBy(Act&& act) {
+  testing::internal::CaptureStderr();
+  act();
+  return testing::internal::GetCapturedStderr();
+}
+
+const std::string kHalfWay = "\rGenerando el edificio ... 50 %";
+const std::string kWipe = "\r" + std::string(40, ' ') + "\r";
+
+}  // namespace
+
 TEST(ConsoleProgressBar, BoundsItsPosition) {
-  ConsoleProgressBar bar(false);
+  ConsoleProgressBar bar(nullptr);
   EXPECT_EQ(0, bar.GetPosition());
   bar.SetPosition(75);
   EXPECT_EQ(75, bar.GetPosition());
@@ -15,77 +31,57 @@ TEST(ConsoleProgressBar, BoundsItsPosition) {
   EXPECT_EQ(0, bar.GetPosition());
 }
 
-TEST(ConsoleProgressBar, DrawsOnlyWhenVisible) {
-  testing::internal::CaptureStderr();
-  ConsoleProgressBar(false).SetPosition(50);
-  EXPECT_EQ("", testing::internal::GetCapturedStderr());
-
-  testing::internal::CaptureStderr();
-  ConsoleProgressBar(true).SetPosition(50);
-  EXPECT_TRUE(
-      testing::internal::GetCapturedStderr().starts_with("\rGenerando el edificio ... 50 %"));
-}
-
-TEST(ConsoleApplication, MessagesAreLinesOnStandardError) {
+TEST(ConsoleProgressBar, IsShownWhereThereIsATerminal) {
+  EXPECT_EQ("", shownBy([] { ConsoleProgressBar(nullptr).SetPosition(50); }));
   ConsoleApplication application;
-  testing::internal::CaptureStderr();
-  application.MessageBox(
-      "No existe la librer\xED"
-      "a",
-      "Se ha producido un error");
-  EXPECT_EQ("Se ha producido un error: No existe la librería\n",
-            testing::internal::GetCapturedStderr());
+  EXPECT_EQ(kHalfWay, shownBy([&] { ConsoleProgressBar(&application).SetPosition(50); }));
 }
 
-namespace {
-
-std::string shown(const Fault& fault) {
+TEST(ConsoleProgressBar, IsWrittenAnewOnlyWhenItsPercentageChanges) {
   ConsoleApplication application;
-  testing::internal::CaptureStderr();
-  application.ShowFault(fault);
-  return testing::internal::GetCapturedStderr();
+  ConsoleProgressBar bar(&application);
+  EXPECT_EQ("\rGenerando el edificio ... 0 %", shownBy([&] { bar.SetPosition(0); }));
+  EXPECT_EQ("\rGenerando el edificio ... 100 %", shownBy([&] {
+              bar.SetPosition(100);
+              bar.SetPosition(101);
+            }));
 }
 
-}  // namespace
-
-TEST(ConsoleApplication, AFaultWithALineShowsItInASecondOne) {
-  EXPECT_EQ(
-      "Se ha producido un error: Superficie no válida\n"
-      "  casa.tip:5:18: AREA-PLANTA = 72,9\n",
-      shown({"Superficie no v\xE1lida", Place{.file = "casa.tip",
-                                              .line = 5,
-                                              .column = 18,
-                                              .length = 4,
-                                              .text = "   AREA-PLANTA = 72,9"}}));
+TEST(ConsoleProgressBar, ReportsNothingAtItsEnd) {
+  ConsoleApplication application;
+  auto bar = std::make_unique<ConsoleProgressBar>(&application);
+  EXPECT_EQ(kHalfWay, shownBy([&] { bar->SetPosition(50); }));
+  EXPECT_EQ("", shownBy([&] { bar.reset(); }));
 }
 
-TEST(ConsoleApplication, TheLineOfAFaultIsDecodedAsItsMessageIs) {
-  EXPECT_EQ(
-      "Se ha producido un error: No vale\n  Ñandú.tip:1:1: PAÑO = 2\n",
-      shown(
-          {"No vale",
-           Place{
-               .file = "Ñandú.tip", .line = 1, .column = 1, .length = 1, .text = "PA\xD1O = 2"}}));
+TEST(ConsoleApplication, WipesProgressOnceAndOnlyWhereItIsShown) {
+  ConsoleApplication application;
+  EXPECT_EQ("", shownBy([&] { application.wipeProgress(); }));
+  application.showProgress(50);
+  EXPECT_EQ(kWipe, shownBy([&] {
+              application.wipeProgress();
+              application.wipeProgress();
+            }));
+  EXPECT_EQ(kHalfWay, shownBy([&] { application.showProgress(50); })) << "shown again";
 }
 
-TEST(ConsoleApplication, AnEmptyLineIsShownAsItsPlace) {
-  EXPECT_EQ("Se ha producido un error: No vale\n  casa.tip:3:1:\n",
-            shown({"No vale", Place{.file = "casa.tip", .line = 3, .column = 1, .text = {}}}));
+TEST(ConsoleApplication, AMessageTakesThePlaceOfProgress) {
+  ConsoleApplication application;
+  application.showProgress(50);
+  EXPECT_EQ(kWipe + "Se ha producido un error: No vale\n", shownBy([&] {
+              application.ShowFault({"No vale", {}});
+            }));
+  application.showProgress(50);
+  EXPECT_EQ(kWipe + "Aviso: No vale\n",
+            shownBy([&] { application.MessageBox("No vale", "Aviso"); }));
 }
 
-TEST(ConsoleApplication, AFaultWithoutALineIsItsMessageAlone) {
-  const std::string alone = "Se ha producido un error: No vale\n";
-  EXPECT_EQ(alone, shown({"No vale", {}}));
-  EXPECT_EQ(alone, shown({"No vale", Place{.file = "casa.tip", .text = {}}}));
-}
-
-TEST(ConsoleApplication, TheBarIsWipedBeforeAFault) {
-  ConsoleProgressBar bar(true);
-  testing::internal::CaptureStderr();
-  bar.SetPosition(50);
-  ConsoleApplication().ShowFault({"No vale", {}});
-  const std::string text = testing::internal::GetCapturedStderr();
-  EXPECT_TRUE(text.ends_with(" \rSe ha producido un error: No vale\n")) << text;
+TEST(ConsoleApplication, AMessageTakesThePlaceOfABarThatIsNoMore) {
+  ConsoleApplication application;
+  ConsoleProgressBar(&application).SetPosition(50);
+  EXPECT_EQ(kWipe + "Se ha producido un error: No vale\n", shownBy([&] {
+              application.ShowFault({"No vale", {}});
+            }));
 }
 
 TEST(ConsoleApplication, TerminateExitsWithTheStatus) {

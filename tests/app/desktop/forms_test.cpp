@@ -67,6 +67,14 @@ TEST(Forms, NothingOnTheProgressFormOverlapsOrLeavesIt) {
   }
 }
 
+TEST(Forms, TheLogosRasterIsTheScreensOwnOrTheNextLarger) {
+  const struct {
+    int dpi, scale;
+  } rows[] = {{48, 100},  {95, 100},  {96, 100},  {97, 150},  {120, 150}, {144, 150},
+              {145, 200}, {168, 200}, {192, 200}, {193, 200}, {960, 200}};
+  for (const auto& row : rows) EXPECT_EQ(row.scale, progress_form::logoScale(row.dpi)) << row.dpi;
+}
+
 TEST(Forms, TheInputFormsButtonsStandBesideEachOtherUnderItsEdit) {
   using namespace input_form;
   EXPECT_EQ(kLabelPlace.top, kEditPlace.top);

@@ -5,7 +5,7 @@
 #include <new>
 #include <stdexcept>
 
-#include "app/console/console_application.h"
+#include "app/run_generation_fixture.h"
 #include "support/minimal_building.h"
 #include "support/recording_application.h"
 #include "support/temporary_folder.h"
@@ -17,7 +17,7 @@ class ProgressRunTest : public testing::Test {
   TemporaryFolder folder_;
   MinimalBuilding building_{folder_};
   ProgressRun run_{building_.as<RunPaths>()};
-  ConsoleProgressBar bar_{false};
+  NoBar bar_;
 };
 
 /// A desktop that fails in the middle of a run, when the bar has moved for the second time.

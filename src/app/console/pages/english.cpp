@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "typology/tipo.h"
+
 namespace {
 
 constexpr EnglishOption kOptions[] = {
@@ -34,6 +36,7 @@ constexpr EnglishOption kOptions[] = {
     {"lote", "--quiet", "", "shows no progress"},
 };
 
+static_assert(kLastTipo == 23, "the texts below name the last number");
 constexpr EnglishWork kWorks[] = {
     {"", "generate the thermal model of a dwelling building",
      "TEMPLATE.bdl TYPOLOGY.tip OUTPUT MARKER",

@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "app/command_line.h"
-#include "app/console/standard_streams.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
+#include "app/standard_streams.h"
 #include "check/checker.h"
 #include "check/formats.h"
 #include "core/report_error.h"

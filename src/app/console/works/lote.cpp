@@ -3,18 +3,17 @@
 #include <algorithm>
 #include <charconv>
 #include <chrono>
-#include <cstdio>
 #include <cstdlib>
 #include <thread>
 
-#include "app/console/standard_streams.h"
-#include "app/console/terminal_text.h"
 #include "app/console/works/interrupts.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
+#include "app/message_lines.h"
+#include "app/standard_streams.h"
 #include "app/version.h"
 #include "core/concat.h"
-#include "core/cp1252.h"
+#include "core/counted.h"
 #include "core/report_error.h"
 #include "stock/list_columns.h"
 #include "stock/summary.h"
@@ -26,12 +25,6 @@ using stock::StockOptions;
 
 constexpr int kExitFaults = 1;
 constexpr int kExitSignal = 128;  // and its number
-
-void say(std::string_view text) {
-  const std::string encoded = forTerminal(cp1252::toUtf8(text));
-  std::fwrite(encoded.data(), 1, encoded.size(), stderr);
-  std::fflush(stderr);
-}
 
 /// A whole number from 1; wrong arguments otherwise.
 long countOf(const WorkArguments& arguments, std::string_view option, long missing, long most) {
@@ -61,8 +54,8 @@ Shard shardFor(const WorkArguments& arguments) {
       stock::shardOfArray([](const char* name) { return std::getenv(name); }, problem);
   if (!problem.empty()) throw WrongWorkArguments{problem};
   if (!shard) return {};
-  say(concat("Serie de Slurm: se trabaja en la parte ", std::to_string(shard->number), "/",
-             std::to_string(shard->count), "\n"));
+  sayText(concat("Serie de Slurm: se trabaja en la parte ", std::to_string(shard->number), "/",
+                 std::to_string(shard->count), "\n"));
   return *shard;
 }
 
@@ -101,15 +94,15 @@ class ProgressLine {
     constexpr double kPlainEvery = 10;  // s
     if (quiet_) return;
     if (terminal_) {
-      say(concat("\r\x1B[K", stock::progressText(counts, seconds)));
+      sayText(concat("\r\x1B[K", stock::progressText(counts, seconds)));
       shown_ = true;
     } else if (seconds >= last_ + kPlainEvery) {
       last_ = seconds;
-      say(concat(stock::progressText(counts, seconds), "\n"));
+      sayText(concat(stock::progressText(counts, seconds), "\n"));
     }
   }
   void clear() {
-    if (shown_) say("\r\x1B[K");
+    if (shown_) sayText("\r\x1B[K");
     shown_ = false;
   }
 
@@ -135,12 +128,11 @@ int work(const WorkArguments& arguments, const std::string& folder) {
   ProgressLine line(arguments.has("--quiet"));
   stock::StockWatch watch;
   watch.begin = [](const std::vector<Fault>& warnings) {
-    for (const Fault& warning : warnings) say(stock::warningText(warning));
+    for (const Fault& warning : warnings) sayText(stock::warningText(warning));
   };
   watch.beginAgain = [](long rows) {
-    say(concat("La carpeta ya tiene resultados de ", std::to_string(rows),
-               rows == 1 ? " vivienda" : " viviendas",
-               ": se hacen todas de nuevo. Con --reanudar se hace solo lo que falta.\n"));
+    sayText(concat("La carpeta ya tiene resultados de ", counted(rows, "vivienda", "viviendas"),
+                   ": se hacen todas de nuevo. Con --reanudar se hace solo lo que falta.\n"));
   };
   watch.progress = [&](const stock::StockCounts& counts, double seconds) {
     line.show(counts, seconds);
@@ -149,7 +141,7 @@ int work(const WorkArguments& arguments, const std::string& folder) {
   watch.interrupted = &Interrupts::requested();
   const stock::StockEnd end = stock::runStock(options, watch);
   line.clear();
-  say(stock::summaryText(end));
+  sayText(stock::summaryText(end));
   if (end.fault) ReportFailure(ErrorLog, *end.fault);
   if (end.interrupted) return kExitSignal + Interrupts::signal();
   const bool good = end.complete() && end.counts.refused == 0 && end.counts.failed == 0;
@@ -169,7 +161,8 @@ int lote(const WorkArguments& arguments) {
   if (!arguments.has("--unir")) return work(arguments, *folder);
   requireOnly(arguments, "--unir", {"--salida", "--informe", "--quiet"});
   const stock::JoinedShards joined = stock::joinShards(*folder, arguments.has("--informe"));
-  say(concat("Unidas ", std::to_string(joined.shards), " partes: ", std::to_string(joined.rows),
-             " viviendas\n"));
+  sayText(concat(numbered(joined.shards, "Unida ", "Unidas "),
+                 counted(joined.shards, "parte", "partes"), ": ",
+                 counted(joined.rows, "vivienda", "viviendas"), "\n"));
   return 0;
 }

@@ -6,8 +6,8 @@
 #include <string>
 #include <system_error>
 
-#include "app/console/standard_streams.h"
-#include "app/console/terminal_text.h"
+#include "app/standard_streams.h"
+#include "app/terminal_text.h"
 #include "app/console/works/new_typology.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"

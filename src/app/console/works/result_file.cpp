@@ -2,8 +2,8 @@
 
 #include <cstdio>
 
-#include "app/console/standard_streams.h"
-#include "app/console/terminal_text.h"
+#include "app/standard_streams.h"
+#include "app/terminal_text.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
 #include "core/text_mode.h"

@@ -5,11 +5,12 @@
 // No parser of a library: what CLI11 brings along (streams, checks that are built before main)
 // would be part of every run, which has to be as lean as it was and to survive a lack of memory.
 
-#include "app/console/terminal_text.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
+#include "app/terminal_text.h"
 #include "check/suggestion.h"
 #include "core/concat.h"
+#include "core/counted.h"
 #include "core/paths.h"
 #include "core/run_ended.h"
 #include "generator/run_inputs.h"
@@ -69,8 +70,9 @@ std::string problemWith(const Work& work, const WorkArguments& arguments) {
   }
   if (arguments.operands.size() < work.leastOperands ||
       arguments.operands.size() > work.mostOperands) {
-    return concat(expectedOperands(work), " y se han dado ",
-                  std::to_string(arguments.operands.size()));
+    const std::size_t given = arguments.operands.size();
+    return concat(expectedOperands(work), " y ", numbered(given, "se ha dado ", "se han dado "),
+                  std::to_string(given));
   }
   const std::optional<std::string> result = arguments.given(kSalida.name);
   const bool isFile = std::ranges::find(work.options, &kSalida) != work.options.end();

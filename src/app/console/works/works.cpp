@@ -8,6 +8,7 @@
 #include "app/console/works/nueva.h"
 #include "app/console/works/plano.h"
 #include "app/console/works/work.h"
+#include "typology/tipo.h"
 
 constexpr Option kSalida{.name = "--salida",
                          .value = "FICHERO",
@@ -97,6 +98,7 @@ constexpr std::array kNuevaOptions = {&kSalida, &kHelpOption};
 constexpr std::array kPlanoOptions = {&kPlanta, &kSalida, &kHelpOption};
 constexpr std::array kInformeOptions = {&kFormato, &kSalida, &kHelpOption};
 
+static_assert(kLastTipo == 23, "the texts below name the last number");
 constexpr Work kWorks[] = {
     {"nueva", "escribe una tipología para empezar, con todos sus datos explicados",
      "13 --salida casa.tip", "TIPO",

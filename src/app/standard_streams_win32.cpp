@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "app/console/standard_streams.h"
+#include "app/standard_streams.h"
 
 namespace {
 

@@ -2,7 +2,7 @@
 #include <langinfo.h>
 #include <locale.h>
 
-#include "app/console/terminal_text.h"
+#include "app/terminal_text.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include "app/console/standard_streams.h"
+#include "app/standard_streams.h"
 
 bool standardErrorIsTerminal() { return isatty(STDERR_FILENO) != 0; }
 bool standardOutputIsTerminal() { return isatty(STDOUT_FILENO) != 0; }
