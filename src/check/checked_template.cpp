@@ -5,6 +5,7 @@
 
 #include "check/written_typology.h"
 #include "generator/orientation.h"
+#include "generator/window_emitter.h"
 
 namespace {
 
@@ -14,7 +15,7 @@ WindowCounts countWindows(const TableFile& table) {
     if (surface.kind < 1) continue;
     const int orientation = classifyOrientation(surface.azimuth, surface.tilt);
     if (orientation < 0) continue;
-    const bool courtyard = surface.name.find("Med") != std::string_view::npos;
+    const bool courtyard = looksIntoCourtyard(surface.name);
     ++(courtyard ? counts.courtyard : counts.street)[facadeIndex(orientation)];
   }
   return counts;

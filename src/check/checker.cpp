@@ -14,18 +14,12 @@
 #include "core/report_error.h"
 #include "core/run_ended.h"
 #include "generator/generation_sequence.h"
-#include "generator/typology_geometry.h"
+#include "plan/plan_numbers.h"
 
 namespace {
 
 constexpr std::string_view kCommandType = "VIVIENDA";
 constexpr std::string_view kNothing = "nada";
-
-class NoProgressBar : public TProgressBar {
- public:
-  int GetPosition() const override { return 0; }
-  void SetPosition(int /*position*/) override {}
-};
 
 using FaultKey = std::tuple<std::string, std::string, long, long>;
 
@@ -71,9 +65,13 @@ bool leavesNoPlan(const Fault& fault) {
   const Code code = codeOfRunMessage(fault.message);
   if (code == Code::kFaltaVivienda) return true;
   if (code != Code::kFaltaDato) return false;
-  constexpr std::string_view kNeeded[] = {" TIPO", " AREA-PLANTA", " LONGITUD-FACHADA"};
-  return std::ranges::any_of(kNeeded,
-                             [&](std::string_view word) { return fault.message.ends_with(word); });
+  const auto isOf = [&](std::string_view word) {
+    return fault.message.ends_with(concat(" ", word));
+  };
+  return isOf(nameOf(PlanKeyword::kTipo)) ||
+         std::ranges::any_of(planNumbers(), [&](const PlanNumber& number) {
+           return number.ofEveryFamily && isOf(number.name);
+         });
 }
 
 }  // namespace
@@ -197,8 +195,7 @@ class Checker::Run {
     }
     runFault_ = faultOf([&] {
       OutputLines nobodyReads;
-      NoProgressBar bar;
-      ::generate(plantilla, *record_, nobodyReads, bar);
+      ::generate(plantilla, *record_, nobodyReads);
     });
     if (runFault_) keep(faultsOfGenerating(plantilla, *record_));
   }

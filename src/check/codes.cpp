@@ -166,6 +166,7 @@ constexpr RunMessage kRunMessages[] = {
     {"que no tiene huecos en esta tipología"_cp1252, kVentanaSinHuecos},
     {"en la salida no es un número finito"_cp1252, kNoFinito},
     {" no válida"_cp1252, kMedidaDePlanta},
+    {" no es válida"_cp1252, kMedidaDePlanta},
     {" debe ser >", kMedidaDePlanta},
     {" debe ser menor que la ", kMedidaDePlanta},
     {"la longitud de la fachada debe ser mayor", kMedidaDePlanta},

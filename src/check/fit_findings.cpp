@@ -12,13 +12,12 @@
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "generator/name_list.h"
-#include "generator/typology_geometry.h"
+#include "generator/window_emitter.h"
+#include "plan/plan_numbers.h"
 #include "typology/tipo.h"
 #include "typology/vivienda_keywords.h"
 
 namespace {
-
-constexpr float kStoreyOfSizing = 3.0F;  // m; windows are sized for storeys of this height
 
 /// A number for people: a decimal comma, no zeros at its end.
 std::string shown(double value, int decimals = 2) {
@@ -32,8 +31,6 @@ std::string shown(double value, int decimals = 2) {
   std::ranges::replace(text, '.', ',');
   return text;
 }
-
-constexpr std::array<std::string_view, 4> kFacadeNames = {"sur", "este", "norte", "oeste"};
 
 class Fit {
  public:
@@ -188,7 +185,7 @@ class Fit {
     const TipoRow& row = tipoRow(typology_.tipo);
     if (row.shades == CourtyardShades::kNotLookedFor) return;
     const auto shades = commands_.ofType("BUILDING-SHADE");
-    const std::array<std::string_view, 2> names = {"Sombra001", "Sombra002"};
+    const std::array<std::string_view, 2> names = {kFirstShadeName, kSecondShadeName};
     const std::array<bool, 2> wanted = {row.firstShade(), row.secondShade()};
     for (std::size_t i = 0; i < names.size() && i < shades.size(); ++i) {
       if (!wanted[i] || shades[i]->name.find(names[i]) != std::string_view::npos) continue;
@@ -231,10 +228,10 @@ class Fit {
   /// Where the glazing will not be what was asked for, or windows leave their wall.
   void foretellGlazing(const Plan& plan) {
     const float height = typology_.alturaPlanta;
-    const double factor = static_cast<double>(kStoreyOfSizing) / height;
-    // In a row of dwellings the data of the courtyard are those of the ends of the stair.
-    const bool row = tipoRow(typology_.tipo).family == PlanFamily::kRow;
-    const std::string inside = row ? " del extremo de la escalera" : " del patio";
+    const double factor = kStoreyHeight / height;
+    // Where there is none, the data of the courtyard are those of the ends of the stair.
+    const bool none = tipoRow(typology_.tipo).courtyards == CourtyardPlace::kNoCourtyard;
+    const std::string inside = none ? " del extremo de la escalera" : " del patio";
     bool anyGlazing = false;
     for (std::size_t facade = 0; facade < 4; ++facade) {
       const std::string name(kFacadeNames[facade]);
@@ -247,7 +244,7 @@ class Fit {
             foretellFacade("PORCENTAJE-PATIO", name + inside, typology_.porcentajePatio[facade]);
       }
     }
-    if (!anyGlazing || height == kStoreyOfSizing) return;
+    if (!anyGlazing || height == kStoreyHeight) return;
     add(Code::kHuecosDistintos, [&]() -> Finding {
       return {.code = Code::kHuecosDistintos,
               .message =
@@ -263,7 +260,7 @@ class Fit {
   bool foretellFacade(std::string_view keyword, const std::string& facade, float percentage) {
     if (!(percentage > 0) || !std::isfinite(percentage)) return false;
     const double height = typology_.alturaPlanta;
-    const double head = percentage > 100 ? kStoreyOfSizing : headOf(percentage);
+    const double head = percentage > 100 ? kStoreyHeight : headOf(percentage);
     const auto which = [&] {
       return concat(" de la fachada ", facade, " (", shown(percentage), " %)");
     };
@@ -285,13 +282,14 @@ class Fit {
     return true;
   }
 
-  /// Height of a window of the template's ordinary kind, m.
+  /// Height of a window of the template's ordinary kind, m. Not what sizeWindow makes of it: that
+  /// is rounded to 32 bits, where 80 % of a storey may be more than 2,40 m.
   static double windowHeight(double percentage) {
-    return std::clamp(kStoreyOfSizing * percentage / 100.0, 1.2, double{kStoreyOfSizing});
+    return std::clamp(kStoreyHeight * percentage / 100.0, double{kWindowHeight}, kStoreyHeight);
   }
-  /// It stands in the middle of a bay of 3 m.
+  /// It stands in the middle of its bay.
   static double headOf(double percentage) {
-    return (kStoreyOfSizing + windowHeight(percentage)) / 2.0;
+    return (kStoreyHeight + windowHeight(percentage)) / 2.0;
   }
 
   void note(Code code, std::string_view keyword, float percentage, const auto& message) {

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "core/concat.h"
+#include "core/counted.h"
 #include "core/cp1252.h"
 
 namespace {
@@ -72,10 +73,6 @@ std::string detail(std::string_view name, std::string_view value) {
   return concat("  ", name, ": ", shownLine(value), "\n");
 }
 
-std::string plural(std::size_t count, std::string_view one, std::string_view many) {
-  return concat(std::to_string(count), " ", count == 1 ? one : many);
-}
-
 }  // namespace
 
 std::string wordsOf(const Finding& finding) {
@@ -132,6 +129,6 @@ std::string asGccLine(const Finding& finding) {
 std::string countLine(const Findings& findings) {
   std::array<std::size_t, 3> counts{};
   for (const Finding& finding : findings) ++counts[static_cast<std::size_t>(severityOf(finding))];
-  return concat(plural(counts[0], "error", "errores"), ", ", plural(counts[1], "aviso", "avisos"),
-                ", ", plural(counts[2], "nota", "notas"));
+  return concat(counted(counts[0], "error", "errores"), ", ", counted(counts[1], "aviso", "avisos"),
+                ", ", counted(counts[2], "nota", "notas"));
 }

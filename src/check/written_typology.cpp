@@ -15,7 +15,7 @@
 #include "check/written_words.h"
 #include "core/concat.h"
 #include "core/cp1252.h"
-#include "generator/typology_geometry.h"
+#include "plan/plan_numbers.h"
 
 namespace {
 

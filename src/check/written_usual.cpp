@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <string>
 
 #include "check/written_vivienda.h"
@@ -9,8 +8,8 @@
 #include "core/concat.h"
 #include "core/cp1252.h"
 #include "plan/families.h"
-#include "plan/needed_measures.h"
 #include "plan/plan.h"
+#include "plan/plan_numbers.h"
 #include "typology/tipo.h"
 
 // What a typology leaves out, gives in vain, or gives as few buildings have it.
@@ -25,16 +24,14 @@ struct Usual {
 };
 
 constexpr float kNoLimit = std::numeric_limits<float>::infinity();
-constexpr Usual kStoreyHeight = {2.4F, 4.0F, 2.5F, 3.3F};  // m, from floor to floor
-constexpr Usual kOpenings = {5, 60};                       // % of a façade; 0 is as usual
-constexpr Usual kOpeningsOfFloor = {5, kNoLimit, 8, 25};   // % of a storey; few give little light
-constexpr Usual kDepth = {8, 14};                          // m, of a block with two rows of rooms
-constexpr Usual kDepthWithHole = {14, 28};  // m, with a courtyard or stair in the middle
-constexpr Usual kHouseFacade = {5, 16};     // m
-constexpr Usual kBlockFacade = {15, 45};    // m
-constexpr float kCourtyardSide = 3;         // m, and a third of the building's height
-constexpr Usual kDwelling = {40, 150};      // m2
-constexpr Usual kStair = {10, 35};          // m2 a storey
+constexpr Usual kStorey = {2.4F, 4.0F, 2.5F, 3.3F};       // m, from floor to floor
+constexpr Usual kOpenings = {5, 60};                      // % of a façade; 0 is as usual
+constexpr Usual kOpeningsOfFloor = {5, kNoLimit, 8, 25};  // % of a storey; few give little light
+constexpr Usual kHouseFacade = {5, 16};                   // m
+constexpr Usual kBlockFacade = {15, 45};                  // m
+constexpr float kCourtyardSide = 3;                       // m, and a third of the building's height
+constexpr Usual kDwelling = {40, 150};                    // m2
+constexpr Usual kStair = {10, 35};                        // m2 a storey
 constexpr Usual kStoreys = {1, 12};
 constexpr Usual kAirChanges = {0.3F, 1.5F};  // ren/h
 
@@ -46,11 +43,11 @@ class Use {
         findings_(vivienda.findings),
         r_(vivienda.record),
         row_(tipoRow(vivienda.record.tipo)),
-        needs_(needsOf(row_.family)) {}
+        family_(familyRow(row_.family)) {}
 
   void compare() {
     if (!given("TIPO")) return;
-    if (r_.tipo < 1) likeAHouse();
+    if (!isTipo(r_.tipo) && row_.family != PlanFamily::kNone) likeAHouse();
     withoutEffect("CUBIERTA", "PLANA", "todos los edificios tienen cubierta plana");
     withoutEffect("ATICO", "NO", "ningún edificio tiene ático"_cp1252);
     withoutEffect("SOTANO", "NO", "ningún edificio tiene sótano"_cp1252);
@@ -88,11 +85,13 @@ class Use {
   }
 
   void likeAHouse() {
-    findings_.add(
-        Code::kTipoComoCasa, placeOf("TIPO"),
-        concat("El TIPO ", std::to_string(r_.tipo),
-               " no existe: se tratará como una casa de dos plantas"_cp1252),
-        {.found = {}, .used = std::to_string(r_.tipo), .allowed = "1 a 23", .suggestion = {}});
+    findings_.add(Code::kTipoComoCasa, placeOf("TIPO"),
+                  concat("El TIPO ", std::to_string(r_.tipo),
+                         " no existe: se tratará como una casa de dos plantas"_cp1252),
+                  {.found = {},
+                   .used = std::to_string(r_.tipo),
+                   .allowed = concat("1 a ", std::to_string(kLastTipo)),
+                   .suggestion = {}});
   }
 
   void withoutEffect(std::string_view name, std::string_view built, std::string_view why) {
@@ -111,24 +110,13 @@ class Use {
                    .suggestion = std::string(built)});
   }
 
-  struct Measure {
-    std::string_view name;
-    float TypologyRecord::*value;
-  };
-  static constexpr Measure kMeasures[] = {
-      {"AREA-PATIO", &TypologyRecord::areaPatio},
-      {"AREA-ESCALERA", &TypologyRecord::areaEscalera},
-      {"PROFUNDIDAD-PATIO", &TypologyRecord::profundidadPatio},
-      {"PROFUNDIDAD-ESCALERA", &TypologyRecord::profundidadEscalera},
-  };
-
   void measures() {
-    for (const Measure& measure : kMeasures) {
+    for (const PlanNumber& number : planNumbers()) {
       // One that is needed and not there breaks its limits, which are errors.
-      if (r_.*measure.value == 0 || needsMeasure(r_.tipo, measure.name)) continue;
-      if (given(measure.name)) {
-        findings_.add(Code::kMedidaSinUso, placeOf(measure.name),
-                      concat("El TIPO ", std::to_string(r_.tipo), " no usa ", measure.name),
+      if (r_.*number.inTypology == 0 || family_.looksAt(number.inPlan)) continue;
+      if (given(number.name)) {
+        findings_.add(Code::kMedidaSinUso, placeOf(number.name),
+                      concat("El TIPO ", std::to_string(r_.tipo), " no usa ", number.name),
                       {.found = {}, .used = {}, .allowed = {}, .suggestion = {}});
       }
     }
@@ -136,7 +124,7 @@ class Use {
 
   void defaults() {
     defaultValue("ALTURA-PLANTA", {});
-    if (needs_.courtyardBays) defaultValue("PORCENTAJE-PATIO", {});
+    if (family_.courtyardBays) defaultValue("PORCENTAJE-PATIO", {});
     defaultValue("ORIENTACION", {});
     defaultValue("AIR-CHANGES/HR", "; 0,63 es el valor habitual en certificados");
   }
@@ -190,7 +178,7 @@ class Use {
   void usualValues() {
     // What ends the run needs no note, and what does not fit an integer has its own finding.
     if (r_.alturaPlanta > 0) {
-      usual("ALTURA-PLANTA", "La altura de planta", r_.alturaPlanta, kStoreyHeight, " m");
+      usual("ALTURA-PLANTA", "La altura de planta", r_.alturaPlanta, kStorey, " m");
     }
     if (hasStoreysOfABuilding()) {
       usual("NUMERO-PLANTAS", "El número de plantas"_cp1252, static_cast<float>(r_.numeroPlantas),
@@ -208,11 +196,10 @@ class Use {
                     {.found = {}, .used = {}, .allowed = {}, .suggestion = {}});
       return;
     }
-    constexpr std::string_view kFacades[] = {"sur", "este", "norte", "oeste"};
     for (std::size_t i = 0; i < values.size(); ++i) {
       // Fractions, and what is above 100, have their own findings.
       if (values[i] < 1 || values[i] > 100) continue;
-      usual(itemOf(name, i), concat("El porcentaje de huecos de la fachada ", kFacades[i]),
+      usual(itemOf(name, i), concat("El porcentaje de huecos de la fachada ", kFacadeNames[i]),
             values[i], kOpenings, " %");
     }
   }
@@ -235,16 +222,16 @@ class Use {
   /// Of a plan that can be built: else its errors say more.
   void usualPlan() {
     openingsOfFloor(*plan_);
-    const bool house = row_.family == PlanFamily::kHouse;
+    const bool house = family_.dwellings == 1;
     usual("LONGITUD-FACHADA", "La longitud de fachada", r_.longitudFachada,
           house ? kHouseFacade : kBlockFacade, " m");
     depth();
     courtyard();
-    const float stair = needs_.areaEscalera ? r_.areaEscalera : 0;
-    const float dwelling = house ? r_.areaPlanta : (r_.areaPlanta - stair) / 4;
+    const float stair = family_.looksAt(&PlanData::areaEscalera) ? r_.areaEscalera : 0;
+    const float dwelling = (r_.areaPlanta - stair) / static_cast<float>(family_.dwellings);
     usual("AREA-PLANTA", house ? "La superficie de planta" : "La superficie de cada vivienda",
           dwelling, kDwelling, " m²"_cp1252);
-    if (needs_.areaEscalera) {
+    if (family_.looksAt(&PlanData::areaEscalera)) {
       usual("AREA-ESCALERA", "La superficie de la escalera", r_.areaEscalera, kStair, " m²"_cp1252);
     }
   }
@@ -265,18 +252,19 @@ class Use {
           kOpeningsOfFloor, " %");
   }
 
+  /// Lengths as they are asked for. Those of the outlines are rounded otherwise, and more than
+  /// once: a courtyard of 3 m may have less there.
   void depth() {
-    // Of houses and of blocks with wings no usual depth is known.
-    if (row_.family == PlanFamily::kHouse || row_.family == PlanFamily::kXpala) return;
-    const float courtyards = needs_.areaPatio ? r_.areaPatio : 0;
+    if (!family_.ordinaryDepth) return;
+    const auto& [from, to] = *family_.ordinaryDepth;
+    const float courtyards = family_.looksAt(&PlanData::areaPatio) ? r_.areaPatio : 0;
     const float depth = (r_.areaPlanta + courtyards) / r_.longitudFachada;
-    usual("LONGITUD-FACHADA", "El fondo del bloque", depth,
-          row_.family == PlanFamily::kRow ? kDepth : kDepthWithHole, " m");
+    usual("LONGITUD-FACHADA", "El fondo del bloque", depth, {from, to}, " m");
   }
 
   void courtyard() {
-    if (!needs_.areaPatio || !hasStoreysOfABuilding()) return;
-    const bool two = row_.family != PlanFamily::kCourtyard;
+    if (row_.courtyards == CourtyardPlace::kNoCourtyard || !hasStoreysOfABuilding()) return;
+    const bool two = row_.courtyards != CourtyardPlace::kInside;
     const float length = r_.areaPatio / r_.profundidadPatio / (two ? 2.0F : 1.0F);
     const float least =
         std::max(kCourtyardSide, r_.alturaPlanta * static_cast<float>(r_.numeroPlantas) / 3);
@@ -289,7 +277,7 @@ class Use {
   WrittenFindings& findings_;
   const TypologyRecord& r_;
   const TipoRow& row_;
-  const FamilyNeeds& needs_;
+  const FamilyRow& family_;
 };
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <variant>
 
 #include "generator/generation_sequence.h"
-#include "generator/typology_geometry.h"
+#include "plan/plan_numbers.h"
 
 void WrittenPieces::clear() {
   lines_.clear();
@@ -48,10 +48,10 @@ bool BuildingForm::write(const TypologyRecord& typology, const Plan& plan,
   for (const OwnPiece& piece : pieces_) {
     const bool window = piece.kind == OwnPiece::Kind::kWindow;
     if (window && baysOf(piece, typology, plan).count == 0) return false;
-    writePiece(piece, typology, &plan, written.lines());
+    writePiece(piece, typology, plan, written.lines());
     written.endPiece();
   }
-  return written.lines().notFiniteKeyword().empty();
+  return !written.lines().notFinite();
 }
 
 void BuildingForm::copyTo(const WrittenPieces& written, std::string& text) const {

@@ -27,12 +27,12 @@ void writeCourtyardShades(GeneratorContext& context) {
   if (row.shades == CourtyardShades::kNotLookedFor) return;
 
   context.copyUntilCommand("BUILDING-SHADE");
-  if (contains(context.currentLine(), "Sombra001") && row.firstShade()) {
+  if (contains(context.currentLine(), kFirstShadeName) && row.firstShade()) {
     context.writeCurrentLine();
     context.write({.kind = OwnPiece::Kind::kFirstShade});
   }
   context.copyUntilCommand("BUILDING-SHADE");
-  if (contains(context.currentLine(), "Sombra002") && row.secondShade()) {
+  if (contains(context.currentLine(), kSecondShadeName) && row.secondShade()) {
     context.writeCurrentLine();
     context.write({.kind = OwnPiece::Kind::kSecondShade});
   }
@@ -54,7 +54,7 @@ void rewriteSurface(GeneratorContext& context, WindowEmitter& windows, int index
   if (surface.kind < 1) {
     emitConstruction(context, orientation, surface.name, surface.kind);
   } else {
-    windows.emit(orientation, index, contains(surface.name, "Med"));
+    windows.emit(orientation, index, looksIntoCourtyard(surface.name));
   }
 }
 

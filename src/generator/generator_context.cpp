@@ -7,41 +7,13 @@
 #include "core/numbers.h"
 #include "core/report_error.h"
 
-namespace {
-
-/// The keywords of VIVIENDA that the output's reals come from. Those of plan and shades are finite
-/// once the plan has passed its checks.
-constexpr struct {
-  std::string_view written;
-  std::string_view origin;
-} kOrigins[] = {
-    {"AZIMUTH", "ORIENTACION"},
-    {"FLOOR-HEIGHT", "ALTURA-PLANTA"},
-    {"SPACE-HEIGHT", "ALTURA-PLANTA"},
-    {"HEIGHT", "ALTURA-PLANTA"},  // a space's; a window is no taller than a storey
-    {"AIR-CHANGES/HR", "AIR-CHANGES/HR"},
-    {"VALUES", "AIR-CHANGES/HR"},
-    // A street window exists by its own percentage, but a tall one takes the courtyard's.
-    {"X", "PORCENTAJE-PATIO"},
-    {"WIDTH", "PORCENTAJE-PATIO"},
-};
-
-/// Where the number stands that the value of `written` comes from.
-Place placeOfOrigin(const TypologyRecord& typology, std::string_view written) {
-  for (const auto& row : kOrigins) {
-    if (row.written == written) return typology.placeOf(row.origin);
-  }
-  return typology.placeOf({});
-}
-
-}  // namespace
-
 GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyRecord& typology,
                                    OutputLines& output, FaultSink faults)
     : template_(plantilla),
       typology_(typology),
       output_(output),
       faults_(std::move(faults)),
+      places_(plantilla.building()),
       walk_(plantilla),
       lines_(output) {
   // Few templates have more computed than copied.
@@ -57,19 +29,18 @@ GeneratorContext::GeneratorContext(const Template& plantilla, const TypologyReco
 void GeneratorContext::writeCurrentLine() { walk_.copyLine(output_); }
 
 void GeneratorContext::requireFiniteOutput() const {
-  const std::string& keyword = lines_.notFiniteKeyword();
-  if (keyword.empty()) return;
-  const std::string what =
-      concat("el valor de ", keyword, " en la salida no es un número finito: "_cp1252,
-             formatReal(lines_.notFiniteValue()));
-  faults_({errorInFile(typology_.fuente().name(), 0, what), placeOfOrigin(typology_, keyword)});
+  if (!lines_.notFinite()) return;
+  const auto& [keyword, value, origin] = *lines_.notFinite();
+  const std::string what = concat(
+      "el valor de ", keyword, " en la salida no es un número finito: "_cp1252, formatReal(value));
+  faults_({errorInFile(typology_.fuente().name(), 0, what), typology_.placeOf(origin)});
 }
 
-void GeneratorContext::report(std::string message, long number) const {
-  faults_({std::move(message), template_.building().placeOf(template_.spanOfLine(number))});
+void GeneratorContext::report(std::string message, long number) {
+  faults_({std::move(message), places_.placeOf(number)});
 }
 
-void GeneratorContext::reportAtLine(long number, std::string_view what) const {
+void GeneratorContext::reportAtLine(long number, std::string_view what) {
   report(errorInFile(template_.building().name(), number, what), number);
 }
 
@@ -113,7 +84,8 @@ bool GeneratorContext::findNextCommand(LineMatch& match) {
 float GeneratorContext::dropKeysUntil(int end, EmitterNames names) {
   float height = 0;
   LineMatch match;
-  while (copyUntil([&] { return walk_.find(names, match); }) && match.index != end) {
+  while (copyUntil([&] { return walk_.find(names, match); })) {
+    if (match.index == end) break;
     if (match.height > 0) height = match.height;
   }
   return height;
@@ -122,8 +94,8 @@ float GeneratorContext::dropKeysUntil(int end, EmitterNames names) {
 void GeneratorContext::dropVerticesUntilEnd(int n) {
   LineMatch end;
   const auto isVertex = [&] { return walk_.vertex() > 0 && walk_.vertex() <= n; };
-  while (copyUntil([&] { return isVertex() || walk_.find(EmitterNames::kEnd, end); }) &&
-         isVertex()) {
+  while (copyUntil([&] { return isVertex() || walk_.find(EmitterNames::kEnd, end); })) {
+    if (!isVertex()) return;
   }
 }
 

@@ -45,14 +45,18 @@ class GeneratorContext {
   long currentLineNumber() const { return walk_.number(); }
   /// Reports a fault at line `number` of the template. Who calls it goes on, for a sink that comes
   /// back.
-  void report(std::string message, long number) const;
+  void report(std::string message, long number);
   /// The same with a message that names the file and the line.
-  void reportAtLine(long number, std::string_view what) const;
+  void reportAtLine(long number, std::string_view what);
 
-  /// Writes a piece that follows from the typology alone.
+  /// Writes a piece that follows from the typology alone; or from its plan, too.
   void write(const OwnPiece& piece) {
     begin(piece);
-    writePiece(piece, typology_, nullptr, lines_);
+    writePiece(piece, typology_, lines_);
+  }
+  void write(const OwnPiece& piece, const Plan& plan) {
+    begin(piece);
+    writePiece(piece, typology_, plan, lines_);
   }
   /// Says that the lines which follow are a piece.
   void begin(const OwnPiece& piece) {
@@ -108,6 +112,7 @@ class GeneratorContext {
   const TypologyRecord& typology_;
   OutputLines& output_;
   FaultSink faults_;
+  TemplatePlaces places_;
   TemplateWalk walk_;
   KeywordLines lines_;
   std::vector<BegunPiece>* pieces_ = nullptr;  // null: nobody asks

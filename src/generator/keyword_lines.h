@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,20 +18,26 @@ class KeywordLines {
     // The output holds as many lines as it holds; what comes after is lost, as ever.
     output_->WriteLine(parts...);
   }
-  /// Writes "  KEYWORD = value " for a text, a number ("%d") or a real ("%f").
+  /// Writes "  KEYWORD = value " for a text, a number ("%d") or a real ("%f"). `origin`: the
+  /// keyword of VIVIENDA that the real comes from, to blame where it is not finite; empty where it
+  /// comes from several.
   void writeKeyword(std::string_view keyword, std::string_view value);
   void writeKeyword(std::string_view keyword, int value);
-  void writeKeyword(std::string_view keyword, float value);
+  void writeKeyword(std::string_view keyword, float value, std::string_view origin);
+  void writeKeyword(std::string_view keyword, float value) = delete;  // would be cut to a number
   /// `value` as "%f" writes it, for a line about `keyword`. NaN and infinities have no place in the
   /// output; the first one is remembered.
-  std::string formatFinite(std::string_view keyword, float value);
+  std::string formatFinite(std::string_view keyword, float value, std::string_view origin);
 
-  /// The first keyword with a NaN or an infinity, and its value; empty: there was none.
-  const std::string& notFiniteKeyword() const { return notFiniteKeyword_; }
-  float notFiniteValue() const { return notFiniteValue_; }
+  /// The first real that is a NaN or an infinity.
+  struct NotFinite {
+    std::string keyword;
+    float value = 0;
+    std::string origin;
+  };
+  const std::optional<NotFinite>& notFinite() const { return notFinite_; }
 
  private:
   OutputLines* output_;
-  std::string notFiniteKeyword_;
-  float notFiniteValue_ = 0;
+  std::optional<NotFinite> notFinite_;
 };

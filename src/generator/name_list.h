@@ -30,8 +30,9 @@ inline Assignment splitAssignment(std::string_view line) {
 /// What a template line matched.
 struct LineMatch {
   int index = -1;    // of the name in its list
-  float width = 0;   // the value of a line whose key is WIDTH, else 0
-  float height = 0;  // the same for HEIGHT
+  float width = 0;   // of a line whose key is WIDTH, else 0. State that nothing reads: windows
+                     // work theirs out
+  float height = 0;  // the value of a line whose key is HEIGHT, else 0
 };
 
 /// An ordered list of names that template lines are looked up in. A name matches a line when,

@@ -1,8 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
-#include <span>
 #include <string>
+#include <string_view>
 
 #include "plan/plan.h"
 #include "typology/typology_record.h"
@@ -35,26 +36,30 @@ struct OwnPiece {
   std::string TypologyRecord::*construction = nullptr;  // whose name is written
   // Of a window.
   Facade facade = kSouth;
-  bool streetSide = false;   // takes the data of the street, not those of the courtyard
-  float templateHeight = 0;  // m
+  bool streetSide = false;  // takes the data of the street, not those of the courtyard
+  bool tall = false;        // as its storey: the template's window is, or taller
 
   friend bool operator==(const OwnPiece&, const OwnPiece&) = default;
 };
 
-/// Storeys that a repeated middle floor stands for: all but two.
-inline int repeatedStoreys(const TypologyRecord& typology) { return typology.numeroPlantas - 2; }
+/// Storeys that a repeated middle floor stands for: all but two. None are repeated of any number
+/// below three, which a check may go on with, however far below 0.
+inline int repeatedStoreys(const TypologyRecord& typology) {
+  return std::max(typology.numeroPlantas, 0) - 2;
+}
 
-/// Writes a piece. `plan`: of the typology; pieces other than polygons and windows need none.
-void writePiece(const OwnPiece& piece, const TypologyRecord& typology, const Plan* plan,
+/// Writes a piece that follows from the typology alone: any but a polygon or window.
+void writePiece(const OwnPiece& piece, const TypologyRecord& typology, KeywordLines& lines);
+
+/// Writes any piece. `plan`: of the typology.
+void writePiece(const OwnPiece& piece, const TypologyRecord& typology, const Plan& plan,
                 KeywordLines& lines);
-
-/// The lines of a polygon behind its header.
-void writePolygon(std::span<const Vertex> vertices, KeywordLines& lines);
 
 /// The bays that a window is one of.
 struct WindowBays {
   float surface;  // m2, all of them
   int count;
   float percentage;
+  std::string_view keyword;  // whose value the percentage is
 };
 WindowBays baysOf(const OwnPiece& window, const TypologyRecord& typology, const Plan& plan);

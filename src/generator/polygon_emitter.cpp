@@ -2,10 +2,9 @@
 
 #include "generator/generator_context.h"
 
-void emitPolygon(GeneratorContext& context, std::span<const Vertex> vertices, std::size_t outline) {
+void emitPolygon(GeneratorContext& context, const Plan& plan, std::size_t outline) {
   context.copyUntilCommand("POLYGON");
   context.writeCurrentLine();
-  context.dropVerticesUntilEnd(static_cast<int>(vertices.size()));
-  context.begin({.kind = OwnPiece::Kind::kPolygon, .outline = outline});
-  writePolygon(vertices, context.lines());
+  context.dropVerticesUntilEnd(static_cast<int>(plan.outlines[outline].vertices.size()));
+  context.write({.kind = OwnPiece::Kind::kPolygon, .outline = outline}, plan);
 }

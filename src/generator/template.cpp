@@ -58,10 +58,11 @@ Template::Template(SourceText building, SourceText table, Use use)
   }
 }
 
-Span Template::spanOfLine(long number) const {
-  LineReader reader(building_.bytes());
-  std::string_view line;
-  while (reader.lineNumber() < number && reader.ReadLine(line)) {
+Place TemplatePlaces::placeOf(long number) {
+  if (!index_) {
+    index_.emplace(building_);
+    LineReader reader(building_.bytes());
+    for (std::string_view line; reader.ReadLine(line);) lines_.push_back(reader.span());
   }
-  return reader.span();
+  return index_->placeOf(lines_.at(static_cast<std::size_t>(number - 1)));
 }

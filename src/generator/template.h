@@ -3,6 +3,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "core/source_text.h"
 #include "generator/name_list.h"
@@ -50,8 +51,6 @@ class Template {
   const TemplateStops* stops() const { return stops_ ? &*stops_ : nullptr; }
   /// The text that copied lines of an output are views of.
   std::string_view copiedText() const { return stops_ ? stops_->text() : building_.bytes(); }
-  /// Where line `number` stands in `building`, as a LineReader counts.
-  Span spanOfLine(long number) const;
 
   /// The template's file name without folder and extension. State that nothing reads, as `sums` is.
   const std::string& templateBaseName() const { return templateBaseName_; }
@@ -65,4 +64,19 @@ class Template {
   std::optional<TemplateStops> stops_;
   std::string templateBaseName_;
   SurfaceSums sums_;
+};
+
+/// Where the lines of a template stand, found out when somebody first asks.
+class TemplatePlaces {
+ public:
+  /// `building` must outlive this.
+  explicit TemplatePlaces(const SourceText& building) : building_(building) {}
+
+  /// The place of line `number`, from 1, as a LineReader counts.
+  Place placeOf(long number);
+
+ private:
+  const SourceText& building_;
+  std::optional<LineIndex> index_;
+  std::vector<Span> lines_;
 };

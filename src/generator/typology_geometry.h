@@ -3,13 +3,6 @@
 #include "plan/plan.h"
 
 class GeneratorContext;
-struct TypologyRecord;
-
-/// The plan numbers of a typology.
-PlanData planDataOf(const TypologyRecord& typology);
-
-/// The keyword of VIVIENDA that a plan number is the value of.
-std::string_view nameOf(PlanKeyword keyword);
 
 /// Draws the plan of the context's typology, writes its outlines into the template's next POLYGON
 /// commands and gives it to those who need its bays. The first limit that it breaks ends the run

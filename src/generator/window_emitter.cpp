@@ -7,19 +7,14 @@
 #include "generator/generator_context.h"
 #include "generator/orientation.h"
 #include "plan/plan.h"
+#include "typology/tipo.h"
 
 namespace {
 
-constexpr float kBayHeight = 3.0F;     // m, one storey
-constexpr float kWindowHeight = 1.2F;  // m, of a window that the template does not make taller
+constexpr auto kBayHeight = static_cast<float>(kStoreyHeight);  // m
 
 /// Drops the command whose header is in the current line, its ".." included.
 void dropWindow(GeneratorContext& context) { context.skipUntilKey(EmitterNames::kEnd); }
-
-std::string_view facadeName(Facade facade) {
-  constexpr std::string_view kNames[] = {"sur", "este", "norte", "oeste"};
-  return kNames[facade];
-}
 
 }  // namespace
 
@@ -70,24 +65,23 @@ void WindowEmitter::emit(int orientationClass, int surfaceIndex, bool courtyard)
 
   const long headerNumber = context_.currentLineNumber();
   context_.writeCurrentLine();
-  const float templateHeight = context_.dropKeysUntil(kWindowEnd, EmitterNames::kWindow);
+  const bool tall = context_.dropKeysUntil(kWindowEnd, EmitterNames::kWindow) >= kBayHeight;
+  // From a storey on all are the same to sizeWindow, and below it too.
   // Kept on purpose: a street window as tall as the storey takes the courtyard's data.
-  const bool streetSide = !courtyard && templateHeight < kBayHeight;
-  const OwnPiece piece{.kind = OwnPiece::Kind::kWindow,
-                       .facade = facade,
-                       .streetSide = streetSide,
-                       .templateHeight = templateHeight};
+  const bool streetSide = !courtyard && !tall;
+  const OwnPiece piece{
+      .kind = OwnPiece::Kind::kWindow, .facade = facade, .streetSide = streetSide, .tall = tall};
   context_.begin(piece);
   if (writeAgain(piece)) return;
 
   const OutputLines::Mark begin = context_.mark();
-  writePiece(piece, typology, &plan_, context_.lines());
+  writePiece(piece, typology, plan_, context_.lines());
   if (baysOf(piece, typology, plan_).count == 0) {
     const std::string_view name =
         context_.plantilla().table().surfaces[static_cast<std::size_t>(surfaceIndex)].name;
     context_.reportAtLine(
         headerNumber,
-        concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, facadeName(facade),
+        concat("la ventana ", trimBlanks(name), " está en la fachada "_cp1252, kFacadeNames[facade],
                streetSide ? "" : " del patio", ", que no tiene huecos en esta tipología"_cp1252));
     return;
   }

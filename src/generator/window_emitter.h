@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string_view>
 #include <vector>
 
 #include "core/output_lines.h"
@@ -7,6 +8,15 @@
 
 class GeneratorContext;
 struct Plan;
+
+/// Whether a window looks into the courtyard and not into the street. Templates say so with "Med",
+/// anywhere in its name.
+inline bool looksIntoCourtyard(std::string_view name) {
+  return name.find("Med") != std::string_view::npos;
+}
+
+/// Height of a window that is lower than a storey in the template, m, unless it would be too wide.
+inline constexpr float kWindowHeight = 1.2F;
 
 /// Size and place of a window in its bay, m.
 struct WindowSize {

@@ -3,7 +3,7 @@
 
 // Four quarter dwellings around a hole in the middle of the block, a courtyard or a stair-well.
 // Every outer side of a quarter carries vertices at its thirds, so that each façade of the block
-// comes in six pieces: 18 bays on three storeys.
+// comes in six pieces: as many bays a storey.
 //   y = D     +----+----+----+----+
 //             |  5      |      4  |
 //   y = D-dF  |    +----+----+    |
@@ -102,11 +102,12 @@ PlanResult planCourtyard(const PlanData& data) {
   if (check.failed()) return check.failure();
 
   const auto& [L, D, dF, dH] = lengths;
+  const double height = heightOf(data);
   Plan plan;
-  plan.numHuecosFachada.fill(18);
-  plan.superficieFachada = areas(9 * L, 9 * D);
-  plan.numHuecosPatio.fill(6);
-  plan.superficiePatio = areas(9 * (L - 2 * dH), 9 * (D - 2 * dF));
+  plan.numHuecosFachada.fill(6 * storeysOf(data));
+  plan.superficieFachada = areas(height * L, height * D);
+  plan.numHuecosPatio.fill(2 * storeysOf(data));
+  plan.superficiePatio = areas(height * (L - 2 * dH), height * (D - 2 * dF));
   plan.outlines = quartersAround(Role::kCourtyard, lengths);
   return plan;
 }
@@ -119,9 +120,10 @@ PlanResult planStairwell(const PlanData& data) {
   const Lengths lengths = checkedLengths(data, stairwellOf(data), A, check);
   if (check.failed()) return check.failure();
 
+  const double height = heightOf(data);
   Plan plan;
-  plan.numHuecosFachada.fill(18);
-  plan.superficieFachada = areas(9 * lengths.L, 9 * lengths.D);
+  plan.numHuecosFachada.fill(6 * storeysOf(data));
+  plan.superficieFachada = areas(height * lengths.L, height * lengths.D);
   plan.outlines = quartersAround(Role::kStair, lengths);
   return plan;
 }

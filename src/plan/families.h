@@ -1,38 +1,35 @@
 #pragma once
 
-#include <array>
+#include <optional>
+#include <span>
+#include <string_view>
 
+#include "plan/plan.h"
 #include "typology/tipo.h"
 
-/// Which of the plan numbers a family of plans looks at, one row a family.
-struct FamilyNeeds {
-  PlanFamily family;
-  bool areaPatio;
-  bool profundidadPatio;
-  bool areaEscalera;
-  bool profundidadEscalera;
-  bool courtyardBays;  // windows look into courtyards, or out of a stair's ends
+/// Lengths that are ordinary, m.
+struct OrdinaryLengths {
+  float from = 0;
+  float to = 0;
 };
 
-inline constexpr std::array<FamilyNeeds, 8> kFamilyNeeds = {{
-    {PlanFamily::kHouse, false, false, false, false, false},
-    {PlanFamily::kRow, false, false, true, false, true},
-    {PlanFamily::kCourtyard, true, true, false, false, true},
-    {PlanFamily::kStairwell, false, false, true, true, false},
-    {PlanFamily::kCourtyardsInFacades, true, true, true, true, true},
-    {PlanFamily::kCourtyardsInSides, true, true, true, true, true},
-    {PlanFamily::kXpala, false, false, true, true, false},
-    {PlanFamily::kNone, false, false, false, false, false},
-}};
+/// All that a family of plans is, one row a family. A new family is a row and the function that it
+/// names.
+struct FamilyRow {
+  PlanFamily family;
+  std::string_view name;                // for people
+  int dwellings;                        // a storey; of a house, in all
+  PlanResult (*plan)(const PlanData&);  // null: there is no plan
+  bool courtyardBays;                   // windows look into courtyards, or out of a stair's ends
+  /// The numbers of an ordinary building, without TIPO; 0 for a measure that the family does not
+  /// look at.
+  PlanData ordinary;
+  std::optional<OrdinaryLengths> ordinaryDepth;  // of the block; nothing where none is ordinary
 
-constexpr const FamilyNeeds& needsOf(PlanFamily family) {
-  return kFamilyNeeds[static_cast<std::size_t>(family)];
-}
+  constexpr bool looksAt(float PlanData::*measure) const { return ordinary.*measure > 0; }
+};
 
-// The row of a family stands at its place.
-static_assert([] {
-  for (const FamilyNeeds& row : kFamilyNeeds) {
-    if (&needsOf(row.family) != &row) return false;
-  }
-  return true;
-}());
+/// In the order of PlanFamily, one a value.
+std::span<const FamilyRow> families();
+
+const FamilyRow& familyRow(PlanFamily family);

@@ -1,6 +1,5 @@
 #include "plan/checks.h"
 #include "plan/shapes.h"
-#include "typology/tipo.h"
 
 // A plain rectangle of one storey (typology 1) or two.
 //   y = D +---------+
@@ -16,10 +15,9 @@ PlanResult planHouse(const PlanData& data) {
   if (check.failed()) return check.failure();
 
   const double D = length(A / L);
-  const int storeys = tipoRow(data.tipo).planStoreys;
-  const double height = 3.0 * storeys;
+  const double height = heightOf(data);
   Plan plan;
-  plan.numHuecosFachada.fill(storeys);
+  plan.numHuecosFachada.fill(storeysOf(data));
   plan.superficieFachada = areas(height * L, height * D);
   // The house is its own block.
   plan.outlines = {dwelling(rectangle(0, 0, L, D))};

@@ -4,26 +4,13 @@
 
 #include "core/concat.h"
 #include "plan/families.h"
-
-namespace {
-
-struct Measure {
-  std::string_view keyword;
-  bool FamilyNeeds::*used;
-};
-constexpr Measure kMeasures[] = {
-    {"AREA-PATIO", &FamilyNeeds::areaPatio},
-    {"AREA-ESCALERA", &FamilyNeeds::areaEscalera},
-    {"PROFUNDIDAD-PATIO", &FamilyNeeds::profundidadPatio},
-    {"PROFUNDIDAD-ESCALERA", &FamilyNeeds::profundidadEscalera},
-};
-
-}  // namespace
+#include "plan/plan_numbers.h"
 
 bool needsMeasure(int tipo, std::string_view keyword) {
-  const FamilyNeeds& needs = needsOf(tipoRow(tipo).family);
-  const auto* measure = std::ranges::find(kMeasures, keyword, &Measure::keyword);
-  return measure != std::end(kMeasures) && needs.*measure->used;
+  const auto numbers = planNumbers();
+  const auto number = std::ranges::find(numbers, keyword, &PlanNumber::name);
+  return number != numbers.end() && !number->ofEveryFamily &&
+         familyRow(tipoRow(tipo).family).looksAt(number->inPlan);
 }
 
 std::string tiposWhere(const std::function<bool(int)>& holds) {

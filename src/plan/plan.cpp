@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/cp1252.h"
+#include "plan/families.h"
 #include "typology/tipo.h"
 
 namespace {
@@ -18,23 +19,6 @@ PlanResult unknownTipo(int tipo) {
 }  // namespace
 
 PlanResult planTipologia(const PlanData& data) {
-  switch (tipoRow(data.tipo).family) {
-    case PlanFamily::kHouse:
-      return planHouse(data);
-    case PlanFamily::kRow:
-      return planRow(data);
-    case PlanFamily::kCourtyard:
-      return planCourtyard(data);
-    case PlanFamily::kStairwell:
-      return planStairwell(data);
-    case PlanFamily::kCourtyardsInFacades:
-      return planCourtyardsInFacades(data);
-    case PlanFamily::kCourtyardsInSides:
-      return planCourtyardsInSides(data);
-    case PlanFamily::kXpala:
-      return planXpala(data);
-    case PlanFamily::kNone:
-      break;
-  }
-  return unknownTipo(data.tipo);
+  const FamilyRow& family = familyRow(tipoRow(data.tipo).family);
+  return family.plan != nullptr ? family.plan(data) : unknownTipo(data.tipo);
 }

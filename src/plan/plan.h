@@ -10,8 +10,8 @@
 /// they break, or to the outlines and the per-façade arrays. One function a family; its checks and
 /// its outlines stand in the order in which they are made and written.
 ///
-/// The storey height is 3.0 m here and the storeys are those of the number's row (see tipo.h),
-/// whatever the typology file says of its building.
+/// Storeys and their height are those of typology/tipo.h, whatever the typology file says of its
+/// building.
 
 /// The plan numbers. m and m2.
 struct PlanData {
@@ -54,7 +54,8 @@ struct Outline {
 };
 
 struct Plan {
-  std::vector<Outline> outlines;  // in writing order: the block first, the hole or stair last
+  /// In writing order: the block first, its hole or stair last. A house is one dwelling alone.
+  std::vector<Outline> outlines;
   /// Courtyards that are notches in the block's edge, for drawings: no polygon of the building.
   std::vector<Outline> edgeCourtyards;
   PerFacade<int> numHuecosFachada{};

@@ -20,11 +20,13 @@ PlanResult planRow(const PlanData& data) {
   check("Datos geométricos incoherentes"_cp1252, L > 0 && D > 0 && le > 0 && w > 0, {kL, kA, kAe});
   if (check.failed()) return check.failure();
 
+  const int storeys = storeysOf(data);
+  const double height = heightOf(data);
   Plan plan;
-  plan.numHuecosFachada = {12, 3, 12, 3};
-  plan.superficieFachada = areas(9 * (L - le), 9 * D);
-  plan.numHuecosPatio = {3, 0, 3, 0};
-  plan.superficiePatio = areas(9 * le, 0);
+  plan.numHuecosFachada = {4 * storeys, storeys, 4 * storeys, storeys};
+  plan.superficieFachada = areas(height * (L - le), height * D);
+  plan.numHuecosPatio = {storeys, 0, storeys, 0};
+  plan.superficiePatio = areas(height * le, 0);
   plan.outlines = {block(L, D)};
   for (int i = 0; i < 4; ++i) plan.outlines.push_back(dwelling(rectangle(i * w, 0, i * w + w, D)));
   plan.outlines.push_back(stair(rectangle(L - le, 0, L, D)));

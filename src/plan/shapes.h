@@ -1,6 +1,7 @@
 #pragma once
 
 #include "plan/plan.h"
+#include "typology/tipo.h"
 
 /// What the outlines of the families are drawn with.
 
@@ -26,6 +27,10 @@ inline Outline block(double L, double D) { return {Role::kBlock, rectangle(0, 0,
 inline Outline dwelling(Vertices vertices) { return {Role::kDwelling, std::move(vertices)}; }
 inline Outline stair(Vertices vertices) { return {Role::kStair, std::move(vertices)}; }
 inline Outline courtyard(Vertices vertices) { return {Role::kCourtyard, std::move(vertices)}; }
+
+/// The storeys that a plan counts bays and walls for, and the height of those walls, m.
+inline int storeysOf(const PlanData& data) { return tipoRow(data.tipo).planStoreys; }
+inline double heightOf(const PlanData& data) { return kStoreyHeight * storeysOf(data); }
 
 /// The same area on opposite façades: `front` on the south and north ones, `side` on the others.
 inline PerFacade<float> areas(double front, double side) {

@@ -1,5 +1,6 @@
 #include "plan/checks.h"
 #include "plan/shapes.h"
+#include "typology/tipo.h"
 
 // A stair-well in the middle of the block and two courtyards, notches half the courtyard area each:
 // in the middle of the front and back façades, lp long and Pp deep, or in the middle of the side
@@ -14,8 +15,6 @@
 //   +-----+ c +-----+        +---------------+
 
 namespace {
-
-enum class Courtyards { kInFacades, kInSides };
 
 /// The lengths of a block that passed its checks.
 struct Block {
@@ -41,8 +40,8 @@ void checkNumbers(const PlanData& data, PlanChecks& check) {
 }
 
 /// The checks on the lengths that follow from them.
-Block checkedBlock(const PlanData& data, Courtyards courtyards, PlanChecks& check) {
-  const bool inFacades = courtyards == Courtyards::kInFacades;
+Block checkedBlock(const PlanData& data, CourtyardPlace courtyards, PlanChecks& check) {
+  const bool inFacades = courtyards == CourtyardPlace::kInFacades;
   const double Ap = data.areaPatio;
   const double Ae = data.areaEscalera;
   const double Pe = data.profundidadEscalera;
@@ -120,9 +119,9 @@ std::vector<Outline> outlinesInSides(const Block& b) {
 }
 
 /// Half the courtyard area each.
-std::vector<Outline> courtyardsOf(const Block& b, Courtyards courtyards) {
+std::vector<Outline> courtyardsOf(const Block& b, CourtyardPlace courtyards) {
   const auto& [L, D, Pp, lp, dE, dPE] = b;
-  if (courtyards == Courtyards::kInFacades) {
+  if (courtyards == CourtyardPlace::kInFacades) {
     return {courtyard(rectangle((L - lp) / 2, 0, (L + lp) / 2, Pp)),
             courtyard(rectangle((L - lp) / 2, D - Pp, (L + lp) / 2, D))};
   }
@@ -130,36 +129,37 @@ std::vector<Outline> courtyardsOf(const Block& b, Courtyards courtyards) {
           courtyard(rectangle(L - lp, (D - Pp) / 2, L, (D + Pp) / 2))};
 }
 
-}  // namespace
-
-PlanResult planCourtyardsInFacades(const PlanData& data) {
+PlanResult planWith(CourtyardPlace courtyards, const PlanData& data) {
   PlanChecks check;
   checkNumbers(data, check);
-  const Block b = checkedBlock(data, Courtyards::kInFacades, check);
+  const Block b = checkedBlock(data, courtyards, check);
   if (check.failed()) return check.failure();
 
+  const int storeys = storeysOf(data);
+  const double height = heightOf(data);
   Plan plan;
-  plan.numHuecosFachada = {6, 18, 6, 18};
-  plan.superficieFachada = areas(9 * (b.L - b.lp), 9 * b.D);
-  plan.numHuecosPatio.fill(6);
-  plan.superficiePatio = areas(9 * b.lp, 18 * b.Pp);
-  plan.outlines = outlinesInFacades(b);
-  plan.edgeCourtyards = courtyardsOf(b, Courtyards::kInFacades);
+  plan.numHuecosPatio.fill(2 * storeys);
+  plan.edgeCourtyards = courtyardsOf(b, courtyards);
+  if (courtyards == CourtyardPlace::kInFacades) {
+    plan.numHuecosFachada = {2 * storeys, 6 * storeys, 2 * storeys, 6 * storeys};
+    plan.superficieFachada = areas(height * (b.L - b.lp), height * b.D);
+    plan.superficiePatio = areas(height * b.lp, 2 * height * b.Pp);
+    plan.outlines = outlinesInFacades(b);
+  } else {
+    plan.numHuecosFachada = {6 * storeys, 2 * storeys, 6 * storeys, 2 * storeys};
+    plan.superficieFachada = areas(height * b.L, height * (b.D - b.Pp));
+    plan.superficiePatio = areas(2 * height * b.lp, height * b.Pp);
+    plan.outlines = outlinesInSides(b);
+  }
   return plan;
 }
 
-PlanResult planCourtyardsInSides(const PlanData& data) {
-  PlanChecks check;
-  checkNumbers(data, check);
-  const Block b = checkedBlock(data, Courtyards::kInSides, check);
-  if (check.failed()) return check.failure();
+}  // namespace
 
-  Plan plan;
-  plan.numHuecosFachada = {18, 6, 18, 6};
-  plan.superficieFachada = areas(9 * b.L, 9 * (b.D - b.Pp));
-  plan.numHuecosPatio.fill(6);
-  plan.superficiePatio = areas(18 * b.lp, 9 * b.Pp);
-  plan.outlines = outlinesInSides(b);
-  plan.edgeCourtyards = courtyardsOf(b, Courtyards::kInSides);
-  return plan;
+PlanResult planCourtyardsInFacades(const PlanData& data) {
+  return planWith(CourtyardPlace::kInFacades, data);
+}
+
+PlanResult planCourtyardsInSides(const PlanData& data) {
+  return planWith(CourtyardPlace::kInSides, data);
 }

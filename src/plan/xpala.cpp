@@ -66,9 +66,10 @@ PlanResult planXpala(const PlanData& data) {
   if (check.failed()) return check.failure();
 
   const auto& [L, Db, Pe, le, a, b, xp, d, c, e] = wings;
+  const double height = heightOf(data);
   Plan plan;
-  plan.numHuecosFachada.fill(18);
-  plan.superficieFachada = areas(9 * L, 9 * Db);
+  plan.numHuecosFachada.fill(6 * storeysOf(data));
+  plan.superficieFachada = areas(height * L, height * Db);
   plan.outlines = {
       block(L, Db),
       dwelling({at(a + xp / 2, 0), at(a + xp, 0), at(a + xp, d / 2), at(a + xp, d), at(a + le, d),

@@ -5,6 +5,8 @@
 #include <optional>
 #include <utility>
 
+#include "generator/window_emitter.h"
+
 namespace report {
 
 namespace {
@@ -221,7 +223,7 @@ void BuildingReader::addWindow(const ReadCommand& command) {
     window.takesCourtyard = original.courtyard;
     window.storeyHigh = original.storeyHigh;
   } else {
-    window.takesCourtyard = command.name().find("Med") != std::string_view::npos;
+    window.takesCourtyard = looksIntoCourtyard(command.name());
   }
   // A wall with windows is a façade, whatever its construction.
   WrittenSurface& wall = building_.surfaces.back();

@@ -28,7 +28,7 @@ struct ValueText {
     std::string text;
     for (const Facade side : kSides) {
       if (!text.empty()) text += " · ";
-      text += std::string(sideName(side)) + " " + real((record.*field)[side]);
+      text += std::string(kFacadeNames[side]) + " " + real((record.*field)[side]);
     }
     return text;
   }

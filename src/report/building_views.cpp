@@ -107,7 +107,7 @@ std::string elevationTitle(Facade side, bool courtyard, double giro) {
   std::string title(facadeTitle(side));
   title[0] = 'f';
   return "Alzado " + looks + " (" + degrees(azimuth) + "), " + title + " «" +
-         std::string(sideName(side)) + "»";
+         std::string(kFacadeNames[side]) + "»";
 }
 
 int elevationScale(const GeneratedBuilding& building, const Plan& plan) {

@@ -7,13 +7,13 @@
 #include "report/plan_cells.h"
 #include "report/plan_rooms.h"
 #include "report/words.h"
+#include "typology/tipo.h"
 
 namespace report {
 
 namespace {
 
-constexpr double kSizingHeight = 3.0;  // m
-constexpr double kNearly = 1e-3;       // m, m2
+constexpr double kNearly = 1e-3;  // m, m2
 
 bool isOuterWall(SurfaceKind kind) {
   return kind == SurfaceKind::kFacade || kind == SurfaceKind::kCourtyard;
@@ -26,7 +26,7 @@ bool isOtherwise(const FacadeMeasure& facade, double storeyHeight) {
   };
   if (facade.windows == 0 || !(storeyHeight > 0)) return false;
   if (has(GlazingReason::kStoreyHigh) || has(GlazingReason::kBaysWithout)) return false;
-  const double expected = std::min(facade.asked, 100.0) * kSizingHeight / storeyHeight;
+  const double expected = std::min(facade.asked, 100.0) * kStoreyHeight / storeyHeight;
   return std::abs(expected - facade.obtained) > 0.02 * expected + 0.05;
 }
 
@@ -86,7 +86,7 @@ FacadeMeasure facadeOf(const GeneratedBuilding& building, const Side& sums, cons
     if (holds) facade.reasons.push_back(reason);
   };
   const bool any = facade.windows > 0;
-  because(any && std::abs(building.storeyHeight() - kSizingHeight) > 1e-4,
+  because(any && std::abs(building.storeyHeight() - kStoreyHeight) > 1e-4,
           GlazingReason::kStoreyHeight);
   because(any && facade.asked > 100, GlazingReason::kCappedAtBay);
   because(any && sums.storeyHigh, GlazingReason::kStoreyHigh);

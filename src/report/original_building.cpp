@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "generator/orientation.h"
+#include "generator/window_emitter.h"
 #include "report/written_commands.h"
+#include "typology/tipo.h"
 
 namespace report {
 
 namespace {
-
-constexpr float kStorey = 3.0F;  // m, of a window that takes the courtyard's data
 
 /// Gives `take` each line of `text`, with where it begins.
 template <typename Take>
@@ -64,14 +64,14 @@ void OriginalBuilding::addWindows() {
       if (named.window >= 0) continue;
       named.window = static_cast<int>(windows_.size());
       OriginalWindow& window = windows_.emplace_back();
-      window.courtyard = line.text.find("Med") != std::string_view::npos;
+      window.courtyard = looksIntoCourtyard(line.text);
       heightless = &window;
       if (named.surface == nullptr) continue;
       const int orientation = classifyOrientation(named.surface->azimuth, named.surface->tilt);
       window.looksOut = orientation >= 0;
       if (window.looksOut) window.side = facadeIndex(orientation);
     } else if (heightless != nullptr && line.keyword == Keyword::kHeight) {
-      heightless->storeyHigh = line.isNumber && line.number >= kStorey;
+      heightless->storeyHigh = line.isNumber && line.number >= kStoreyHeight;
       heightless = nullptr;
     }
   }

@@ -18,7 +18,8 @@ std::string looksTo(double azimuth) {
 
 std::string facadeName(const FacadeMeasure& facade) {
   if (facade.courtyard) return "Patio, mira al " + std::string(directionName(facade.azimuth));
-  return std::string(facadeTitle(facade.side)) + " «" + std::string(sideName(facade.side)) + "»";
+  return std::string(facadeTitle(facade.side)) + " «" + std::string(kFacadeNames[facade.side]) +
+         "»";
 }
 
 }  // namespace report

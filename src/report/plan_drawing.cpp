@@ -78,7 +78,7 @@ class PlanDrawer {
       const bool party = frame_.sheet.party[static_cast<std::size_t>(side)];
       const double azimuth = realAzimuth(side, frame_.sheet.giro);
       const std::string name = std::string(party ? "Medianera" : facadeTitle(side)) + " «" +
-                               std::string(sideName(side)) + "»";
+                               std::string(kFacadeNames[side]) + "»";
       const std::string looks =
           "mira al " + std::string(directionName(azimuth)) + ", " + degrees(azimuth);
       const bool turned = side == kWest || side == kEast;
@@ -128,7 +128,7 @@ class PlanDrawer {
     drawing_.height = low - content_.y0 + 2 * kMargin;
     drawing_.title = frame_.sheet.content + ", tipología " +
                      std::to_string(frame_.sheet.data.tipo) + ", " +
-                     std::string(familyTitle(frame_.sheet.data.tipo));
+                     familyTitle(frame_.sheet.data.tipo);
     drawing_.description = "Plano a escala 1:" + std::to_string(frame_.scale) +
                            " de un bloque de " + quantity(frame_.L, 2, "m") + " por " +
                            quantity(frame_.D, 2, "m") + ". La fachada principal mira al " +

@@ -32,7 +32,7 @@ struct PlanSheet {
 /// The storeys that the plan of a number is the plan of: "Planta baja", "Planta tipo".
 std::string planContent(int tipo);
 /// What the number means: "casa", "bloque con patio central".
-std::string_view familyTitle(int tipo);
+std::string familyTitle(int tipo);
 
 /// Where a plan is printed: alone on A4, upright or lying, or on a page of a report, which has
 /// margins and a heading of its own. True to scale on both.

@@ -3,32 +3,19 @@
 #include <algorithm>
 #include <iterator>
 
+#include "plan/families.h"
 #include "report/sheet.h"
 #include "report/words.h"
 #include "typology/tipo.h"
 
 namespace report {
 
-std::string_view familyTitle(int tipo) {
-  switch (tipoRow(tipo).family) {
-    case PlanFamily::kHouse:
-      return tipo == 1 ? "casa de una planta" : tipo > 1 ? "casa de dos plantas" : "casa";
-    case PlanFamily::kRow:
-      return "bloque de cuatro en hilera con escalera en el extremo";
-    case PlanFamily::kCourtyard:
-      return "bloque con patio central";
-    case PlanFamily::kStairwell:
-      return "bloque con escalera central";
-    case PlanFamily::kCourtyardsInFacades:
-      return "bloque con escalera central y patios abiertos a fachada";
-    case PlanFamily::kCourtyardsInSides:
-      return "bloque con escalera central y patios laterales";
-    case PlanFamily::kXpala:
-      return "bloque de cuatro alas en torno a la escalera";
-    case PlanFamily::kNone:
-      break;
-  }
-  return "";
+std::string familyTitle(int tipo) {
+  const TipoRow& row = tipoRow(tipo);
+  std::string title(familyRow(row.family).name);
+  if (row.storeys.most == 1) title += " de una planta";
+  if (row.storeys.most == 2) title += " de dos plantas";
+  return title;
 }
 
 namespace {
@@ -124,7 +111,7 @@ class FootDrawer {
       y = addLines(drawing_, {at.x, y}, kMedium,
                    wrapped(foot_.sheet.title, kMedium, width, kTitleLines));
     }
-    const std::string family(familyTitle(foot_.sheet.data.tipo));
+    const std::string family = familyTitle(foot_.sheet.data.tipo);
     std::vector<std::string> lines = wrapped(
         "Tipología " + std::to_string(foot_.sheet.data.tipo) + ": " + family, kSmall, width);
     const auto add = [&](const std::string& text) {
@@ -157,8 +144,9 @@ double addPlanFoot(Drawing& drawing, const PlanFoot& foot, double left, double r
 }
 
 std::string planContent(int tipo) {
-  if (tipoRow(tipo).family != PlanFamily::kHouse) return "Planta tipo";
-  return tipoRow(tipo).planStoreys == 1 ? "Planta baja" : "Plantas baja y 1";
+  const TipoRow& row = tipoRow(tipo);
+  if (familyRow(row.family).dwellings != 1) return "Planta tipo";
+  return row.planStoreys == 1 ? "Planta baja" : "Plantas baja y 1";
 }
 
 }  // namespace report

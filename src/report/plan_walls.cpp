@@ -45,7 +45,7 @@ void addJoined(Shape& shape, Point a, Point b) {
 /// The neighbours' walls that close courtyards at the sides.
 void addNeighbours(Shape& walls, const PlanFrame& frame) {
   const TipoRow& row = tipoRow(frame.sheet.data.tipo);
-  if (row.family != PlanFamily::kCourtyardsInSides) return;
+  if (row.courtyards != CourtyardPlace::kInSides) return;
   for (const Outline& courtyard : frame.sheet.plan.edgeCourtyards) {
     const auto& v = courtyard.vertices;
     const bool west = v[0].x <= 0;

@@ -40,7 +40,7 @@ class Page {
   void head() {
     beginPage(html_, "Informe", title());
     if (report_.identity) {
-      const std::string_view meaning = familyTitle(report_.identity->tipo);
+      const std::string meaning = familyTitle(report_.identity->tipo);
       html_.raw("<p class=\"entrada\">Tipología ").text(std::to_string(report_.identity->tipo));
       if (!meaning.empty()) html_.raw(": ").text(meaning);
       html_.raw(".</p>\n");

@@ -19,7 +19,7 @@ double rounded(double value, double steps = 1e4) { return std::round(value * ste
 Json facadeOf(const FacadeMeasure& facade) {
   Json reasons = Json::array();
   for (const GlazingReason reason : facade.reasons) reasons.push_back(reasonText(reason));
-  return {{"nombre", sideName(facade.side)},
+  return {{"nombre", kFacadeNames[facade.side]},
           {"lado", facade.courtyard ? "patio" : "calle"},
           {"orientacion_grados", rounded(facade.azimuth)},
           {"orientacion", directionSymbol(facade.azimuth)},

@@ -73,11 +73,6 @@ std::string_view directionName(double azimuth) { return sectorOf(azimuth).name; 
 std::string_view directionSymbol(double azimuth) { return sectorOf(azimuth).symbol; }
 std::string degrees(double azimuth) { return shortNumber(azimuth, 1) + "°"; }
 
-std::string_view sideName(Facade side) {
-  constexpr std::array<std::string_view, 4> kNames = {"sur", "este", "norte", "oeste"};
-  return kNames[static_cast<std::size_t>(side)];
-}
-
 std::string_view facadeTitle(Facade side) {
   if (side == kSouth) return "Fachada principal";
   return side == kNorth ? "Fachada posterior" : "Fachada lateral";

@@ -35,8 +35,6 @@ std::string_view directionSymbol(double azimuth);
 /// "135°", with a decimal where there is one.
 std::string degrees(double azimuth);
 
-/// "sur", "este", "norte", "oeste": the index of a façade, before the turn.
-std::string_view sideName(Facade side);
 /// "Fachada principal", "Fachada lateral", "Fachada posterior".
 std::string_view facadeTitle(Facade side);
 

@@ -8,42 +8,63 @@
 #include "core/numbers.h"
 #include "plan/needed_measures.h"
 #include "stock/list_columns.h"
+#include "typology/tipo.h"
 
 namespace stock {
 
 namespace {
 
-/// What a column says of itself besides what the table of keywords knows. UTF-8, and no ";", which
-/// parts the cells.
-struct About {
+/// What a list says of a column otherwise than a typology file of its keyword. UTF-8, and no ";",
+/// which parts the cells.
+struct InLists {
   std::string_view name;
-  std::string_view range;
+  std::string_view values;
 };
 
-constexpr About kRanges[] = {
-    {"TIPO", "1 a 23"},
-    {"NUMERO-PLANTAS", "1 con TIPO 1, 2 con TIPO 2 a 9, más de 2 con los demás"},
-    {"ALTURA-PLANTA", "mayor que 0"},
-    {"AREA-PLANTA", "según TIPO"},
-    {"AREA-PATIO", "según TIPO"},
-    {"AREA-ESCALERA", "según TIPO"},
-    {"LONGITUD-FACHADA", "mayor que 0, según TIPO"},
-    {"PROFUNDIDAD-PATIO", "según TIPO"},
-    {"PROFUNDIDAD-ESCALERA", "según TIPO"},
-    {"CUBIERTA", "no se usa: siempre PLANA"},
-    {"ATICO", "no se usa: siempre NO"},
-    {"SOTANO", "no se usa: siempre NO"},
-    {"PORCENTAJE-FACHADA", "0 a 100"},
-    {"PORCENTAJE-PATIO", "0 a 100"},
-    {"ORIENTACION", "giro en sentido horario, con 0 la fachada principal mira al sur"},
+constexpr InLists kInLists[] = {
     {"VENTANA-MARCO", "nombre de un NAME-FRAME de TEXTOS"},
     {"VENTANA-SOMBRA", "nombre de un VENTANA-SOMBRA de TEXTOS"},
     {"AIR-CHANGES/HR", "renovaciones de aire por hora"},
 };
 
-std::string_view rangeOf(std::string_view keyword) {
-  const auto* row = std::ranges::find(kRanges, keyword, &About::name);
-  return row == std::end(kRanges) ? "nombre" : row->range;
+bool isSame(const StoreyRule& one, const StoreyRule& other) {
+  return one.least == other.least && one.most == other.most;
+}
+
+std::string storeysOf(const StoreyRule& rule) {
+  if (rule.most == kAnyNumber) return concat("más de ", std::to_string(rule.least - 1));
+  const std::string least = std::to_string(rule.least);
+  return rule.most == rule.least ? least : concat(least, " a ", std::to_string(rule.most));
+}
+
+/// "1 con TIPO 1, 2 con TIPO 2 a 9, más de 2 con TIPO 10 a 23".
+std::string storeysByTipo() {
+  std::string text;
+  for (int tipo = 1; tipo <= kLastTipo; ++tipo) {
+    const auto hasSame = [&](int other) {
+      return isSame(tipoRow(tipo).storeys, tipoRow(other).storeys);
+    };
+    int first = 1;
+    while (!hasSame(first)) ++first;
+    if (first < tipo) continue;  // said
+    text += concat(text.empty() ? "" : ", ", storeysOf(tipoRow(tipo).storeys), " con TIPO ",
+                   tiposWhere(hasSame));
+  }
+  return text;
+}
+
+std::string valuesOf(const ViviendaKeyword& keyword, const TypologyRecord& defaults) {
+  const auto* row = std::ranges::find(kInLists, keyword.name, &InLists::name);
+  if (row != std::end(kInLists)) return std::string(row->values);
+  if (keyword.name == "TIPO") return concat("1 a ", std::to_string(kLastTipo));
+  if (keyword.name == "NUMERO-PLANTAS") return storeysByTipo();
+  if (const auto* ignored = std::get_if<IgnoredText>(&keyword.field)) {
+    return concat("no se usa: siempre ", defaults.*ignored->kept);
+  }
+  if (keyword.values.empty()) return "según TIPO";
+  std::string values(keyword.values);
+  std::ranges::replace(values, ';', ',');
+  return values;
 }
 
 std::string shortReal(float value) {
@@ -52,17 +73,6 @@ std::string shortReal(float value) {
   if (text.ends_with('.')) text.pop_back();
   std::ranges::replace(text, '.', ',');
   return text;
-}
-
-/// A record of a file with nothing but what it must have: what it holds besides are the defaults.
-TypologyRecord recordOfDefaults() {
-  std::string text = "\"E\" = VIVIENDA\n";
-  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
-    if (!keyword.required) continue;
-    const bool list = std::holds_alternative<PerFacade<float> TypologyRecord::*>(keyword.field);
-    text += concat(" ", keyword.name, list ? " = ( 1, 1, 1, 1 )\n" : " = 1\n");
-  }
-  return TypologyRecord(SourceText("defectos", text + "..\n"));
 }
 
 struct DefaultText {
@@ -87,14 +97,14 @@ std::string ifMissing(const ViviendaKeyword& keyword, const TypologyRecord& defa
 }
 
 void addLine(std::string& text, std::string_view name, std::string_view unit,
-             std::string_view range, std::string_view missing) {
-  text += concat(name, ";", unit, ";", range, ";", missing, "\n");
+             std::string_view values, std::string_view missing) {
+  text += concat(name, ";", unit, ";", values, ";", missing, "\n");
 }
 
 }  // namespace
 
 std::string columnsForPeople() {
-  const TypologyRecord defaults = recordOfDefaults();
+  const TypologyRecord defaults = defaultTypology();
   std::string text;
   addLine(text, "columna", "unidad", "valores", "si falta");
   addLine(text, kIdColumn, "", "único, hasta 100 letras sin acento, cifras, \"-\", \"_\" y \".\"",
@@ -105,8 +115,9 @@ std::string columnsForPeople() {
   for (const KeywordColumns& columns : keywordColumns()) {
     const ViviendaKeyword& keyword = *columns.keyword;
     const std::string missing = ifMissing(keyword, defaults);
+    const std::string values = valuesOf(keyword, defaults);
     for (const std::string& name : columns.names) {
-      addLine(text, name, keyword.unit, rangeOf(keyword.name), missing);
+      addLine(text, name, keyword.unit, values, missing);
     }
   }
   addLine(

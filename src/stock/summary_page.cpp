@@ -145,7 +145,7 @@ class SummaryPage {
       sum = {sum.rows + sums.rows, sum.dwellings + sums.dwellings, sum.area + sums.area};
     }
     for (const auto& [tipo, sums] : s_.byTipo) {
-      table.row({std::to_string(tipo), std::string(report::familyTitle(tipo)), counted(sums.rows),
+      table.row({std::to_string(tipo), report::familyTitle(tipo), counted(sums.rows),
                  counted(sums.dwellings), quantity(m2(sums.area), 0, "m²"),
                  shareOf(sums.area, sum.area)});
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <string_view>
 
 /// The four façades, the index of every per-façade array: sides of the block's outer rectangle.
 enum Facade {
@@ -12,3 +13,6 @@ enum Facade {
 
 template <typename T>
 using PerFacade = std::array<T, 4>;
+
+/// For people: where they look before the building is turned.
+inline constexpr PerFacade<std::string_view> kFacadeNames = {"sur", "este", "norte", "oeste"};

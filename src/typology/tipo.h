@@ -3,8 +3,9 @@
 #include <limits>
 #include <string_view>
 
-/// All that a typology number (TIPO) means, one row a number. A new number is a row here; a new
-/// plan family is besides a function of plan/ and a sample building.
+/// All that a typology number (TIPO) means, one row a number. A new number is a row; a new plan
+/// family is besides a value of PlanFamily, a row of plan/families.cpp with its function, and a
+/// sample building.
 
 /// The families of plans, named by what the block's plan is cut into.
 enum class PlanFamily {
@@ -17,6 +18,9 @@ enum class PlanFamily {
   kXpala,                // stair core with four wings
   kNone                  // no such plan: the run ends
 };
+
+/// Where a block's courtyards are: one in its middle, or two that are notches in its edge.
+enum class CourtyardPlace { kNoCourtyard, kInside, kInFacades, kInSides };
 
 /// The storeys (NUMERO-PLANTAS) that a building of the number may have.
 struct StoreyRule {
@@ -37,13 +41,21 @@ inline constexpr StoreyRule kMoreThanTwo = {
     3, kAnyNumber,
     "En el COMMAND VIVIENDA del fichero *.tip el NUMERO-PLANTAS debe ser mayor que 2"};
 
-/// Which of a template's two courtyard shades, Sombra001 and Sombra002, stand in the building.
-/// They are the neighbours' walls on the two sides of courtyards at the sides.
+/// The words that a template's two courtyard shades are known by, anywhere in their headers. They
+/// are the neighbours' walls on the two sides of courtyards at the sides.
+inline constexpr std::string_view kFirstShadeName = "Sombra001";
+inline constexpr std::string_view kSecondShadeName = "Sombra002";
+
+/// Which of the two stand in the building.
 enum class CourtyardShades { kNotLookedFor, kFirst, kSecond, kBoth };
+
+/// That of every plan, m, whatever a typology says of its building's storeys.
+inline constexpr double kStoreyHeight = 3.0;
 
 struct TipoRow {
   int tipo;
   PlanFamily family;
+  CourtyardPlace courtyards;
   StoreyRule storeys;
   int planStoreys;  // for which the plan counts bays and walls, whatever NUMERO-PLANTAS says
   CourtyardShades shades;
@@ -63,3 +75,4 @@ const TipoRow& tipoRow(int tipo);
 
 /// The numbers that have a row of their own: 1 to kLastTipo.
 inline constexpr int kLastTipo = 23;
+constexpr bool isTipo(int tipo) { return tipo >= 1 && tipo <= kLastTipo; }

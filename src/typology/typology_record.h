@@ -65,7 +65,8 @@ struct TypologyRecord {
   std::string_view textoTipologia() const { return fuente_->bytes(); }
   const SourceText& fuente() const { return *fuente_; }
   /// Where the value of a keyword of VIVIENDA stands, searched for as it was read; the command's
-  /// type word where the file does not give the keyword.
+  /// type word where the file does not give the keyword. Nothing is kept for it: nearly all runs
+  /// end without asking.
   Place placeOf(std::string_view keyword) const;
 
  private:

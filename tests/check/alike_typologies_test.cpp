@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "generator/typology_geometry.h"
+#include "plan/plan_numbers.h"
 #include "run_and_check.h"
 #include "written_fixture.h"
 

@@ -5,6 +5,7 @@
 
 #include "check/formats.h"
 #include "core/cp1252.h"
+#include "generator/window_emitter.h"
 #include "run_and_check.h"
 
 // Bytes of all the inputs, names of typology and template, windows that are foretold.
@@ -115,6 +116,21 @@ TEST(Windows, OfACourtyardAreCalledSo) {
               Contains(HasSubstr("de la fachada sur del extremo de la escalera (100 %)")));
 }
 
+TEST(Windows, AreForetoldAsTallAsTheyAreMade) {
+  for (const int percentage : {1, 39, 40, 41, 63, 90, 99, 100}) {
+    Inputs inputs = house();
+    const std::string shares = "( " + std::to_string(percentage) + ", 0, 0, 0 )";
+    replaceAll(inputs.typology, "( 22, 12, 10, 12 )", shares);
+    replaceAll(inputs.typology, "ALTURA-PLANTA = 2.80", "ALTURA-PLANTA = 1.00");
+    const std::vector<std::string> lines = linesOf(inputs, Code::kVentanaMasAlta);
+    ASSERT_THAT(lines, ElementsAre(HasSubstr("mide "))) << percentage;
+    std::string told = lines.front().substr(lines.front().find("mide ") + 5);
+    std::ranges::replace(told, ',', '.');
+    EXPECT_NEAR(sizeWindow(static_cast<float>(percentage), 24, 0).height, std::stod(told), 1e-5)
+        << percentage;
+  }
+}
+
 TEST(Windows, ThatTheTemplateDoesNotHaveAreNotForetold) {
   Inputs inputs = house();
   replaceAll(inputs.typology, "( 22, 12, 10, 12 )", "( 120, 12, 10, 12 )");
@@ -163,6 +179,8 @@ TEST(Checker, LargeInputsTakeAsLongAsTheyAreLarge) {
     std::string building, table, typology;
   } cases[] = {
       {"windows that the table lacks", many("\"V", "\" = WINDOW\n  ..\n"), "", ""},
+      {"windows in a roof", many("\"S", "\" = WINDOW\n  ..\n"),
+       "a\nb\n" + count + " 0\n" + many("\"S", "\"\n1 1 1 1 1 180 0 1 0 0\n"), ""},
       {"surfaces that the template lacks", "",
        "a\nb\n" + count + " 0\n" + many("\"S", "\"\n" + sound), ""},
       {"malformed lines of the table", "", "a\nb\n" + count + " 0\n" + many("\"S", "\"\n1 x\n"),

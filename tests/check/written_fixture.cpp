@@ -46,14 +46,22 @@ WrittenFile14::WrittenFile14()
              {"..", "   .."}} {}
 
 WrittenFile14& WrittenFile14::with(std::string_view keyword, std::string_view line) {
-  std::ranges::find(lines_, keyword, &std::pair<std::string, std::string>::first)->second = line;
+  const auto at = find(keyword);
+  if (at != lines_.end()) at->second = line;
   return *this;
 }
 
 WrittenFile14& WrittenFile14::before(std::string_view keyword, std::string_view line) {
-  const auto at = std::ranges::find(lines_, keyword, &std::pair<std::string, std::string>::first);
-  lines_.insert(at, {"", std::string(line)});
+  lines_.insert(find(keyword), {"", std::string(line)});
   return *this;
+}
+
+WrittenFile14::Lines::iterator WrittenFile14::find(std::string_view keyword) {
+  const auto at = std::ranges::find(lines_, keyword, &Lines::value_type::first);
+  if (at == lines_.end()) {
+    ADD_FAILURE() << keyword << " has no line in WrittenFile14, in written_fixture.cpp";
+  }
+  return at;
 }
 
 WrittenFile14& WrittenFile14::behind(std::string_view text) {
@@ -81,6 +89,7 @@ long WrittenFile14::lineOf(std::string_view keyword) const {
     number += static_cast<long>(std::ranges::count(line, '\n'));
     number += line.empty() && !name.empty() ? 0 : 1;
   }
+  ADD_FAILURE() << keyword << " has no line in WrittenFile14, in written_fixture.cpp";
   return 0;
 }
 

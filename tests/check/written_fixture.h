@@ -27,7 +27,11 @@ class WrittenFile14 {
   long lineOf(std::string_view keyword) const;
 
  private:
-  std::vector<std::pair<std::string, std::string>> lines_;  // keyword or command, line
+  using Lines = std::vector<std::pair<std::string, std::string>>;  // keyword or command, line
+  /// The line of `keyword`; the test fails where there is none.
+  Lines::iterator find(std::string_view keyword);
+
+  Lines lines_;
   std::string behind_;
   std::string lineEnd_ = "\n";
 };

@@ -4,6 +4,7 @@
 
 #include "check/written_fixture.h"
 #include "core/cp1252.h"
+#include "typology/vivienda_keywords.h"
 
 using enum Code;
 
@@ -47,21 +48,52 @@ TEST(WrittenUsual, WhatHasNoEffectOrIsSeldomMetHasItsFinding) {
   for (const Planted& planted : cases) expectPlanted(planted);
 }
 
+namespace {
+
+/// A default that is worth a note where the number uses it.
+struct UsedDefault {
+  std::string_view keyword, used, suggestion, message;
+};
+
+const UsedDefault kUsedDefaults[] = {
+    {"ALTURA-PLANTA", "3", "ALTURA-PLANTA = 3",
+     "Falta ALTURA-PLANTA: se usará 3 m, el valor por defecto"_cp1252},
+    {"PORCENTAJE-PATIO", "( 0, 0, 0, 0 )", "PORCENTAJE-PATIO = ( 0, 0, 0, 0 )",
+     "Falta PORCENTAJE-PATIO: se usará ( 0, 0, 0, 0 ), el valor por defecto"_cp1252},
+    {"ORIENTACION", "0", "ORIENTACION = 0",
+     "Falta ORIENTACION: se usará 0°, el valor por defecto"_cp1252},
+    {"AIR-CHANGES/HR", "1", "AIR-CHANGES/HR = 1",
+     "Falta AIR-CHANGES/HR: se usará 1 ren/h, el valor por defecto; 0,63 es el valor habitual "
+     "en certificados"_cp1252},
+};
+
+/// What a house of one storey does without, and nothing is said of it.
+constexpr std::string_view kNotMissed[] = {"AREA-PATIO",
+                                           "AREA-ESCALERA",
+                                           "PROFUNDIDAD-PATIO",
+                                           "PROFUNDIDAD-ESCALERA",
+                                           "PORCENTAJE-PATIO",
+                                           "CUBIERTA",
+                                           "ATICO",
+                                           "SOTANO",
+                                           "VENTANA-MARCO",
+                                           "VENTANA-SOMBRA"};
+
+}  // namespace
+
+TEST(WrittenUsual, EveryKeywordThatMayBeLeftOutIsInATableOfTheseTests) {
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
+    WrittenFile14().lineOf(keyword.name);  // fails where it has none
+    if (keyword.required) continue;
+    EXPECT_TRUE(std::ranges::count(kNotMissed, keyword.name) +
+                    std::ranges::count(kUsedDefaults, keyword.name, &UsedDefault::keyword) >
+                0)
+        << keyword.name << " is in no row of kUsedDefaults or kNotMissed";
+  }
+}
+
 TEST(WrittenUsual, WhatIsLeftOutGivesItsDefaultWhereTheNumberUsesIt) {
-  const struct {
-    std::string_view keyword, used, suggestion, message;
-  } cases[] = {
-      {"ALTURA-PLANTA", "3", "ALTURA-PLANTA = 3",
-       "Falta ALTURA-PLANTA: se usará 3 m, el valor por defecto"_cp1252},
-      {"PORCENTAJE-PATIO", "( 0, 0, 0, 0 )", "PORCENTAJE-PATIO = ( 0, 0, 0, 0 )",
-       "Falta PORCENTAJE-PATIO: se usará ( 0, 0, 0, 0 ), el valor por defecto"_cp1252},
-      {"ORIENTACION", "0", "ORIENTACION = 0",
-       "Falta ORIENTACION: se usará 0°, el valor por defecto"_cp1252},
-      {"AIR-CHANGES/HR", "1", "AIR-CHANGES/HR = 1",
-       "Falta AIR-CHANGES/HR: se usará 1 ren/h, el valor por defecto; 0,63 es el valor habitual "
-       "en certificados"_cp1252},
-  };
-  for (const auto& c : cases) {
+  for (const UsedDefault& c : kUsedDefaults) {
     const Findings findings = findingsOf(WrittenFile14().with(c.keyword, "").text());
     SCOPED_TRACE(asLines(findings));
     ASSERT_EQ(1U, findings.size()) << c.keyword;
@@ -79,11 +111,7 @@ TEST(WrittenUsual, WhatANumberDoesNotUseIsNotMissed) {
   WrittenFile14 file;
   file.with("TIPO", "TIPO = 1").with("NUMERO-PLANTAS", "NUMERO-PLANTAS = 1");
   file.with("AREA-PLANTA", "AREA-PLANTA = 100").with("LONGITUD-FACHADA", "LONGITUD-FACHADA = 10");
-  for (const std::string_view keyword :
-       {"AREA-PATIO", "AREA-ESCALERA", "PROFUNDIDAD-PATIO", "PROFUNDIDAD-ESCALERA",
-        "PORCENTAJE-PATIO", "CUBIERTA", "ATICO", "SOTANO", "VENTANA-MARCO", "VENTANA-SOMBRA"}) {
-    file.with(keyword, "");
-  }
+  for (const std::string_view keyword : kNotMissed) file.with(keyword, "");
   EXPECT_EQ("", asLines(findingsOf(file.text())));
   // Neither is a 0 in its place anything to speak of.
   file.with("AREA-PATIO", "AREA-PATIO = 0").with("PROFUNDIDAD-PATIO", "PROFUNDIDAD-PATIO = 0.0");

@@ -56,6 +56,8 @@ OTHER_FOLDERS = {
 OTHER_PARTS = {
     # What the keywords are, for new typology files and the manual.
     "typology/vivienda_keywords.cpp": r"constexpr std::string_view kOfTemplate = .*?\n};",
+    # What the families are called.
+    "plan/families.cpp": r"constexpr auto kFamilies = .*?\n}\);",
     # What the options are, for help and manual pages.
     "app/console/arguments.cpp": r"constexpr Option kQuiet.*?kRunOptions",
 }
@@ -120,6 +122,8 @@ def main(source_folder, document_file):
         source = file.read_text(encoding="utf-8")
         for text in texts_of(source):
             texts.setdefault(text, name)
+        for assertion in re.findall(r"^static_assert\(.*?\);$", source, re.S | re.M):
+            others.update(texts_of(assertion))  # the compiler says them
         if name in OTHER_PARTS:
             part = re.search(OTHER_PARTS[name], source, re.S)
             if part is None:

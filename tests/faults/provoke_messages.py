@@ -38,11 +38,11 @@ def kinds_of(cell):
     return sorted(kinds)
 
 
-def sample_kind(tipo):
-    """The first typology of the same plan family and storeys."""
-    if tipo < 13:
-        return max(first for first in (1, 2, 10) if first <= max(tipo, 1))
-    return tipo if tipo > 21 else 13 + (tipo - 13) % 3
+def sample_of(samples, tipo):
+    """The plainest sample of the number's kind of building: those of a kind share a folder, and the
+    numbers below 1 are houses as 1 is."""
+    [own] = samples.glob(f"*/tipo-{max(tipo, 1):02d}.tip")
+    return min(own.parent.glob("tipo-??.tip"))
 
 
 def message_of(error):
@@ -62,9 +62,8 @@ class Provoker:
 
     def run(self, spoil, tipo, judge):
         """Runs a spoiled sample of the typology and keeps what `judge` has against it."""
-        [sample] = self.samples.glob(f"*/tipo-{sample_kind(tipo):02d}.tip")
         with tempfile.TemporaryDirectory(prefix="tip2bdl-messages-") as folder:
-            run = SpoiledRun(self.program, sample, folder)
+            run = SpoiledRun(self.program, sample_of(self.samples, tipo), folder)
             tip({"TIPO": tipo})(run)
             spoil(run)
             self.runs += 1

@@ -1,8 +1,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "generator/generator_context.h"
 #include "generator/generator_fixture.h"
+#include "generator/own_pieces.h"
 
 // The FLOOR and SPACE commands.
 
@@ -53,6 +56,17 @@ TEST(RewriteFloor, OfThreeStoreysKeepsItsMultiplierLine) {
       floorOutput(kMiddleFloor, 3),
       ElementsAre("\"P02\" = FLOOR", "  FLOOR-HEIGHT = 3.000000 ", "   Z = 3",
                   "  SPACE-HEIGHT = 3.000000 ", "   MULTIPLIER = 3", "   ..", "\"P03\" = OTHER"));
+}
+
+// A check goes on with any number of storeys, behind the fault that it is one.
+TEST(RewriteFloor, OfFewerStoreysThanNoneRepeatsNone) {
+  TypologyRecord typology = defaultTypology();
+  for (const int storeys : {0, -1, std::numeric_limits<int>::min()}) {
+    SCOPED_TRACE(storeys);
+    typology.numeroPlantas = storeys;
+    EXPECT_LT(repeatedStoreys(typology), 1);
+    EXPECT_THAT(floorOutput(kMiddleFloor, storeys), testing::Contains("   MULTIPLIER = 3"));
+  }
 }
 
 TEST(RewriteFloor, WritesTheMultiplierOfARepeatedFloorOnly) {

@@ -9,6 +9,7 @@
 #include "generator/generator_fixture.h"
 #include "support/recording_application.h"
 #include "support/temporary_folder.h"
+#include "typology/kinds_of_buildings.h"
 
 namespace {
 
@@ -155,8 +156,24 @@ TEST(Generate, ShadePlaceIsRoundedToA32BitReal) {
   EXPECT_EQ("  Y = 4.557693 ", run.finish().at(8));
 }
 
+TEST(Generate, ShadesTakeTheDepthOfTheBlockUnrounded) {
+  // 240 / 19, less and plus 5, halved. From the depth as a 32-bit real, which the plan has, they
+  // would be 3.815790 and 8.815790.
+  GeneratorRun run(kShades);
+  setBlock(run.typology(), 21);
+  run.typology().areaPlanta = 200;
+  run.typology().areaPatio = 40;
+  run.typology().longitudFachada = 19;
+  run.typology().profundidadPatio = 5;
+  generated(run);
+  const Lines output = run.finish();
+  EXPECT_EQ("  Y = 3.815789 ", output.at(8));
+  EXPECT_EQ("  Y = 8.815789 ", output.at(13));
+}
+
 TEST(Generate, OtherTypologiesNeverLookForShades) {
-  for (const int tipo : {1, 14, 16, 17, 19, 20, 22, 23}) {
+  for (const int tipo : numbersWhere(
+           [](const TipoRow& row) { return row.shades == CourtyardShades::kNotLookedFor; })) {
     SCOPED_TRACE(tipo);
     GeneratorRun run(kShades + plans());
     setAnyFamily(run.typology(), tipo);
@@ -175,7 +192,8 @@ TEST(Generate, MissingShadesEndTheRun) {
       {"a word that contains the type", {"A = BUILDING-SHADES", "B = BUILDING-SHADES"}},
   };
   for (const auto& c : cases) {
-    for (const int tipo : {15, 18, 21}) {
+    for (const int tipo : numbersWhere(
+             [](const TipoRow& row) { return row.shades != CourtyardShades::kNotLookedFor; })) {
       SCOPED_TRACE(c.why);
       GeneratorRun run(c.shades + plans());
       setBlock(run.typology(), tipo);
@@ -250,6 +268,12 @@ TEST(Generate, LastLineOfATemplateThatEndsInALineEndComesTwice) {
   EXPECT_EQ(kNotStopped, generated(run));
   const Lines output = run.finishWithoutTypology();
   EXPECT_THAT(Lines(output.end() - 3, output.end()), ElementsAre("..", "END ..", "END .."));
+}
+
+TEST(Generate, LinesBeyond100000AreLostAndTheRunIsNotStopped) {
+  GeneratorRun run(plans() + Lines(100001, "x"));
+  EXPECT_EQ(kNotStopped, generated(run));
+  EXPECT_EQ(100000U, run.finish().size());
 }
 
 TEST(Generate, RealThatIsNotFiniteEndsTheRun) {

@@ -23,7 +23,7 @@ TEST(GeneratorContext, KeywordLineHasTwoBlanksBeforeAndOneBehind) {
   GeneratorRun run({});
   run.context().lines().writeKeyword("GLASS-TYPE", "\"Vidrio\"");
   run.context().lines().writeKeyword("MULTIPLIER", 4);
-  run.context().lines().writeKeyword("X", 2.8F);
+  run.context().lines().writeKeyword("X", 2.8F, {});
   EXPECT_THAT(run.finish(),
               ElementsAre("  GLASS-TYPE = \"Vidrio\" ", "  MULTIPLIER = 4 ", "  X = 2.800000 "));
 }
@@ -43,7 +43,7 @@ TEST(GeneratorContext, RealsAreWrittenWithSixDecimals) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);
     GeneratorRun run({});
-    run.context().lines().writeKeyword("X", c.value);
+    run.context().lines().writeKeyword("X", c.value, {});
     EXPECT_THAT(run.finish(), ElementsAre(c.line));
   }
 }
@@ -150,9 +150,9 @@ TEST(RequireFiniteOutput, EndsTheRunWithTheFirstRealThatIsNotFinite) {
   for (const auto& c : cases) {
     SCOPED_TRACE(c.why);
     GeneratorRun run({});
-    run.context().lines().writeKeyword("AZIMUTH", 0.0F);
-    run.context().lines().writeKeyword("X", c.first);
-    run.context().lines().writeKeyword("Y", kInfinity);
+    run.context().lines().writeKeyword("AZIMUTH", 0.0F, {});
+    run.context().lines().writeKeyword("X", c.first, {});
+    run.context().lines().writeKeyword("Y", kInfinity, {});
     EXPECT_EQ(
         std::string("Error en el fichero casa.tip: el valor de X en la salida no es un número "
                     "finito: ") +
@@ -163,6 +163,6 @@ TEST(RequireFiniteOutput, EndsTheRunWithTheFirstRealThatIsNotFinite) {
 
 TEST(RequireFiniteOutput, LargestRealIsFinite) {
   GeneratorRun run({});
-  run.context().lines().writeKeyword("X", std::numeric_limits<float>::max());
+  run.context().lines().writeKeyword("X", std::numeric_limits<float>::max(), {});
   EXPECT_EQ(kNotStopped, stopMessage([&] { run.context().requireFiniteOutput(); }));
 }

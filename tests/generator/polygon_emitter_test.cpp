@@ -14,14 +14,21 @@ namespace {
 using testing::ElementsAre;
 using Lines = std::vector<std::string>;
 
-Lines polygonOutput(const Lines& lines, const std::vector<Vertex>& vertices) {
+/// Of one outline.
+Plan planOf(const Vertices& vertices) {
+  Plan plan;
+  plan.outlines = {{Role::kBlock, vertices}};
+  return plan;
+}
+
+Lines polygonOutput(const Lines& lines, const Vertices& vertices) {
   GeneratorRun run(lines);
-  emitPolygon(run.context(), vertices);
+  emitPolygon(run.context(), planOf(vertices), 0);
   run.context().copyRest();
   return run.finish();
 }
 
-const std::vector<Vertex> kTriangle = {{0, 0}, {1, 0}, {0, 1}};
+const Vertices kTriangle = {{0, 0}, {1, 0}, {0, 1}};
 constexpr auto kV1 = "V1 = ( 0.000000 , 0.000000 )";
 constexpr auto kV2 = "V2 = ( 1.000000 , 0.000000 )";
 constexpr auto kV3 = "V3 = ( 0.000000 , 1.000000 )";
@@ -50,7 +57,7 @@ TEST(EmitPolygon, KeepsATemplateVertexWithAHigherNumber) {
 }
 
 TEST(EmitPolygon, TenthVertexIsNotTheFirst) {
-  const std::vector<Vertex> ten(10, Vertex{2, 3});
+  const Vertices ten(10, Vertex{2, 3});
   const Lines output =
       polygonOutput({"\"P\" = POLYGON", "V10 = ( 9, 9 )", "V11 = ( 9, 9 )", ".."}, ten);
   ASSERT_EQ(13U, output.size());
@@ -79,13 +86,13 @@ TEST(EmitPolygon, EndsWithTheTemplateAndClosesTheCommand) {
 TEST(EmitPolygon, WithoutAPolygonEndsTheRun) {
   GeneratorRun run({"a", "\"P\" = FLOOR"});
   EXPECT_EQ("Error al generar el edificio. No se ha encontrado la clave: POLYGON",
-            stopMessage([&] { emitPolygon(run.context(), kTriangle); }));
+            stopMessage([&] { emitPolygon(run.context(), planOf(kTriangle), 0); }));
 }
 
 TEST(EmitPolygon, VertexThatIsNotFiniteIsNamedByItsKey) {
   GeneratorRun run({"\"P\" = POLYGON", ".."});
-  const std::vector<Vertex> vertices = {{0, 0}, {1, std::numeric_limits<float>::infinity()}};
-  emitPolygon(run.context(), vertices);
+  const Vertices vertices = {{0, 0}, {1, std::numeric_limits<float>::infinity()}};
+  emitPolygon(run.context(), planOf(vertices), 0);
   EXPECT_EQ("Error en el fichero casa.tip: el valor de V2 en la salida no es un número finito: inf",
             stopMessage([&] { run.context().requireFiniteOutput(); }));
 }

@@ -9,6 +9,7 @@
 #include "generator/generator_fixture.h"
 #include "plan/plan_fixture.h"
 #include "support/recording_application.h"
+#include "typology/kinds_of_buildings.h"
 
 namespace {
 
@@ -49,7 +50,7 @@ TEST(GeometriaTipologia, HouseOfTipo1HasItsArraysAndWritesOneSquare) {
 }
 
 TEST(GeometriaTipologia, GivesThePlanWithItsFourArrays) {
-  for (const int tipo : {2, 12, 13, 14, 15, 22, 23}) {
+  for (const int tipo : oneTipoAKind()) {
     SCOPED_TRACE(tipo);
     GeneratorRun run(polygons(6));
     setPlanNumbers(run.typology(), anyFamily(tipo));
@@ -104,6 +105,23 @@ TEST(GeometriaTipologia, TemplateWithTooFewPolygonsEndsTheRun) {
   setPlanNumbers(run.typology(), anyFamily(23));
   EXPECT_EQ("Error al generar el edificio. No se ha encontrado la clave: POLYGON",
             stopMessage([&] { geometriaTipologia(run.context()); }));
+}
+
+TEST(GeometriaTipologia, BlockHasTheBaysOfThreeStoreysHoweverManyItHas) {
+  for (const int tipo : oneBlockAKind()) {
+    const Plan ofThree = drawn(planTipologia(anyFamily(tipo)));
+    for (const int storeys : {3, 4, 40}) {
+      SCOPED_TRACE(testing::Message() << tipo << ", " << storeys << " storeys");
+      GeneratorRun run(polygons(6));
+      setPlanNumbers(run.typology(), anyFamily(tipo));
+      run.typology().numeroPlantas = storeys;
+      const Plan plan = geometriaTipologia(run.context());
+      EXPECT_EQ(ofThree.numHuecosFachada, plan.numHuecosFachada);
+      EXPECT_EQ(ofThree.numHuecosPatio, plan.numHuecosPatio);
+      EXPECT_EQ(ofThree.superficieFachada, plan.superficieFachada);
+      EXPECT_EQ(ofThree.superficiePatio, plan.superficiePatio);
+    }
+  }
 }
 
 TEST(GeometriaTipologia, StoreysAndTheirHeightAreNoMatter) {

@@ -230,6 +230,15 @@ TEST(EmitWindow, StreetWindowAsTallAsAStoreyTakesTheCourtyardsData) {
   }
 }
 
+TEST(EmitWindow, IsSizedForAStoreyOfThreeMetresWhateverTheBuildings) {
+  for (const float storey : {2.5F, 5.0F}) {
+    SCOPED_TRACE(storey);
+    const auto change = [&](TypologyRecord& typology, Plan&) { typology.alturaPlanta = storey; };
+    EXPECT_EQ(kStreetSize, sizeOf({"HEIGHT = 2.9"}, change));
+    EXPECT_EQ(kTallCourtyardSize, sizeOf({"HEIGHT = 3.0"}, change));
+  }
+}
+
 TEST(EmitWindow, TallStreetWindowOfACourtyardWithoutGlazingIsWrittenWithoutWidth) {
   const auto percent = [](float percentage) {
     return [=](TypologyRecord& typology, Plan&) { typology.porcentajePatio.fill(percentage); };

@@ -12,12 +12,11 @@ namespace {
 
 /// The measures that the number's family looks at.
 std::vector<float PlanData::*> measuresOf(int tipo) {
-  const FamilyNeeds& needs = needsOf(tipoRow(tipo).family);
   std::vector<float PlanData::*> measures = {&PlanData::areaPlanta, &PlanData::longitudFachada};
-  if (needs.areaPatio) measures.push_back(&PlanData::areaPatio);
-  if (needs.areaEscalera) measures.push_back(&PlanData::areaEscalera);
-  if (needs.profundidadPatio) measures.push_back(&PlanData::profundidadPatio);
-  if (needs.profundidadEscalera) measures.push_back(&PlanData::profundidadEscalera);
+  for (const auto measure : {&PlanData::areaPatio, &PlanData::areaEscalera,
+                             &PlanData::profundidadPatio, &PlanData::profundidadEscalera}) {
+    if (familyRow(tipoRow(tipo).family).looksAt(measure)) measures.push_back(measure);
+  }
   return measures;
 }
 
@@ -33,6 +32,19 @@ TEST(OrdinaryPlan, CanBeBuiltForEveryNumber) {
     EXPECT_EQ(kDrawn, messageOf(planTipologia(ordinaryPlan(tipo)))) << tipo;
     EXPECT_EQ(tipo, ordinaryPlan(tipo).tipo);
   }
+}
+
+TEST(OrdinaryPlan, IsOfAnOrdinaryDepth) {
+  int deep = 0;
+  for (int tipo = 1; tipo <= kLastTipo; ++tipo) {
+    const auto& depth = familyRow(tipoRow(tipo).family).ordinaryDepth;
+    if (!depth) continue;
+    ++deep;
+    const float back = drawn(planTipologia(ordinaryPlan(tipo))).outlines.front().vertices[2].y;
+    EXPECT_GT(back, depth->from) << tipo;
+    EXPECT_LT(back, depth->to) << tipo;
+  }
+  EXPECT_GT(deep, 0);
 }
 
 TEST(OrdinaryPlan, ANumberAboveTheLastHasNoMeasures) {

@@ -22,7 +22,7 @@ Plan drawn(const PlanResult& result);
 /// Numbers that every family accepts.
 PlanData anyFamily(int tipo);
 
-/// Whether the outlines are a block (a house is its own), four dwellings and then `last`.
+/// Whether the outlines are a block, four dwellings and then `last`. (A house has but one.)
 void expectRoles(const Plan& plan, Role last);
 
 /// L = 12, D = 24, dF = 8, dH = 3.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -24,3 +25,6 @@ struct SampleRun {
 /// `storeys`: of families that may have any number of them. `other`: whose template is taken.
 SampleRun sampleRun(const PlanData& plan, std::mt19937& random, int storeys = 0,
                     const SampleRun* other = nullptr);
+
+/// Calls `body` with five random runs of each kind of building.
+void forRandomRuns(const std::function<void(const SampleRun&)>& body);

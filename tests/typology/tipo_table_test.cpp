@@ -4,6 +4,9 @@
 #include <map>
 #include <regex>
 #include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "support/temporary_folder.h"
 #include "typology/tipo.h"
@@ -28,6 +31,18 @@ std::set<int> numbersOf(const std::string& cell) {
     numbers.insert(std::stoi(found->str()));
   }
   return numbers;
+}
+
+/// The lines of a file in which `phrase` stands, and the number in its brackets.
+std::vector<std::pair<std::size_t, int>> numbersIn(const fs::path& file, const std::regex& phrase) {
+  std::vector<std::pair<std::size_t, int>> found;
+  const std::vector<std::string> lines = linesOf(readFile(file.string()));
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    for (std::sregex_iterator at(lines[i].begin(), lines[i].end(), phrase), end; at != end; ++at) {
+      found.emplace_back(i + 1, std::stoi((*at)[1]));
+    }
+  }
+  return found;
 }
 
 /// What a row of the README tells apart.
@@ -59,6 +74,60 @@ TEST(TipoTable, ReadmeHasOneRowAKindOfBuilding) {
     if (seen == allNumbers()) break;
   }
   EXPECT_EQ(allNumbers(), seen);
+}
+
+TEST(TipoTable, DocumentsSayHowManyNumbersThereAre) {
+  const struct {
+    const char* file;
+    const char* phrase;  // with the last number in brackets
+  } cases[] = {
+      {"docs/comprobar.md", R"(tipologías van de la 1 a la (\d+))"},
+      {"docs/manual/parque.md", R"(^TIPO;;1 a (\d+);)"},
+      {"docs/manual/plantillas.md", R"(#los-(\d+)-edificios)"},
+      {"docs/manual/primer-edificio.md", R"(Un número, de 1 a (\d+),)"},
+      {"docs/manual/primer-edificio.md", R"(#los-(\d+)-edificios)"},
+      {"docs/manual/tipologia.md", R"(Qué edificio es: de 1 a (\d+);)"},
+      {"docs/manual/tipologia.md", R"(^## Los (\d+) edificios$)"},
+      {"docs/manual/tipologia.md", R"(\| qué edificio es \|.*de 1 a (\d+) \|)"},
+      {"samples/README.md", R"(inputs for all (\d+) typology numbers)"},
+      {"samples/README.md", R"(#los-(\d+)-edificios)"},
+      {"tools/sample_buildings/readme.py", R"(inputs for all (\d+) typology numbers)"},
+      {"tools/sample_buildings/readme.py", R"(#los-(\d+)-edificios)"},
+  };
+  for (const auto& c : cases) {
+    const auto said = numbersIn(fs::path(SOURCE_FOLDER) / c.file, std::regex(c.phrase));
+    EXPECT_FALSE(said.empty()) << c.file << " no longer says " << c.phrase;
+    for (const auto& [line, number] : said) {
+      EXPECT_EQ(kLastTipo, number) << c.file << ":" << line << " says how many numbers there are";
+    }
+  }
+}
+
+// What is written later stands in no list, but in words like these.
+TEST(TipoTable, EveryPageEndsTheNumbersWithTheLastOne) {
+  std::vector<fs::path> pages;
+  for (const char* folder : {"docs", "examples", "samples"}) {
+    for (const auto& file : fs::recursive_directory_iterator(fs::path(SOURCE_FOLDER) / folder)) {
+      if (file.path().extension() == ".md") pages.push_back(file.path());
+    }
+  }
+  for (const char* file : {"CONTRIBUTING.md", "LEEME.md", "README.md"}) {
+    pages.push_back(fs::path(SOURCE_FOLDER) / file);
+  }
+  for (const char* words : {R"(#los-(\d+)-)", R"(## Los (\d+) )", R"(\bde 1 a (\d+))",
+                            R"(\bde la 1 a la (\d+))", R"(;1 a (\d+))"}) {
+    const std::regex phrase(words);
+    std::size_t found = 0;
+    for (const fs::path& page : pages) {
+      for (const auto& [line, number] : numbersIn(page, phrase)) {
+        ++found;
+        EXPECT_EQ(kLastTipo, number)
+            << page.string() << ":" << line << " ends the typology numbers in " << number
+            << "; a range of something else is said in other words";
+      }
+    }
+    EXPECT_LT(0U, found) << "no page says " << words;
+  }
 }
 
 TEST(TipoTable, EveryNumberHasASampleInTheFolderOfItsKind) {

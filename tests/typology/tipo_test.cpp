@@ -11,6 +11,15 @@ constexpr int kMost = std::numeric_limits<int>::max();
 
 }  // namespace
 
+// The tables below are spelt again. Those whose last row goes on behind the last number hold for
+// the numbers that have no row, and say nothing of one that gets a row later.
+TEST(TipoRow, EveryNumberIsInTheTablesOfTheseTests) {
+  constexpr int kLastHere = 23;
+  EXPECT_EQ(kLastHere, kLastTipo)
+      << "give the numbers from " << kLastHere + 1
+      << " on what they mean in every test of this file, and then say here which is the last";
+}
+
 TEST(TipoRow, StoreysFollowTheNumber) {
   const struct {
     int from, to;
@@ -65,5 +74,14 @@ TEST(TipoRow, ThereIsNoPlanAboveTheLastNumber) {
   }
   for (const int tipo : {kLastTipo + 1, 1000, kMost}) {
     EXPECT_EQ(PlanFamily::kNone, tipoRow(tipo).family) << tipo;
+  }
+}
+
+TEST(TipoRow, CourtyardsAreInsideInTheFacadesOrInTheSidesByTurns) {
+  using enum CourtyardPlace;
+  for (int tipo = -2; tipo <= 40; ++tipo) {
+    constexpr CourtyardPlace kTurn[] = {kInside, kInFacades, kInSides};
+    const bool has = tipo >= 13 && tipo <= 21;
+    EXPECT_EQ(has ? kTurn[(tipo - 13) % 3] : kNoCourtyard, tipoRow(tipo).courtyards) << tipo;
   }
 }

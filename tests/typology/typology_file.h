@@ -1,5 +1,8 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -8,12 +11,13 @@
 #include "core/source_text.h"
 #include "support/recording_application.h"
 #include "typology/typology_record.h"
+#include "typology/vivienda_keywords.h"
 
 /// A typology file "casa.tip" with a VIVIENDA command that passes every check, to be changed for a
 /// test: TypologyFile().with("TIPO", "5").without("ATICO").record().
 class TypologyFile {
  public:
-  /// Gives `keyword` another value; one that the file lacks is added at the end.
+  /// Gives `keyword` another value; one that a test has taken out is added at the end.
   TypologyFile& with(std::string_view keyword, std::string_view value) {
     for (auto& line : lines_) {
       if (line.first == keyword) {
@@ -21,7 +25,15 @@ class TypologyFile {
         return *this;
       }
     }
-    lines_.emplace_back(keyword, value);
+    if (findViviendaKeyword(keyword) == nullptr) {
+      ADD_FAILURE() << keyword << " is no keyword of VIVIENDA: is its row of viviendaKeywords() "
+                    << "missing? (A word that is meant to be none is for withWord.)";
+    }
+    return withWord(keyword, value);
+  }
+  /// Adds at the end what looks like a keyword and is none.
+  TypologyFile& withWord(std::string_view word, std::string_view value) {
+    lines_.emplace_back(word, value);
     return *this;
   }
   TypologyFile& without(std::string_view keyword) {
@@ -44,6 +56,14 @@ class TypologyFile {
   TypologyFile& equals(std::string_view text) {
     equals_ = text;
     return *this;
+  }
+
+  /// The value that the file has for `keyword`; nothing where it has none.
+  std::optional<std::string> valueOf(std::string_view keyword) const {
+    for (const auto& [name, value] : lines_) {
+      if (name == keyword) return value;
+    }
+    return std::nullopt;
   }
 
   std::string text() const {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <cstdio>
@@ -127,6 +128,11 @@ TEST(TypologyChecks, ViviendaHasLessThan10000Bytes) {
 TEST(TypologyChecks, ARequiredKeywordThatIsMissingIsNamed) {
   for (const auto& [keyword, message] : kRequired) {
     EXPECT_EQ(message, TypologyFile().without(keyword).stop()) << keyword;
+  }
+  for (const ViviendaKeyword& row : viviendaKeywords()) {
+    if (!row.required) continue;
+    EXPECT_TRUE(std::ranges::any_of(kRequired, [&](const auto& r) { return row.name == r.first; }))
+        << row.name << " is in no row of kRequired";
   }
 }
 

@@ -119,8 +119,10 @@ TEST(TypologyTexts, HouseAndPositionGetNoDefaults) {
 
 TEST(TypologyTexts, CarriageReturnsStayInTheTexts) {
   const R record = recordBehind(
-      "\"PVC\" = NAME-FRAME\r\nA = 1\r\n..\r\n\"V\" = SOLAR-POSITION\r\nB = 2\r\n..\r\n");
+      "\"PVC\" = NAME-FRAME\r\nA = 1\r\n..\r\n\"Voladizo\" = VENTANA-SOMBRA\r\nC = 3\r\n..\r\n"
+      "\"V\" = SOLAR-POSITION\r\nB = 2\r\n..\r\n");
   EXPECT_EQ("\"PVC\" = NAME-FRAME \r    A = 1 \r    ", record.textoMarco);
+  EXPECT_EQ("\"Voladizo\" = VENTANA-SOMBRA \r    C = 3 \r    ", record.textoSombra);
   EXPECT_EQ("SOLAR-POSITION \r    B = 2 \r    ", record.textoPosicionSolar);
 }
 

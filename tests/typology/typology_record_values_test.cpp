@@ -1,7 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <cstdlib>
+#include <sstream>
 #include <string>
 
 #include "typology/typology_file.h"
@@ -20,7 +23,7 @@ R recordWith(std::string_view keyword, std::string_view value) {
 R recordWithout(std::string_view keyword) { return TypologyFile().without(keyword).record(); }
 
 struct OptionalReal {
-  const char* keyword;
+  std::string_view keyword;
   float R::*field;
   float ifAbsent;
 };
@@ -36,7 +39,7 @@ constexpr OptionalReal kOptionalReals[] = {
 };
 
 struct Name {
-  const char* keyword;
+  std::string_view keyword;
   std::string R::*field;
 };
 
@@ -54,6 +57,33 @@ constexpr Name kWindows[] = {
     {"VENTANA-VIDRIO", &R::ventanaVidrio},
     {"VENTANA-MARCO", &R::ventanaMarco},
     {"VENTANA-SOMBRA", &R::ventanaSombra},
+};
+
+/// Whether a table of this file has a row for the keyword.
+template <typename Rows>
+bool hasRow(const Rows& rows, std::string_view keyword) {
+  return std::ranges::any_of(rows, [&](const auto& row) { return row.keyword == keyword; });
+}
+
+/// What a value of the file stands for, read without the reader that is tested.
+struct ValueOfTheFile {
+  const R& record;
+  std::string text;
+
+  void operator()(int R::*field) const { EXPECT_EQ(text, std::to_string(record.*field)); }
+  void operator()(float R::*field) const {
+    EXPECT_EQ(std::strtof(text.c_str(), nullptr), record.*field);
+  }
+  void operator()(PerFacade<float> R::*field) const {
+    PerFacade<float> values{};
+    char delimiter = 0;
+    std::istringstream list(text);
+    for (float& value : values) list >> delimiter >> value;
+    EXPECT_TRUE(list) << text;
+    EXPECT_EQ(values, record.*field);
+  }
+  void operator()(std::string R::*field) const { EXPECT_EQ(text, record.*field); }
+  void operator()(const IgnoredText& ignored) const { EXPECT_EQ(text, record.*ignored.kept); }
 };
 
 /// The values of the file of these tests.
@@ -85,6 +115,31 @@ void expectWholeFile(const R& record) {
 }  // namespace
 
 TEST(TypologyRecord, HoldsTheValuesOfTheFile) { expectWholeFile(TypologyFile().record()); }
+
+TEST(TypologyRecord, EveryKeywordFillsItsField) {
+  const R record = TypologyFile().record();
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
+    SCOPED_TRACE(keyword.name);
+    std::visit(ValueOfTheFile{record, TypologyFile().valueOf(keyword.name).value_or("")},
+               keyword.field);
+  }
+}
+
+TEST(TypologyRecord, EveryKeywordIsInTheTablesOfTheseTests) {
+  for (const ViviendaKeyword& keyword : viviendaKeywords()) {
+    EXPECT_TRUE(TypologyFile().valueOf(keyword.name))
+        << keyword.name << " is in no row of the file of these tests, typology_file.h";
+    if (std::holds_alternative<float R::*>(keyword.field) && !keyword.required) {
+      EXPECT_TRUE(hasRow(kOptionalReals, keyword.name))
+          << keyword.name << " is in no row of kOptionalReals";
+    }
+    if (std::holds_alternative<std::string R::*>(keyword.field)) {
+      const bool blanks = keyword.pattern != keyword.name;
+      EXPECT_TRUE(blanks ? hasRow(kConstructions, keyword.name) : hasRow(kWindows, keyword.name))
+          << keyword.name << " is in no row of " << (blanks ? "kConstructions" : "kWindows");
+    }
+  }
+}
 
 TEST(TypologyRecord, ReadsCrLf) { expectWholeFile(TypologyFile().lineEnd("\r\n").record()); }
 
@@ -133,12 +188,12 @@ TEST(TypologyRecord, TheStartOfAKeywordIsNotTheKeyword) {
     std::string_view start = real.keyword;
     start.remove_suffix(1);
     EXPECT_EQ(real.ifAbsent,
-              TypologyFile().without(real.keyword).with(start, "7").record().*real.field)
+              TypologyFile().without(real.keyword).withWord(start, "7").record().*real.field)
         << real.keyword;
   }
   EXPECT_EQ(
       1.0F,
-      TypologyFile().without("AIR-CHANGES/HR").with("AIR-CHANGES", "7").record().airChangesHr);
+      TypologyFile().without("AIR-CHANGES/HR").withWord("AIR-CHANGES", "7").record().airChangesHr);
 }
 
 TEST(TypologyRecord, TheGlassOfTheCourtyardIs0WhenAbsent) {
@@ -222,8 +277,8 @@ TEST(TypologyRecord, FrameAndShadeMayBeAbsent) {
 TEST(TypologyRecord, ConstructionsAreSearchedWithABlankOnBothSides) {
   for (const Name& name : kConstructions) {
     const std::string missing =
-        std::string("En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD ") +
-        name.keyword;
+        "En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD " +
+        std::string(name.keyword);
     const std::string value = "= \"Otro\"\n";
     TypologyFile file;
     file.without(name.keyword);
@@ -232,7 +287,7 @@ TEST(TypologyRecord, ConstructionsAreSearchedWithABlankOnBothSides) {
       std::string text = others;
       return TypologyFile::stopOf(text.insert(text.rfind(".."), line + value));
     };
-    const std::string keyword = name.keyword;
+    const std::string keyword(name.keyword);
     EXPECT_EQ(kNotStopped, stopWithLine(keyword + " "));
     EXPECT_EQ(missing, stopWithLine(keyword)) << "no blank behind";
     EXPECT_EQ(missing, stopWithLine("X-" + keyword + " ")) << "no blank before";
@@ -245,11 +300,12 @@ TEST(TypologyRecord, AConstructionIsNotMetInsideALongerKeyword) {
 }
 
 TEST(TypologyRecord, OtherKeywordsAreFoundInsideLongerWordsThatComeEarlier) {
-  EXPECT_EQ(7.0F,
-            TypologyFile().without("AREA-PATIO").with("SUBAREA-PATIO-2", "7").record().areaPatio);
+  EXPECT_EQ(
+      7.0F,
+      TypologyFile().without("AREA-PATIO").withWord("SUBAREA-PATIO-2", "7").record().areaPatio);
   EXPECT_EQ("\"Doble\"", TypologyFile()
                              .without("VENTANA-VIDRIO")
-                             .with("XVENTANA-VIDRIOX", "\"Doble\"")
+                             .withWord("XVENTANA-VIDRIOX", "\"Doble\"")
                              .record()
                              .ventanaVidrio);
 }
@@ -274,6 +330,15 @@ TEST(TypologyRecord, TipoIsFoundInALongerWordThatComesBeforeIt) {
   EXPECT_EQ(-4, TypologyFile::recordOf("\n\"C\" = VIVIENDA\nSUBTIPO-2 = -4\n" + rest).tipo);
 }
 
+TEST(TypologyRecord, AKeywordIsFoundInACommentAndInAValueThatComeBeforeIt) {
+  const std::string text = TypologyFile().text();
+  const std::string rest = text.substr(text.find("TIPO"));
+  for (const char* line : {"$ TIPO = -4\n", "NOTA = \"TIPO = -4\"\n"}) {
+    EXPECT_EQ(-4, TypologyFile::recordOf(std::string("\n\"C\" = VIVIENDA\n") + line + rest).tipo)
+        << line;
+  }
+}
+
 TEST(TypologyRecord, ViviendaIsFoundInACommentThatComesBeforeIt) {
   EXPECT_EQ("En el COMMAND VIVIENDA del fichero *.tip debe existir un KEYWORD TIPO",
             TypologyFile().before("\n$ una VIVIENDA de dos plantas ..\n").stop());
@@ -287,7 +352,7 @@ TEST(TypologyRecord, TheCommandEndsAtTwoDotsInsideAValue) {
 }
 
 TEST(TypologyRecord, TheFirstOfTwoEqualKeywordsCounts) {
-  EXPECT_EQ(2.8F, TypologyFile().with("OTRA-ALTURA-PLANTA", "9").record().alturaPlanta);
+  EXPECT_EQ(2.8F, TypologyFile().withWord("OTRA-ALTURA-PLANTA", "9").record().alturaPlanta);
 }
 
 TEST(TypologyRecord, FacadesAreSouthEastNorthWest) {

@@ -11,6 +11,7 @@
 #include "core/concat.h"
 #include "plan/families.h"
 #include "plan/ordinary_plan.h"
+#include "plan/plan_numbers.h"
 #include "report/plan_drawing.h"
 #include "typology/tipo.h"
 #include "typology/vivienda_keywords.h"
@@ -83,7 +84,6 @@ constexpr CopiedCommand kBehind[] = {
 constexpr std::string_view kIfMissing = "Lo que falte no se escribe.";
 
 constexpr int kStoreys = 4;
-constexpr float kStoreyHeight = 3;    // m, that of which windows are sized
 constexpr float kAirChanges = 0.63F;  // ren/h, as in most certificates
 constexpr PerFacade<float> kStreetShares = {25, 15, 20, 12};
 // A house stands between its neighbours.
@@ -99,24 +99,12 @@ std::string plain(double value) {
 }
 
 /// The plan number of a keyword; null for one that is none.
-struct PlanNumber {
-  float R::*keyword;
-  float PlanData::*number;
-};
-constexpr PlanNumber kPlanNumbers[] = {
-    {&R::areaPlanta, &PlanData::areaPlanta},
-    {&R::areaPatio, &PlanData::areaPatio},
-    {&R::areaEscalera, &PlanData::areaEscalera},
-    {&R::longitudFachada, &PlanData::longitudFachada},
-    {&R::profundidadPatio, &PlanData::profundidadPatio},
-    {&R::profundidadEscalera, &PlanData::profundidadEscalera},
-};
-
 const PlanNumber* planNumberOf(const ViviendaKeyword& keyword) {
   const auto* field = std::get_if<float R::*>(&keyword.field);
   if (field == nullptr) return nullptr;
-  const auto* row = std::ranges::find(kPlanNumbers, *field, &PlanNumber::keyword);
-  return row == std::end(kPlanNumbers) ? nullptr : row;
+  const auto numbers = planNumbers();
+  const auto number = std::ranges::find(numbers, *field, &PlanNumber::inTypology);
+  return number == numbers.end() ? nullptr : &*number;
 }
 
 /// The building that the file describes.
@@ -125,11 +113,13 @@ R ordinaryRecord(const PlanData& data) {
   const TipoRow& row = tipoRow(data.tipo);
   record.tipo = data.tipo;
   record.numeroPlantas = std::clamp(kStoreys, row.storeys.least, row.storeys.most);
-  record.alturaPlanta = kStoreyHeight;
+  record.alturaPlanta = static_cast<float>(kStoreyHeight);  // that of which windows are sized
   record.airChangesHr = kAirChanges;
-  for (const PlanNumber& number : kPlanNumbers) record.*number.keyword = data.*number.number;
+  for (const PlanNumber& number : planNumbers()) {
+    record.*number.inTypology = data.*number.inPlan;
+  }
   const Plan plan = std::get<Plan>(planTipologia(data));
-  const bool house = row.family == PlanFamily::kHouse;
+  const bool house = familyRow(row.family).dwellings == 1;
   for (std::size_t i = 0; i < record.porcentajeFachada.size(); ++i) {
     record.porcentajeFachada.at(i) = (house ? kHouseShares : kStreetShares).at(i);
     record.porcentajePatio.at(i) = plan.numHuecosPatio.at(i) > 0 ? kCourtyardShares.at(i) : 0;
@@ -181,8 +171,8 @@ std::string valuesOf(const ViviendaKeyword& keyword, const PlanData& data) {
   }
   const PlanNumber* const number = planNumberOf(keyword);
   if (number == nullptr) return std::string(keyword.values);
-  if (data.*number->number == 0) return "este tipo no lo usa";
-  const PlanRange range = rangeIn(data, number->number);
+  if (data.*number->inPlan == 0) return "este tipo no lo usa";
+  const PlanRange range = rangeIn(data, number->inPlan);
   return concat("de ", plain(range.least), " a ", plain(range.most),
                 " con las demás medidas de este fichero");
 }
@@ -198,7 +188,7 @@ std::string unitOf(const ViviendaKeyword& keyword) {
 /// out, and 0 is not within its limits.
 bool isNeeded(const ViviendaKeyword& keyword, const PlanData& data) {
   const PlanNumber* const number = planNumberOf(keyword);
-  return keyword.required || (number != nullptr && data.*number->number != 0);
+  return keyword.required || (number != nullptr && data.*number->inPlan != 0);
 }
 
 std::string lines(const ViviendaKeyword& keyword, const PlanData& data, const R& record) {

@@ -6,11 +6,11 @@
 #include <string>
 #include <system_error>
 
-#include "app/standard_streams.h"
-#include "app/terminal_text.h"
 #include "app/console/works/new_typology.h"
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
+#include "app/standard_streams.h"
+#include "app/terminal_text.h"
 #include "core/concat.h"
 #include "core/paths.h"
 #include "core/text_mode.h"
@@ -23,7 +23,7 @@ int tipoOf(const std::string& text) {
   int tipo = 0;
   const char* const end = text.data() + text.size();
   const auto read = std::from_chars(text.data(), end, tipo);
-  if (read.ec != std::errc() || read.ptr != end || tipo < 1 || tipo > kLastTipo) {
+  if (read.ec != std::errc() || read.ptr != end || !isTipo(tipo)) {
     throw WrongWorkArguments{
         concat("no existe la tipología «", text, "»; van de 1 a ", std::to_string(kLastTipo))};
   }

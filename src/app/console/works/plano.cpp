@@ -6,7 +6,7 @@
 #include "core/paths.h"
 #include "core/report_error.h"
 #include "generator/run_inputs.h"
-#include "generator/typology_geometry.h"
+#include "plan/plan_numbers.h"
 #include "report/building_report.h"
 #include "report/svg_writer.h"
 

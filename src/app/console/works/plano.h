@@ -2,6 +2,6 @@
 
 struct WorkArguments;
 
-/// The plan of a typology as SVG. A typology that a run would refuse ends the process with its
+/// The plan of a typology as SVG. A typology that a run would refuse ends this one with its
 /// message.
 int plano(const WorkArguments& arguments);

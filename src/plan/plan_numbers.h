@@ -1,0 +1,26 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "plan/plan.h"
+#include "typology/typology_record.h"
+
+/// A plan number that is measured: its keyword, and where a typology and the data of a plan hold
+/// it.
+struct PlanNumber {
+  PlanKeyword keyword;
+  bool ofEveryFamily;
+  std::string_view name;
+  float TypologyRecord::*inTypology;
+  float PlanData::*inPlan;
+};
+
+/// All but TIPO.
+std::span<const PlanNumber> planNumbers();
+
+/// The keyword of VIVIENDA that a plan number is the value of.
+std::string_view nameOf(PlanKeyword keyword);
+
+/// The plan numbers of a typology.
+PlanData planDataOf(const TypologyRecord& typology);
