@@ -5,5 +5,6 @@ if(TARGET tip2bdl)
     COMMAND Python3::Interpreter ${CMAKE_CURRENT_LIST_DIR}/desktop_test.py
       $<TARGET_FILE:tip2bdl> $<TARGET_FILE:tip2bdl-cli> ${PROJECT_SOURCE_DIR}/samples
       ${TEST_LOCALES})
-  set_tests_properties(desktop PROPERTIES SKIP_RETURN_CODE 77 TIMEOUT 180)
+  set_tests_properties(desktop PROPERTIES
+    SKIP_RETURN_CODE 77 TIMEOUT 180 ENVIRONMENT PYTHONDONTWRITEBYTECODE=1)
 endif()

@@ -14,6 +14,7 @@ import unittest
 from pathlib import Path
 
 from windows_prefix import Windows, missing_tools
+from x_desktop import PATIENCE, eventually
 
 PROGRAM, SOURCES = (Path(argument).resolve() for argument in sys.argv[1:3])
 HOUSE = SOURCES / "samples" / "casa-adosada"
@@ -21,19 +22,8 @@ TEMPLATE, TYPOLOGY = HOUSE / "casa-adosada.bdl", HOUSE / "tipo-03.tip"
 GOLDEN = SOURCES / "tests" / "golden" / "casa-adosada" / "tipo-03.bdl"
 FORM = "Calculando ..."
 BOX = "Se ha producido un error"
-PATIENCE = 60  # seconds
 BLUE = (0, 164, 219)
 EDGE = (160, 190, 202)
-
-
-def eventually(question, what):
-    end = time.monotonic() + PATIENCE
-    while time.monotonic() < end:
-        answer = question()
-        if answer:
-            return answer
-        time.sleep(0.05)
-    raise AssertionError(f"never happened: {what}")
 
 
 class DesktopTest(unittest.TestCase):
