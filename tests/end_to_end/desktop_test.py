@@ -172,8 +172,8 @@ class DesktopTest(unittest.TestCase):
         desktop.server.kill()
         status, _, err = self.ended(process)
         self.assertEqual(3, status)
-        self.assertIn("Se ha producido un error: Se ha perdido la conexión con la pantalla\n",
-                      err.decode())
+        self.assertEqual("Se ha producido un error: Se ha perdido la conexión con la pantalla",
+                         err.decode().splitlines()[0])
         self.assert_failed_run_left_no_marker()
 
     def test_the_message_of_a_box_outlives_its_screen(self):

@@ -18,6 +18,7 @@
 #include "app/message_lines.h"
 #include "app/qt/framework_faults.h"
 #include "app/qt/message_box.h"
+#include "app/qt/x_faults.h"
 #include "core/cp1252.h"
 #include "core/report_error.h"
 
@@ -111,6 +112,7 @@ void ScreenChoice::endVisit() {
 ScreenChoice::~ScreenChoice() { endVisit(); }
 
 void endAsAnErrorIfScreenIsLost() {
+  dropWordsOfALostXServer();
   std::atexit([] {
     // The box that was on it has not been read, or not to its end.
     const std::string_view boxText = textOfOpenBox();
