@@ -5,7 +5,9 @@
 #include <functional>
 #include <new>
 #include <stdexcept>
+#include <thread>
 
+#include "core/run_ended.h"
 #include "support/recording_application.h"
 
 TEST(RunSafely, GivesTheStatusOfItsBody) {
@@ -58,6 +60,30 @@ TEST(WhatNobodyCanCatch, MayBeNoStandardException) {
     runSafely([]() -> int { throw 7; });
   };
   EXPECT_EXIT(run(), testing::ExitedWithCode(3), "Error inesperado: excepción de tipo desconocido");
+}
+
+namespace {
+
+/// What is thrown in a thread that nobody waits for, while the program's own application shows it.
+void throwInAWorker(const std::function<void()>& body) {
+  const ExitingApplication exiting;
+  runSafely([&] {
+    std::thread(body).join();
+    return 0;
+  });
+}
+
+void throwSomethingOdd() { throw std::runtime_error("algo raro"); }
+
+}  // namespace
+
+TEST(WhatNobodyCanCatch, IsToldInOtherThreadsToo) {
+  const char* const message = "^Se ha producido un error: Error inesperado: algo raro\n$";
+  EXPECT_EXIT(throwInAWorker(throwSomethingOdd), testing::ExitedWithCode(3), message)
+      << "it has no application";
+  EXPECT_EXIT(throwInAWorker([] { faultOf([]() noexcept { throwSomethingOdd(); }); }),
+              testing::ExitedWithCode(3), message)
+      << "it has that of one of many runs";
 }
 
 TEST(LastWords, AreAMessageAndTheExitCodeOfErrors) {
