@@ -1,7 +1,9 @@
 #include "core/run_ended.h"
 
+#include <string>
 #include <utility>
 
+#include "core/concat.h"
 #include "core/path_table.h"
 #include "core/report_error.h"
 
@@ -40,7 +42,8 @@ std::optional<Fault> faultOf(const std::function<void()>& body) {
   try {
     body();
     return {};
-  } catch (const RunEnded&) {
-    return application.fault();
+  } catch (const RunEnded& end) {
+    if (end.status == 0 || application.fault()) return application.fault();
+    return Fault{concat(kUnexpected, std::to_string(end.status)), {}};  // it did not say why
   }
 }

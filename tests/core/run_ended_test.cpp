@@ -78,6 +78,11 @@ TEST(FaultOf, IsTheMessageAloneWhereThereIsNoPlace) {
   EXPECT_FALSE(fault->place);
 }
 
+TEST(FaultOf, IsAFaultWhereARunEndsBadlyWithoutAWord) {
+  EXPECT_EQ("Error inesperado: 3", faultOf([] { Application->Terminate(3); })->message);
+  EXPECT_FALSE(faultOf([] { Application->Terminate(0); }));
+}
+
 TEST(FaultOf, ShowsNothing) {
   const std::size_t boxes = recordingApplication().boxes.size();
   faultOf([] { ReportFailure(ErrorLog, "No vale"); });
