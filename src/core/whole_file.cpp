@@ -13,13 +13,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Where the result really goes: behind links, so that a link stays one.
+/// Where the result really goes: behind links, so that a link stays one, also to what is not there
+/// yet.
 fs::path targetOf(const std::string& name) {
+  constexpr int kMostLinks = 40;  // as a system follows; more go round in circles
   std::error_code error;
   fs::path path = filePath(name);
-  if (!fs::is_symlink(path, error)) return path;
-  const fs::path target = fs::canonical(path, error);
-  return error ? path : target;
+  for (int i = 0; i < kMostLinks && fs::is_symlink(path, error); ++i) {
+    const fs::path target = fs::read_symlink(path, error);
+    if (error) break;
+    path = path.parent_path() / target;  // just the target where that is absolute
+  }
+  return path;
 }
 
 /// Creates a file beside `target` that was not there, and gives its path.

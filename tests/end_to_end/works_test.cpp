@@ -162,6 +162,17 @@ TEST(Works, ALinkStaysALink) {
   EXPECT_TRUE(folder.read("real.svg").ends_with("</svg>\n"));
 }
 
+TEST(Works, ALinkToWhatIsNotThereYetStaysALink) {
+  TemporaryFolder folder;
+  fs::create_directory(folder / "dentro");
+  fs::create_symlink("dentro/enlace.svg", folder / "enlace.svg");
+  fs::create_symlink(folder / "nuevo.svg", folder / "dentro/enlace.svg");
+  EXPECT_EQ(0, run({"plano", kSample.typologyFile(), "--salida", folder / "enlace.svg"}).status);
+  EXPECT_TRUE(fs::is_symlink(folder / "enlace.svg"));
+  EXPECT_TRUE(fs::is_symlink(folder / "dentro/enlace.svg"));
+  EXPECT_TRUE(folder.read("nuevo.svg").ends_with("</svg>\n"));
+}
+
 TEST(Works, ADeviceIsWrittenAsItIs) {
   EXPECT_EQ(0, run({"plano", kSample.typologyFile(), "--salida", "/dev/null"}).status);
   EXPECT_TRUE(fs::is_character_file("/dev/null"));
