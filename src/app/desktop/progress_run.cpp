@@ -10,9 +10,8 @@
 ProgressRun::ProgressRun(RunPaths paths) : paths_(std::move(paths)) {}
 
 bool ProgressRun::tick() {
-  if (ticks_ == progress_form::kIdleTicks) return true;
-  ++ticks_;
-  return false;
+  if (ticks_ > progress_form::kIdleTicks) return false;
+  return ++ticks_ > progress_form::kIdleTicks;
 }
 
 void ProgressRun::run(TProgressBar& bar) {

@@ -10,8 +10,8 @@ class ProgressRun {
  public:
   explicit ProgressRun(RunPaths paths);
 
-  /// A tick of the form's timer. False on the idle ones; true when the run is due: the form is then
-  /// to stop its timer and to call run().
+  /// A tick of the form's timer. False on the idle ones; true once, when the run is due: the form
+  /// is then to stop its timer and to call run(), which lets a tick through that is on its way.
   [[nodiscard]] bool tick();
 
   /// Lets pending messages through once, so that the form is painted, and runs. A run that fails

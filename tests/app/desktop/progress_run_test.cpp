@@ -41,6 +41,7 @@ TEST_F(ProgressRunTest, IsDueOnTheThirdTick) {
   EXPECT_FALSE(run_.tick());
   EXPECT_FALSE(run_.tick());
   EXPECT_TRUE(run_.tick());
+  EXPECT_FALSE(run_.tick()) << "one that was on its way when the timer was stopped";
   EXPECT_FALSE(folder_.has("Error.log")) << "a run has begun";
   EXPECT_FALSE(run_.isOver());
 }
