@@ -40,13 +40,15 @@ class KeptRemarks {
     length_ += remark.copy(text_ + length_, remark.size());
     text_[length_++] = '\n';
   }
-  /// Gives them, each with a line end, and has none any more.
-  std::string_view take() {
+  /// Hands them to `take`, each with a line end, and has none any more.
+  template <typename Take>
+  void giveTo(Take take) {
     const std::lock_guard lock(mutex_);
-    return {text_, std::exchange(length_, 0)};
+    take(std::string_view(text_, std::exchange(length_, 0)));
   }
   void drop() {
-    take();
+    const std::lock_guard lock(mutex_);
+    length_ = 0;
     dropped_ = true;
   }
 
@@ -62,9 +64,10 @@ KeptRemarks keptRemarks;
 void hearRemark(QtMsgType type, const QMessageLogContext&, const QString& remark) {
   const QByteArray text = remark.simplified().toUtf8();
   if (type == QtFatalMsg) {
-    std::string_view before = keptRemarks.take();
-    if (!before.empty()) before.remove_suffix(1);  // the last line end is written anyway
-    endWithLastWords({kUnexpected, text.constData(), before.empty() ? "" : "\n", before});
+    keptRemarks.giveTo([&](std::string_view before) {
+      if (!before.empty()) before.remove_suffix(1);  // the last line end is written anyway
+      endWithLastWords({kUnexpected, text.constData(), before.empty() ? "" : "\n", before});
+    });
   }
   if (text.startsWith("QThread::start: Thread creation error")) endWithLastWords({kNoMemory});
   keptRemarks.add({text.constData(), static_cast<std::size_t>(text.size())});
@@ -81,8 +84,9 @@ void endAsAnErrorOnFrameworkFaults() {
 }
 
 void writeKeptRemarks() {
-  const std::string_view remarks = keptRemarks.take();
-  if (!remarks.empty()) std::fwrite(remarks.data(), 1, remarks.size(), stderr);
+  keptRemarks.giveTo([](std::string_view remarks) {
+    if (!remarks.empty()) std::fwrite(remarks.data(), 1, remarks.size(), stderr);
+  });
 }
 
 void dropFrameworkRemarks() { keptRemarks.drop(); }
