@@ -46,7 +46,7 @@ std::vector<Fault> planFaults(const TypologyRecord& typology) {
   std::vector<Fault> faults;
   if (failure == nullptr) return faults;
   for (const PlanFault& fault : failure->faults) {
-    faults.push_back({fault.message, typology.placeOf(nameOf(fault.keywords.front()))});
+    faults.push_back(faultIn(typology, fault));
   }
   return faults;
 }

@@ -11,8 +11,7 @@ Plan geometriaTipologia(GeneratorContext& context) {
   const TypologyRecord& typology = context.typology();
   PlanResult result = planTipologia(planDataOf(typology));
   if (const auto* failure = std::get_if<PlanFailure>(&result)) {
-    const PlanFault& fault = failure->first();
-    ReportFailure(ErrorLog, {fault.message, typology.placeOf(nameOf(fault.keywords.front()))});
+    ReportFailure(ErrorLog, faultIn(typology, failure->first()));
   }
   Plan plan = std::get<Plan>(std::move(result));
   for (std::size_t i = 0; i < plan.outlines.size(); ++i) emitPolygon(context, plan, i);

@@ -35,3 +35,7 @@ PlanData planDataOf(const TypologyRecord& typology) {
   }
   return data;
 }
+
+Fault faultIn(const TypologyRecord& typology, const PlanFault& broken) {
+  return {broken.message, typology.placeOf(nameOf(broken.keywords.front()))};
+}

@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "core/fault.h"
 #include "plan/plan.h"
 #include "typology/typology_record.h"
 
@@ -24,3 +25,6 @@ std::string_view nameOf(PlanKeyword keyword);
 
 /// The plan numbers of a typology.
 PlanData planDataOf(const TypologyRecord& typology);
+
+/// A limit that they break as the fault of a run, at the keyword to blame.
+Fault faultIn(const TypologyRecord& typology, const PlanFault& broken);

@@ -18,8 +18,7 @@ int plano(const WorkArguments& arguments) {
   const TypologyRecord typology(readText(path));
   const PlanResult result = planTipologia(planDataOf(typology));
   if (const auto* failure = std::get_if<PlanFailure>(&result)) {
-    const PlanFault& fault = failure->first();
-    ReportFailure(ErrorLog, {fault.message, typology.placeOf(nameOf(fault.keywords.front()))});
+    ReportFailure(ErrorLog, faultIn(typology, failure->first()));
   }
   report::Report report;
   report.program = std::string("tip2bdl ") + kVersion;
