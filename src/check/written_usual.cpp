@@ -222,7 +222,7 @@ class Use {
   /// Of a plan that can be built: else its errors say more.
   void usualPlan() {
     openingsOfFloor(*plan_);
-    const bool house = family_.dwellings == 1;
+    const bool house = family_.isHouse();
     usual("LONGITUD-FACHADA", "La longitud de fachada", r_.longitudFachada,
           house ? kHouseFacade : kBlockFacade, " m");
     depth();

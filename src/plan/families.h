@@ -26,6 +26,7 @@ struct FamilyRow {
   PlanData ordinary;
   std::optional<OrdinaryLengths> ordinaryDepth;  // of the block; nothing where none is ordinary
 
+  constexpr bool isHouse() const { return dwellings == 1; }
   constexpr bool looksAt(float PlanData::*measure) const { return ordinary.*measure > 0; }
 };
 

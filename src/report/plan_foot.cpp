@@ -145,7 +145,7 @@ double addPlanFoot(Drawing& drawing, const PlanFoot& foot, double left, double r
 
 std::string planContent(int tipo) {
   const TipoRow& row = tipoRow(tipo);
-  if (familyRow(row.family).dwellings != 1) return "Planta tipo";
+  if (!familyRow(row.family).isHouse()) return "Planta tipo";
   return row.planStoreys == 1 ? "Planta baja" : "Plantas baja y 1";
 }
 

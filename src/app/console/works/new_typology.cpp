@@ -119,7 +119,7 @@ R ordinaryRecord(const PlanData& data) {
     record.*number.inTypology = data.*number.inPlan;
   }
   const Plan plan = std::get<Plan>(planTipologia(data));
-  const bool house = familyRow(row.family).dwellings == 1;
+  const bool house = familyRow(row.family).isHouse();
   for (std::size_t i = 0; i < record.porcentajeFachada.size(); ++i) {
     record.porcentajeFachada.at(i) = (house ? kHouseShares : kStreetShares).at(i);
     record.porcentajePatio.at(i) = plan.numHuecosPatio.at(i) > 0 ? kCourtyardShares.at(i) : 0;
