@@ -9,6 +9,7 @@
 #include "app/completion_marker.h"
 #include "app/console/arguments.h"
 #include "app/console/console_application.h"
+#include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "app/run_generation.h"
 #include "app/run_safely.h"
@@ -17,24 +18,12 @@
 #include "app/version.h"
 #include "check/suggestion.h"
 #include "core/concat.h"
-#include "core/cp1252.h"
-#include "core/report_error.h"
 
 namespace {
 
-constexpr int kExitWrongArguments = 2;
-
-void print(std::FILE* stream, std::string_view utf8) {
-  const std::string text = forTerminal(utf8);
-  std::fwrite(text.data(), 1, text.size(), stream);
-}
-
-/// What was asked for and could not be said is an error.
 int say(std::string_view utf8) {
-  print(stdout, utf8);
-  const bool said = std::fflush(stdout) == 0 && std::ferror(stdout) == 0;
-  ReportError(ErrorLog, said, "Error al escribir en la salida estándar"_cp1252);
-  return 0;
+  writeText({}, utf8);
+  return kExitDone;
 }
 
 /// What a command line that makes no sense as a run may have meant by its first word.
@@ -57,8 +46,9 @@ class Answer {
   }
 
   int operator()(const WrongArguments& wrong) const {
-    print(stderr, concat("tip2bdl-cli: ", wrong.problem, "\n", kUsage));
-    return kExitWrongArguments;
+    const std::string text = forTerminal(concat("tip2bdl-cli: ", wrong.problem, "\n", kUsage));
+    std::fwrite(text.data(), 1, text.size(), stderr);
+    return kExitWrongCommandLine;
   }
 
   int operator()(const RunRequest& run) const {

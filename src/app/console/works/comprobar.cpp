@@ -91,7 +91,7 @@ int exitStatus(const Findings& findings, bool strict) {
     if (severityOf(finding) == Severity::kError) return kExitError;
     warnings = warnings || severityOf(finding) == Severity::kWarning;
   }
-  return strict && warnings ? 1 : 0;
+  return strict && warnings ? kExitFaultsFound : kExitDone;
 }
 
 }  // namespace

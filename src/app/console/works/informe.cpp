@@ -9,7 +9,6 @@
 #include "check/formats.h"
 #include "core/concat.h"
 #include "core/output_lines.h"
-#include "core/platform.h"
 #include "core/report_error.h"
 #include "core/run_ended.h"
 #include "generator/generation_sequence.h"
@@ -19,13 +18,6 @@
 #include "report/fingerprint.h"
 
 namespace {
-
-/// Of a run that nobody watches.
-class NoProgress : public TProgressBar {
- public:
-  int GetPosition() const override { return 0; }
-  void SetPosition(int) override {}
-};
 
 report::InputFile inputFile(const char* role, const std::string& path) {
   report::InputFile input{role, report::baseName(path), {}, 0};
@@ -69,8 +61,7 @@ report::Report reportOf(const std::string& templateFile, const std::string& typo
     typology = std::make_unique<TypologyRecord>(readText(paths.typology));
     addTypology(report, *typology);
     OutputLines output;
-    NoProgress bar;
-    generate(plantilla, *typology, output, bar);
+    generate(plantilla, *typology, output);
     addBuilding(report, *typology, plantilla, output.text());
   });
   if (!typology) {

@@ -23,7 +23,6 @@ namespace {
 using stock::Shard;
 using stock::StockOptions;
 
-constexpr int kExitFaults = 1;
 constexpr int kExitSignal = 128;  // and its number
 
 /// A whole number from 1; wrong arguments otherwise.
@@ -145,7 +144,7 @@ int work(const WorkArguments& arguments, const std::string& folder) {
   if (end.fault) ReportFailure(ErrorLog, *end.fault);
   if (end.interrupted) return kExitSignal + Interrupts::signal();
   const bool good = end.complete() && end.counts.refused == 0 && end.counts.failed == 0;
-  return good ? 0 : kExitFaults;
+  return good ? kExitDone : kExitFaultsFound;
 }
 
 }  // namespace

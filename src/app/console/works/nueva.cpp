@@ -10,7 +10,6 @@
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "app/standard_streams.h"
-#include "app/terminal_text.h"
 #include "core/concat.h"
 #include "core/paths.h"
 #include "core/text_mode.h"
@@ -45,8 +44,10 @@ int nueva(const WorkArguments& arguments) {
   const std::string path = arguments.value(kSalida.name);
   keepOffAFile(path);
   // To be looked at, or to be kept: a file has the encoding that the run reads.
-  const bool toBeLookedAt = path.empty() && standardOutputIsTerminal();
-  writeResult(
-      path, asWrittenInTextMode(toBeLookedAt ? forTerminal(text) : stock::toCp1252(text).value()));
+  if (path.empty() && standardOutputIsTerminal()) {
+    writeText(path, text);
+  } else {
+    writeResult(path, asWrittenInTextMode(stock::toCp1252(text).value()));
+  }
   return kExitDone;
 }

@@ -91,7 +91,7 @@ constexpr std::array kLoteOptions = {
     &kReintentar, &kMaxErrores,      &kGuardarTip, &kResumen,   &kUnir,
     &kEsquema,    &kQuiet,           &kHelpOption};
 
-constexpr std::size_t kAnyNumber = std::numeric_limits<std::size_t>::max();
+constexpr std::size_t kAnyNumberOfFiles = std::numeric_limits<std::size_t>::max();
 constexpr std::array kComprobarOptions = {&kFormatoDeFaltas, &kEstricto, &kSalidaPrevista,
                                           &kMarca,           &kSalida,   &kHelpOption};
 constexpr std::array kNuevaOptions = {&kSalida, &kHelpOption};
@@ -122,7 +122,7 @@ constexpr Work kWorks[] = {
      "\n"
      "Código de salida: 0 sin errores, 1 con avisos y --estricto, 3 con errores, 2 si la línea de\n"
      "órdenes es incorrecta.",
-     kComprobarOptions, 1, kAnyNumber, comprobar},
+     kComprobarOptions, 1, kAnyNumberOfFiles, comprobar},
     {"plano", "dibuja la planta de un edificio (SVG)", "casa.tip --salida plano.svg",
      "TIPOLOGIA.tip",
      "Dibuja la planta de la tipología: viviendas, escalera, patios, paños, cotas, superficies y\n"
