@@ -103,11 +103,11 @@ std::shared_ptr<const BuildingForm> BuildingForms::generate(const TypologyRecord
   if (output.count() >= OutputLines::kCapacity) return nullptr;
   auto form = std::make_shared<const BuildingForm>(output, pieces);
   if (!form->write(typology, *plan, written)) return nullptr;
-  if (forms_.size() >= kMost || pieces_ + form->pieces().size() > kMostPieces) {
+  if (forms_.size() >= kMost || parts_ + form->parts().size() > kMostParts) {
     forms_.clear();
-    pieces_ = 0;
+    parts_ = 0;
   }
-  pieces_ += form->pieces().size();
+  parts_ += form->parts().size();
   forms_.insert_or_assign(std::move(key), form);
   return form;
 }

@@ -72,10 +72,10 @@ class BuildingForm {
 /// put together of. One thread.
 class BuildingForms {
  public:
-  /// Forms that are kept, and pieces that they have, of which each takes some hundred bytes; above
-  /// it all are forgotten.
+  /// Forms that are kept, and parts that they have, of which each takes some ten bytes; above it
+  /// all are forgotten.
   static constexpr std::size_t kMost = 32;
-  static constexpr std::size_t kMostPieces = 20000;
+  static constexpr std::size_t kMostParts = 500'000;
 
   /// `plantilla` must outlive this object, all forms and the outputs.
   explicit BuildingForms(const Template& plantilla) : template_(plantilla) {}
@@ -97,5 +97,5 @@ class BuildingForms {
   const Template& template_;
   PlanResult plan_;
   std::map<Key, std::shared_ptr<const BuildingForm>> forms_;
-  std::size_t pieces_ = 0;  // of all of them
+  std::size_t parts_ = 0;  // of all of them
 };

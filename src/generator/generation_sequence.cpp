@@ -26,12 +26,12 @@ void writeCourtyardShades(GeneratorContext& context) {
   const TipoRow& row = tipoRow(context.typology().tipo);
   if (row.shades == CourtyardShades::kNotLookedFor) return;
 
-  context.copyUntilCommand("BUILDING-SHADE");
+  context.copyUntilCommand(kShadeType);
   if (contains(context.currentLine(), kFirstShadeName) && row.firstShade()) {
     context.writeCurrentLine();
     context.write({.kind = OwnPiece::Kind::kFirstShade});
   }
-  context.copyUntilCommand("BUILDING-SHADE");
+  context.copyUntilCommand(kShadeType);
   if (contains(context.currentLine(), kSecondShadeName) && row.secondShade()) {
     context.writeCurrentLine();
     context.write({.kind = OwnPiece::Kind::kSecondShade});
@@ -39,7 +39,7 @@ void writeCourtyardShades(GeneratorContext& context) {
 }
 
 void writeBuildingParameters(GeneratorContext& context) {
-  context.copyUntilCommand("BUILD-PARAMETERS");
+  context.copyUntilCommand(kParametersType);
   context.writeCurrentLine();
   context.write({.kind = OwnPiece::Kind::kBuildingParameters});
 }

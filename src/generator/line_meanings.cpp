@@ -2,10 +2,26 @@
 
 #include <algorithm>
 #include <charconv>
-#include <iterator>
+#include <span>
 #include <system_error>
 
 namespace {
+
+constexpr std::string_view kFloorKeywords[] = {"FLOOR-HEIGHT", "SPACE-HEIGHT", "MULTIPLIER", ".."};
+static_assert(kFloorKeywords[kFloorHeight] == "FLOOR-HEIGHT" &&
+              kFloorKeywords[kFloorSpaceHeight] == "SPACE-HEIGHT" &&
+              kFloorKeywords[kFloorMultiplier] == "MULTIPLIER" &&
+              kFloorKeywords[kFloorEnd] == "..");
+
+constexpr std::string_view kSpaceKeywords[] = {"HEIGHT", "MULTIPLIER", "AIR-CHANGES/HR", ".."};
+static_assert(kSpaceKeywords[kSpaceHeight] == "HEIGHT" &&
+              kSpaceKeywords[kSpaceMultiplier] == "MULTIPLIER" &&
+              kSpaceKeywords[kSpaceAirChanges] == "AIR-CHANGES/HR" &&
+              kSpaceKeywords[kSpaceEnd] == "..");
+
+constexpr std::string_view kConstructionKeywords[] = {"CONSTRUCTION", ".."};
+static_assert(kConstructionKeywords[kConstruction] == "CONSTRUCTION" &&
+              kConstructionKeywords[kConstructionEnd] == "..");
 
 constexpr std::string_view kWindowKeywords[] = {"GLASS-TYPE",
                                                 "INF-COEF",
@@ -40,6 +56,10 @@ constexpr std::string_view kWindowKeywords[] = {"GLASS-TYPE",
                                                 "Y"};
 static_assert(kWindowKeywords[kWindowEnd] == "..");
 
+NameList listOf(std::span<const std::string_view> names) {
+  return NameList({names.begin(), names.end()});
+}
+
 /// The n of "Vn", written as numbers are; 0 for any other text.
 int vertexNumber(std::string_view name) {
   if (name.size() < 2 || name[0] != 'V' || name[1] == '0') return 0;
@@ -53,9 +73,8 @@ int vertexNumber(std::string_view name) {
 
 const std::array<NameList, kEmitterNameLists>& emitterNames() {
   static const std::array<NameList, kEmitterNameLists> lists = {
-      NameList({"FLOOR-HEIGHT", "SPACE-HEIGHT", "MULTIPLIER", ".."}),
-      NameList({"HEIGHT", "MULTIPLIER", "AIR-CHANGES/HR", ".."}), NameList({"CONSTRUCTION", ".."}),
-      NameList({std::begin(kWindowKeywords), std::end(kWindowKeywords)}), NameList({".."})};
+      listOf(kFloorKeywords), listOf(kSpaceKeywords), listOf(kConstructionKeywords),
+      listOf(kWindowKeywords), NameList({".."})};
   return lists;
 }
 

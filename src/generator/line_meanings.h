@@ -29,8 +29,10 @@ inline constexpr int kWindowEnd = 26;
 const std::array<NameList, kEmitterNameLists>& emitterNames();
 
 /// The types of command that the generation goes to one after the other.
-inline constexpr std::array<std::string_view, 3> kSoughtTypes = {"BUILDING-SHADE", "POLYGON",
-                                                                 "BUILD-PARAMETERS"};
+inline constexpr std::string_view kShadeType = "BUILDING-SHADE";
+inline constexpr std::string_view kPolygonType = "POLYGON";
+inline constexpr std::string_view kParametersType = "BUILD-PARAMETERS";
+inline constexpr std::array kSoughtTypes = {kShadeType, kPolygonType, kParametersType};
 
 /// The number of the vertex that a line names as its key or its value, the lower one if both are
 /// vertices; 0 when neither is. A vertex is a V and a number: V1, V2, ...
