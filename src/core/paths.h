@@ -27,5 +27,5 @@ std::string nameOf(const std::filesystem::path& path);
 /// Whether two paths name one file, there already or not yet.
 bool sameFile(const std::string& first, const std::string& second);
 
-/// Whether `path` names something that can be read as a file; a folder is no file.
+/// Whether something other than a folder is there; whether it can be read is not asked.
 bool fileExists(const std::string& path);

@@ -22,6 +22,7 @@ void generate(const Template& plantilla, const TypologyRecord& typology, OutputL
 void generate(const Template& plantilla, const TypologyRecord& typology, OutputLines& output,
               std::vector<BegunPiece>* pieces = nullptr);
 
-/// All faults that stand in the way of the same building, for a check: the first is the one that
-/// `generate` ends with. None when it comes to its end.
+/// The faults that stand in the way of the same building, for a check: the first is the one that
+/// `generate` ends with, and all there is to say of a plan that cannot be. None when it comes to
+/// its end.
 std::vector<Fault> faultsOfGenerating(const Template& plantilla, const TypologyRecord& typology);

@@ -20,9 +20,9 @@ struct BegunPiece {
 };
 
 /// The generator's state: a stream editor over the template. It reads the template strictly
-/// forward, one line at a time, copies every line to the output and, at the lines that matter,
-/// writes computed ones instead. An operation that stops on a line leaves it in the current line,
-/// unwritten, for its caller to replace or write.
+/// forward, copies every line to the output and, at the lines that matter, writes computed ones
+/// instead; lines between those are copied on end (see template_walk.h). An operation that stops on
+/// a line leaves it in the current line, unwritten, for its caller to replace or write.
 ///
 /// One run, one context. What it is made of must outlive it, and the template the output too.
 class GeneratorContext {
@@ -37,7 +37,7 @@ class GeneratorContext {
   const Template& plantilla() const { return template_; }
   const TypologyRecord& typology() const { return typology_; }
 
-  /// The template line last read; a view into the template.
+  /// The template line last read; a view into `plantilla().copiedText()`.
   std::string_view currentLine() const { return walk_.line(); }
   /// See line_meanings.h.
   bool isSurfaceCommand() const { return walk_.isSurfaceCommand(); }

@@ -42,8 +42,8 @@ struct OwnPiece {
   friend bool operator==(const OwnPiece&, const OwnPiece&) = default;
 };
 
-/// Storeys that a repeated middle floor stands for: all but two. None are repeated of any number
-/// below three, which a check may go on with, however far below 0.
+/// Storeys that a repeated middle floor stands for: all but two. 0 or less where none are repeated,
+/// of any number that a check may go on with, however far below 0.
 inline int repeatedStoreys(const TypologyRecord& typology) {
   return std::max(typology.numeroPlantas, 0) - 2;
 }

@@ -5,8 +5,8 @@
 #include "core/report_error.h"
 #include "core/source_text.h"
 
-/// The input files of a run, in the order in which they are looked for and read. A run, a check and
-/// a list of dwellings go through the same steps, so that they end with the same message.
+/// The input files of a run. A run, a check and a list of dwellings look for them and read them in
+/// the same order, so that they end with the same message.
 
 struct InputPaths {
   std::string building;  // template, *.bdl

@@ -47,7 +47,7 @@ class Template {
   int spaceEntry() const { return static_cast<int>(table_.surfaces.size()); }
   int floorEntry() const { return spaceEntry() + 1; }
 
-  /// Null for a template that is used once.
+  /// Null for a template that is used once, or that is too large for them.
   const TemplateStops* stops() const { return stops_ ? &*stops_ : nullptr; }
   /// The text that copied lines of an output are views of.
   std::string_view copiedText() const { return stops_ ? stops_->text() : building_.bytes(); }

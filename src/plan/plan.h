@@ -71,7 +71,7 @@ struct PlanFault {
 };
 
 /// All limits that are broken, in the order of the checks: at least one. A run ends with the first.
-/// Those that only follow from a keyword which an earlier one looks at are left out.
+/// Those that look at a keyword which an earlier one blames are left out.
 struct PlanFailure {
   std::vector<PlanFault> faults;
   const PlanFault& first() const { return faults.front(); }

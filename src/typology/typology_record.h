@@ -11,7 +11,8 @@
 
 /// The dwelling block that a typology file (*.tip) describes: the checked values of its VIVIENDA
 /// command (see vivienda_keywords.h), and the texts that are written into the generated building as
-/// they are. A record that exists has passed every check; the first one that fails ends the run.
+/// they are. A record that is made for a run has passed every check: the first one that fails ends
+/// the run. One that is made with a list of faults holds what could be read.
 ///
 /// Names of constructions and glass keep the double quotes of the file, since they are written back
 /// with them. Lengths in m, areas in m2, angles in degrees.
