@@ -129,12 +129,11 @@ class Checker::Run {
   }
 
   void checkAlone() {
-    runFault_ = faultOf([&] { requirePathWithin(typologyFile_, kPathCapacity); });
+    runFault_ = faultOf([&] {
+      requirePathWithin(typologyFile_, kPathCapacity);
+      requireTypology(typologyFile_);
+    });
     if (runFault_) return;
-    if (!fileExists(typologyFile_)) {
-      keep({{"No existe el fichero de datos *.tip", wholeFile(typologyFile_)}});
-      return;
-    }
     readTypology();
     keep(limits());
   }

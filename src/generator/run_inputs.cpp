@@ -26,6 +26,10 @@ std::string composedPath(const std::string& folder, const std::string& name) {
 
 SourceText readText(const std::string& path) { return fichero(path, "lectura").takeText(); }
 
+void requireTypology(const std::string& typologyFile, const FaultSink& faults) {
+  requireFile(typologyFile, "No existe el fichero de datos *.tip", faults);
+}
+
 InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile,
                          const FaultSink& faults) {
   InputPaths paths{templateFile, templateFile, typologyFile, {}};
@@ -33,7 +37,7 @@ InputPaths requireInputs(const std::string& templateFile, const std::string& typ
   requirePathWithin(paths.table, kPathCapacity);
   requireFile(paths.building, "No existe el fichero de datos *.bdl", faults);
   requireFile(paths.table, "No existe el fichero de datos *.tbl", faults);
-  requireFile(paths.typology, "No existe el fichero de datos *.tip", faults);
+  requireTypology(typologyFile, faults);
   paths.defaults = composedPath(folderOf(templateFile), "defectos.inp");
   requireFile(paths.defaults, "No existe el fichero de librería defectos.inp"_cp1252, faults);
   return paths;

@@ -25,6 +25,9 @@ SourceText readText(const std::string& path);
 InputPaths requireInputs(const std::string& templateFile, const std::string& typologyFile,
                          const FaultSink& faults = endRunWith);
 
+/// The same for one who has a typology alone.
+void requireTypology(const std::string& typologyFile, const FaultSink& faults = endRunWith);
+
 struct TemplateTexts {
   SourceText building;
   SourceText table;

@@ -226,8 +226,7 @@ void Dwellings::readTypology(const ListRow& row, PreparedDwelling& prepared) {
     const std::string path = pathInList(options_.listFolder, own);
     const std::optional<Fault> missing = faultOf([&] {
       requirePathWithin(path, kPathCapacity);
-      if (fileExists(path)) return;
-      ReportFailure(ErrorLog, {"No existe el fichero de datos *.tip", wholeFile(path)});
+      requireTypology(path);
     });
     if (missing) throw refusalOf(*missing, row.placeOf(columns.tipologia));
     // Each is read for one row, so that none is kept.

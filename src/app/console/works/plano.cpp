@@ -3,7 +3,6 @@
 #include "app/console/works/result_file.h"
 #include "app/console/works/work.h"
 #include "app/version.h"
-#include "core/paths.h"
 #include "core/report_error.h"
 #include "generator/run_inputs.h"
 #include "plan/plan_numbers.h"
@@ -12,9 +11,7 @@
 
 int plano(const WorkArguments& arguments) {
   const std::string& path = arguments.operands.front();
-  if (!fileExists(path)) {
-    ReportFailure(ErrorLog, {"No existe el fichero de datos *.tip", wholeFile(path)});
-  }
+  requireTypology(path);
   const TypologyRecord typology(readText(path));
   const PlanResult result = planTipologia(planDataOf(typology));
   if (const auto* failure = std::get_if<PlanFailure>(&result)) {
