@@ -4,6 +4,7 @@
 
 #include "core/cp1252.h"
 #include "core/paths.h"
+#include "plan/plan_numbers.h"
 #include "report/building_views.h"
 #include "report/fingerprint.h"
 #include "report/words.h"
@@ -160,13 +161,7 @@ void addTypology(Report& report, const TypologyRecord& typology) {
              typology.textoPosicionSolar);
 
   PlanSheet sheet;
-  sheet.data = {typology.tipo,
-                typology.areaPlanta,
-                typology.areaPatio,
-                typology.areaEscalera,
-                typology.longitudFachada,
-                typology.profundidadPatio,
-                typology.profundidadEscalera};
+  sheet.data = planDataOf(typology);
   const PlanResult result = planTipologia(sheet.data);
   if (!std::holds_alternative<Plan>(result)) return;
   sheet.plan = std::get<Plan>(result);
