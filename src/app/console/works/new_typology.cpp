@@ -140,7 +140,8 @@ class AsWritten {
     return list + " )";
   }
   std::string operator()(std::string R::*) const {
-    return concat("\"", std::ranges::find(kNames, keyword_, &Name::keyword)->value, "\"");
+    const auto* const name = std::ranges::find(kNames, keyword_, &Name::keyword);
+    return concat("\"", name == std::end(kNames) ? "" : name->value, "\"");
   }
   std::string operator()(const IgnoredText& text) const { return record_.*text.kept; }
 
