@@ -13,8 +13,7 @@ struct OrdinaryLengths {
   float to = 0;
 };
 
-/// All that a family of plans is, one row a family. A new family is a row and the function that it
-/// names.
+/// All that a family of plans is, one row a family. What else a new one needs: CONTRIBUTING.md.
 struct FamilyRow {
   PlanFamily family;
   std::string_view name;                // for people

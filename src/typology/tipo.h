@@ -3,9 +3,8 @@
 #include <limits>
 #include <string_view>
 
-/// All that a typology number (TIPO) means, one row a number. A new number is a row; a new plan
-/// family is besides a value of PlanFamily, a row of plan/families.cpp with its function, and a
-/// sample building.
+/// All that a typology number (TIPO) means, one row a number. What else a new number or a new plan
+/// family needs: CONTRIBUTING.md.
 
 /// The families of plans, named by what the block's plan is cut into.
 enum class PlanFamily {
